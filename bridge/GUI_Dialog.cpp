@@ -1,0 +1,59 @@
+#include "bridge/GUI_Dialog.h"
+
+#include "bridge/OperationLog.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+
+GUI_Dialog::GUI_Dialog(QWidget *parent, Qt::WindowFlags flags, bool ignoreEscape)
+    : QDialog(parent, flags), m_ignoreEscape(ignoreEscape)
+{
+    connect(this, &GUI_Dialog::signalEnableCloseButton, this, &GUI_Dialog::slotEnableCloseButton);
+    connect(this, &GUI_Dialog::signalDisableCloseButton, this, &GUI_Dialog::slotDisableCloseButton);
+    installEventFilter(this);
+}
+
+void GUI_Dialog::userOperationLogWebView(const QString &url, const QString &operation,
+                                         const QString &control, const QString &id,
+                                         const QString &className, const QVariant &value)
+{
+    OperationLog::userOperation(url, operation, control, id, className, value);
+}
+
+void GUI_Dialog::userOperationErrorLog(const QString &message)
+{
+    OperationLog::userOperationError(message);
+}
+
+void GUI_Dialog::slotEnableCloseButton()
+{
+    if (windowFlags() & Qt::WindowCloseButtonHint)
+        return;
+    setWindowFlags(windowFlags() | Qt::WindowCloseButtonHint);
+    show(); // changing flags hides a window
+}
+
+void GUI_Dialog::slotDisableCloseButton()
+{
+    if (!(windowFlags() & Qt::WindowCloseButtonHint))
+        return;
+    setWindowFlags(windowFlags() & ~Qt::WindowCloseButtonHint);
+    show();
+}
+
+bool GUI_Dialog::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == this && event->type() == QEvent::Close) {
+        OperationLog::userOperation(QLatin1String(metaObject()->className()),
+                                    QLatin1String("clicked"), QLatin1String("Button"),
+                                    QLatin1String("close"), QString(), QVariant());
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void GUI_Dialog::keyPressEvent(QKeyEvent *event)
+{
+    if (m_ignoreEscape && event->key() == Qt::Key_Escape)
+        return;
+    QDialog::keyPressEvent(event);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "bridge/GUI_WebViewDialog.h"
+
+/// A tool's dialog beside the main window. It is hidden rather than destroyed when it is closed, so
+/// that its page keeps its state.
+class GUI_ModelessPatternDialog : public GUI_WebViewDialog
+{
+    Q_OBJECT
+
+public:
+    using GUI_WebViewDialog::GUI_WebViewDialog;
+
+    /// Whether the dialog may be closed just now; while it may not, it stays on the screen.
+    virtual bool mayFinish();
+
+    /// The application's mode changed: 0 live, 1 memory, 2 file.
+    virtual void modeChanged(int mode);
+
+    void done(int result) override;
+
+signals:
+    void shown();
+    void closed();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+};

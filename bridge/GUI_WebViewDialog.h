@@ -1,0 +1,47 @@
+#pragma once
+
+#include "bridge/GUI_Dialog.h"
+
+#include <QList>
+
+#include <memory>
+#include <vector>
+
+class GUI_WebView;
+class HostServices;
+class JS_Mediator;
+class JS_Mediator_Dialog;
+class QVBoxLayout;
+
+/// A dialog that consists of one page and its mediator, which it owns.
+class GUI_WebViewDialog : public GUI_Dialog
+{
+    Q_OBJECT
+
+public:
+    /// `title` is an English source text, translated by the host. `mediator` passes into the
+    /// dialog's ownership and may be null.
+    GUI_WebViewDialog(HostServices *host, const QString &title, const QString &url,
+                      JS_Mediator_Dialog *mediator, QWidget *parent);
+    ~GUI_WebViewDialog() override;
+
+    /// Shows a further mediator to the page; it passes into the dialog's ownership.
+    void addMediator(JS_Mediator *mediator);
+
+    JS_Mediator_Dialog *mediator() const { return m_mediator.get(); }
+    GUI_WebView *webView() const { return m_webView; }
+
+protected:
+    HostServices *host() const { return m_host; }
+
+private slots:
+    void slotRejected();
+
+private:
+    HostServices *m_host;
+    std::unique_ptr<JS_Mediator_Dialog> m_mediator;
+    std::vector<std::unique_ptr<JS_Mediator>> m_extraMediators;
+    QVBoxLayout *m_layout;
+    GUI_WebView *m_webView;
+    bool m_notifiedHost = false;
+};

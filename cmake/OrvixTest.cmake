@@ -1,0 +1,29 @@
+# orvix_test(<name> SOURCES <file>... [LINK <target>...] [PLAIN])
+#
+# A Qt Test executable, run offscreen. It links the stand-in host, and with it the whole toolkit;
+# PLAIN links nothing of this repository but the headers of the contract.
+function(orvix_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 TEST "PLAIN" "" "SOURCES;LINK")
+    add_executable(${name} ${TEST_SOURCES})
+    if(TEST_PLAIN)
+        target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
+        target_link_libraries(${name} PRIVATE Qt5::Test Qt5::Widgets ${TEST_LINK})
+    else()
+        target_link_libraries(${name} PRIVATE orvix_test_support ${TEST_LINK})
+    endif()
+    add_test(NAME ${name} COMMAND ${name})
+    orvix_test_properties(${name})
+endfunction()
+
+# Environment and limits that every test shares. Further properties may follow the name.
+function(orvix_test_properties name)
+    set(environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC)
+    if(ORVIX_SANITIZE)
+        set(suppressions "${PROJECT_SOURCE_DIR}/cmake/leaks.supp")
+        list(APPEND environment
+             "ASAN_OPTIONS=detect_leaks=1:new_delete_type_mismatch=1"
+             "LSAN_OPTIONS=suppressions=${suppressions}:print_suppressions=0"
+             "UBSAN_OPTIONS=print_stacktrace=1")
+    endif()
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300 ${ARGN})
+endfunction()

@@ -1,0 +1,20 @@
+#include "foundation/APP_ConcurrentException.h"
+
+APP_ConcurrentException::APP_ConcurrentException(const APP_Exception &inner) : m_inner(inner) {}
+
+APP_ConcurrentException::~APP_ConcurrentException() = default;
+
+const char *APP_ConcurrentException::what() const noexcept
+{
+    return m_inner.what();
+}
+
+void APP_ConcurrentException::raise() const
+{
+    throw *this;
+}
+
+APP_ConcurrentException *APP_ConcurrentException::clone() const
+{
+    return new APP_ConcurrentException(*this);
+}

@@ -1,0 +1,15 @@
+#include "foundation/LogLines.h"
+
+namespace LogLines {
+
+QDebug info()
+{
+    return QMessageLogger(nullptr, 0, nullptr).info();
+}
+
+QDebug critical()
+{
+    return QMessageLogger(nullptr, 0, nullptr).critical();
+}
+
+}

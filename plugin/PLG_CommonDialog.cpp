@@ -1,0 +1,103 @@
+#include "plugin/PLG_Common.h"
+
+#include "bridge/DeterUpdateScope.h"
+#include "bridge/GUI_ModelessPatternDialog.h"
+#include "bridge/JS_Mediator_Dialog.h"
+#include "plugin/contract/HostGuard.h"
+#include "plugin/contract/ViewPauseGuard.h"
+
+#include <QFile>
+#include <QtDebug>
+
+// The tool's page and its modeless dialog.
+
+QString PLG_Common::pageHtml()
+{
+    const QString path = QLatin1String(":/") + name() + QLatin1String(".html");
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        qWarning() << "Not Found" << path;
+        return QString();
+    }
+    return QString::fromUtf8(file.readAll());
+}
+
+GUI_ModelessPatternDialog *PLG_Common::ensureDialog(bool create)
+{
+    if (!m_modelessDialog && create) {
+        m_modelessDialog = createModelessPatternDialog(create);
+        if (!m_modelessDialog)
+            return nullptr;
+        connect(m_modelessDialog, &GUI_ModelessPatternDialog::shown, this,
+                &PLG_Common::slotModelessPatternDialogShown, Qt::DirectConnection);
+        connect(m_modelessDialog, &GUI_ModelessPatternDialog::closed, this,
+                &PLG_Common::slotModelessPatternDialogClosed, Qt::DirectConnection);
+    }
+    return m_modelessDialog;
+}
+
+void PLG_Common::showDialog()
+{
+    if (!m_modelessDialog || (!m_modelessDialog->isHidden() && !m_modelessDialog->isMinimized()))
+        return;
+    if (m_modelessDialog->isMinimized())
+        m_modelessDialog->setWindowState(Qt::WindowNoState);
+    if (JS_Mediator_Dialog *mediator = m_modelessDialog->mediator())
+        emit mediator->open();
+    m_modelessDialog->show();
+    if (m_suspendsView) {
+        ViewPauseGuard pause(m_host, false, true);
+        m_host->suspendView(false);
+    }
+    if (m_quickToolMode == 1) {
+        m_host->setQuickTool(QString());
+        m_host->setToolState(name(), true);
+    }
+}
+
+void PLG_Common::hideDialog()
+{
+    if (isDialogVisible())
+        m_modelessDialog->hide();
+}
+
+void PLG_Common::closeDialog()
+{
+    if (m_modelessDialog && !m_modelessDialog->isHidden())
+        m_modelessDialog->close();
+}
+
+void PLG_Common::onModeChanged(int mode)
+{
+    if (!isDialogVisible())
+        return;
+    m_modelessDialog->modeChanged(mode);
+    if (!isModeAllowed(mode) && m_closeOnForbiddenMode)
+        closeDialog();
+}
+
+bool PLG_Common::isDialogVisible()
+{
+    return m_modelessDialog && m_modelessDialog->isVisible();
+}
+
+void PLG_Common::slotModelessPatternDialogShown() {}
+
+void PLG_Common::slotModelessPatternDialogClosed()
+{
+    // The page may have closed the dialog from script, where no failure may arrive.
+    guarded(m_host, [&] {
+        if (m_modelessDialog && !m_modelessDialog->mayFinish())
+            return;
+        releaseView();
+        DeterUpdateScope deter(m_host);
+        if (m_modelessDialog)
+            m_modelessDialog->hide();
+        m_host->closePluginByName(name());
+    });
+}
+
+GUI_ModelessPatternDialog *PLG_Common::createModelessPatternDialog(bool)
+{
+    return nullptr;
+}

@@ -1,0 +1,34 @@
+#include "plugin/PLG_multilock.h"
+
+#include "plugin/contract/HostServices.h"
+
+namespace {
+constexpr int ToggleButton = 1;
+}
+
+PLG_multilock::PLG_multilock()
+{
+    m_toolName = QLatin1String("t_multilock");
+    m_buttonKind = ToggleButton;
+}
+
+PLG_multilock::~PLG_multilock() = default;
+
+void PLG_multilock::setHost(HostServices *host)
+{
+    PLG_Common::setHost(host);
+}
+
+void PLG_multilock::closeTool() {}
+
+void PLG_multilock::activate()
+{
+    PLG_Common::activate();
+    m_host->setTrelvikLock(true);
+}
+
+void PLG_multilock::deactivate()
+{
+    PLG_Common::deactivate();
+    m_host->setTrelvikLock(false);
+}
