@@ -1,0 +1,158 @@
+#pragma once
+
+#include "plugin/contract/HostTypes.h"
+
+#include <QDateTime>
+#include <QHash>
+#include <QPixmap>
+#include <QSet>
+#include <QSize>
+#include <QVariant>
+
+class DOC_Interface;
+
+/// A partition of a camera's memory, or the one of a file.
+struct StandInPartition
+{
+    int number = 1;
+    QString name;
+    uint frames = 0;     ///< 0: empty
+    uint recordRate = 0; ///< frames per second, 0 when not known
+};
+
+/// A recording on a medium in a slot.
+struct StandInData
+{
+    QString name;
+    uint frames = 0;
+    DataTime time;
+};
+
+/// A media slot of a camera.
+struct StandInSlot
+{
+    bool usable = true;
+    bool enabled = true;
+    SlotStatus status{1, 1, 1, 0};
+    SdCardInfo card;
+    quint64 freeMebibytes = 0;
+    int maxDataCount = 0;
+    QList<StandInData> data;
+    int refreshes = 0; ///< how often refreshSlot() was called
+};
+
+// What a document answers from, one group for each sub-interface. All of it can be set freely; what
+// follows from a camera's or recording's real state (size, record rate, selection) is not here.
+
+struct DocMainState
+{
+    bool usesScaleDivider = false;
+    QList<StandInPartition> partitions;
+    int currentPartition = 1; ///< position, from 1
+    QString originalFilePath;
+    QString originalFileName; ///< without extension
+    QString deviceName;
+    QString documentName;
+    QString displayName;
+    QString fallbackName;
+    QString dataName; ///< given by setDataName()
+    bool isCameraRecord = false;
+    QString nameAddition; ///< answer of fileNameAddition(); "%1" stands for the sequence number
+    int documentKind = 0; ///< 2: opened file
+    bool isOnSdCard = false;
+    bool isOnKelvault = false;
+    bool isOnCFast = false;
+    bool isBusySaving = false;
+    bool saveInfoOption = false;
+    bool saveCorrectOption = false;
+    bool saveScaleOption = false;
+    QVariantMap infoMap; ///< answer of documentInfoMap()
+    bool supportsMultiSkip = false;
+    bool supportsFileMultiSkip = false;
+    bool isRecordedOnce = false;
+    bool isOpenedByImport = false;
+    bool canRenameData = false;
+    bool canCheckSaved = false;
+    bool canDeleteFile = false;
+    bool isFileDeleted = false; ///< deleteOwnFile() was called
+    QVariantList customInfo;    ///< a QVariantMap for each record
+    QString comment;
+    bool isPlaying = false;
+    uint fileRecordRate = 0; ///< frames per second, 0 when not known
+    bool isMultiTrimming = false;
+    QString multiTrimmingLabel;
+    int previewPosition = 0; ///< moved by showPreviousPreview() and showNextPreview()
+    bool isSelectable = true;
+    QString recordDate; ///< "yyyy/M/d"
+    QString recordTime; ///< "HH:mm:ss" or "HH:mm"
+};
+
+struct DocViewState
+{
+    QPoint cursorPosition; ///< reported last
+    bool hasImageFormat = true;
+    ImageFormat imageFormat;
+    double zoom = 0.0; ///< view pixels per sensor pixel; 0 or less: fit to the view
+    QSize viewSize;    ///< of the view that shows the document, view pixels; empty when not shown
+};
+
+struct DocCameraState
+{
+    bool hasScaleDivider = false;
+    int scaleDivider = 1;
+    int cameraNumber = 0; ///< from 0
+    int headNumber = 1;   ///< from 1
+    int headCount = 1;    ///< heads of the device; 0: a document without heads
+    bool isMediaManaged = false;
+    QList<StandInSlot> mediaSlots;
+    bool isFitMemoryMode = false;
+    QHash<int, int> slotOfHead; ///< by head number; -1 without an entry
+    QString cameraName;
+    bool isMobile = false;
+    bool isDummy = false;
+    QSet<int> capabilities;
+    bool sharesDevice = false;
+    EditDeviceData editData;
+    QList<PresetInfo> presets;                  ///< in any order
+    QSet<int> presetsWithReboot;                ///< numbers of presets that need a reboot
+    int appliedPreset = 0;                      ///< 0: none
+    QHash<int, NetworkSetting> networkSettings; ///< by ether type
+    int cameraRefreshes = 0;                    ///< how often refreshCamera() was called
+};
+
+struct DocDisplayState
+{
+    QSet<QString> availableTools;
+    QHash<QString, bool> toolOn; ///< goes before the host's own state of the tool
+    int quarterTurns = 0;        ///< clockwise
+    bool isFlippedHorizontally = false;
+    bool isFlippedVertically = false;
+    int binningLevel = 0; ///< exponent: 0, 1, 2 mean 1, 2, 4
+    QString logoPath;
+    bool isInfoOverlayDirty = false;
+    bool showsLutCurve = false;
+    bool isReductionSuspended = false;
+};
+
+struct DocRefreshState
+{
+    int refreshes = 0; ///< how often refresh() was called
+};
+
+struct DocLinkState
+{
+    bool isConnected = true;
+    QString ipAddress;
+    bool isFound = true;
+    int wirelessState = 0;  ///< 1: connected
+    int linkSpeedState = 0; ///< 1: supported
+};
+
+struct DocumentState : DocMainState,
+                       DocViewState,
+                       DocCameraState,
+                       DocDisplayState,
+                       DocRefreshState,
+                       DocLinkState
+{
+};

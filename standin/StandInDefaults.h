@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QStringList>
+#include <QVariant>
+
+/// The host's own defaults of the settings, by key.
+namespace StandInDefaults {
+
+/// The default of a setting, invalid for a key that the catalogue does not know.
+QVariant valueOf(const QString &key);
+
+/// All keys with a default, in ascending order.
+QStringList keys();
+
+/// Default of "info/display": the information items that are shown from the start.
+QString infoDisplay();
+
+}
