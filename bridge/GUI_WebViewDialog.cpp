@@ -1,9 +1,16 @@
 #include "bridge/GUI_WebViewDialog.h"
 
+#include "bridge/DialogPlacement.h"
 #include "bridge/GUI_WebView.h"
 #include "bridge/JS_Mediator_Dialog.h"
+#include "bridge/OperationLog.h"
+#include "bridge/PageSignal.h"
+#include "foundation/LogGroups.h"
+#include "foundation/Utilities.h"
 #include "plugin/contract/HostGuard.h"
 
+#include <QCloseEvent>
+#include <QPropertyAnimation>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -14,31 +21,33 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostServices *host, const QString &title, c
       m_host(host), m_mediator(mediator), m_layout(new QVBoxLayout),
       m_webView(new GUI_WebView(host, this))
 {
-    if (m_host->needsDialogEnterNotice()) {
-        m_host->notifyDialogEntered();
-        m_notifiedHost = true;
-    }
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->addWidget(m_webView);
     setLayout(m_layout);
-    setWindowTitle(m_host->translate(title));
     connect(this, &QDialog::rejected, this, &GUI_WebViewDialog::slotRejected);
+    connect(m_webView, &QWebView::loadStarted, this, &GUI_WebViewDialog::loadStarted);
+    connect(m_webView, &QWebView::loadProgress, this, &GUI_WebViewDialog::loadProgress);
+    connect(m_webView, &QWebView::loadFinished, this, &GUI_WebViewDialog::loadFinished);
     if (m_mediator) {
         connect(mediator, &JS_Mediator_Dialog::accept, this, &QDialog::accept);
         connect(mediator, &JS_Mediator_Dialog::reject, this, &QDialog::reject);
-        m_host->attachMediator(m_webView, mediator);
+    }
+    announce();
+    try {
+        setWindowTitle(m_host->translate(title));
+        if (m_mediator)
+            m_host->attachMediator(m_webView, mediator);
+    } catch (...) {
+        leave();
+        throw;
     }
     m_webView->load(QUrl(url));
 }
 
 GUI_WebViewDialog::~GUI_WebViewDialog()
 {
-    if (m_notifiedHost) {
-        guarded(m_host, [&] {
-            if (!m_host->isDialogExitSuppressed())
-                m_host->notifyDialogLeft();
-        });
-    }
+    m_heldWhileLoading.reset();
+    leave();
     m_mediator.reset();
     m_extraMediators.clear();
 }
@@ -49,8 +58,66 @@ void GUI_WebViewDialog::addMediator(JS_Mediator *mediator)
     m_host->attachMediator(m_webView, mediator);
 }
 
+void GUI_WebViewDialog::closeEvent(QCloseEvent *event)
+{
+    rejectOnClose(QLatin1String("GUI_WebViewDialog::closeEvent"), event);
+}
+
+void GUI_WebViewDialog::rejectOnClose(const QString &scope, QCloseEvent *event)
+{
+    OperationLogScope trace(scope);
+    QPointer<GUI_WebViewDialog> self(this);
+    reject();
+    if (self && isVisible())
+        event->ignore(); // it may not finish yet
+}
+
 void GUI_WebViewDialog::slotRejected()
 {
-    if (m_mediator)
-        emit m_mediator->rejected();
+    if (m_mediator) {
+        JS_Mediator_Dialog *mediator = m_mediator.get();
+        PageSignal::send(mediator, [mediator] { emit mediator->rejected(); });
+    }
+}
+
+void GUI_WebViewDialog::loadStarted()
+{
+    OperationLogScope trace(QLatin1String("GUI_WebViewDialog::loadStarted"));
+    guarded(m_host, [&] {
+        if (!m_heldWhileLoading)
+            m_heldWhileLoading.emplace(m_host);
+    });
+    m_webView->setFocus(Qt::OtherFocusReason);
+    setWindowOpacity(0.0); // nobody sees the page half painted
+}
+
+void GUI_WebViewDialog::loadProgress(int) {}
+
+void GUI_WebViewDialog::loadFinished(bool ok)
+{
+    OperationLogScope trace(QLatin1String("GUI_WebViewDialog::loadFinished"),
+                            LogGroups::group(QLatin1String("ok"), ok));
+    guarded(m_host, [&] { centerDialog(m_host, this); });
+    UTL::fadeInAnimation(this)->start(QAbstractAnimation::DeleteWhenStopped);
+    m_heldWhileLoading.reset();
+    if (m_refreshOnLoad)
+        guarded(m_host, [&] { m_host->updateUI(~0u, true); });
+}
+
+void GUI_WebViewDialog::announce()
+{
+    if (!m_host->needsDialogEnterNotice())
+        return;
+    m_host->notifyDialogEntered();
+    m_notifiedHost = true;
+}
+
+void GUI_WebViewDialog::leave()
+{
+    if (!m_notifiedHost)
+        return;
+    guarded(m_host, [&] {
+        if (!m_host->isDialogExitSuppressed())
+            m_host->notifyDialogLeft();
+    });
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "bridge/DeterUpdateScope.h"
 #include "bridge/GUI_Dialog.h"
 
 #include <QList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class GUI_WebView;
@@ -14,6 +16,9 @@ class JS_Mediator_Dialog;
 class QVBoxLayout;
 
 /// A dialog that consists of one page and its mediator, which it owns.
+///
+/// While the page loads, the host's refreshes are held back and the dialog is transparent; then it
+/// fades in. A page that does not exist gives an empty dialog that can be closed.
 class GUI_WebViewDialog : public GUI_Dialog
 {
     Q_OBJECT
@@ -34,14 +39,30 @@ public:
 protected:
     HostServices *host() const { return m_host; }
 
+    /// Whether the whole user interface is refreshed once the page has loaded; true at start.
+    void setRefreshOnLoad(bool refresh) { m_refreshOnLoad = refresh; }
+
+    void closeEvent(QCloseEvent *event) override;
+
+    /// What every dialog does when its frame is closed: a trace under `scope`, then rejection.
+    void rejectOnClose(const QString &scope, QCloseEvent *event);
+
 private slots:
     void slotRejected();
+    void loadStarted();
+    void loadProgress(int percent);
+    void loadFinished(bool ok);
 
 private:
+    void announce();
+    void leave();
+
     HostServices *m_host;
     std::unique_ptr<JS_Mediator_Dialog> m_mediator;
     std::vector<std::unique_ptr<JS_Mediator>> m_extraMediators;
     QVBoxLayout *m_layout;
     GUI_WebView *m_webView;
     bool m_notifiedHost = false;
+    bool m_refreshOnLoad = true;
+    std::optional<DeterUpdateScope> m_heldWhileLoading;
 };

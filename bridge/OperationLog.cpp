@@ -86,6 +86,11 @@ void userOperationError(const QString &message)
     LogLines::critical() << "[USER][ERROR]" << message;
 }
 
+void scriptError(const QString &error)
+{
+    LogLines::critical() << "[SCRIPT]" << error;
+}
+
 void info(const QString &message)
 {
     LogLines::info() << message;

@@ -56,6 +56,9 @@ void userOperation(const QString &url, const QString &operation, const QString &
 /// "[USER][ERROR]" and the message, at critical level.
 void userOperationError(const QString &message);
 
+/// "[SCRIPT]" and what a page's script threw, at critical level.
+void scriptError(const QString &error);
+
 /// The message alone, at info level.
 void info(const QString &message);
 

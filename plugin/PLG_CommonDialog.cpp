@@ -3,6 +3,7 @@
 #include "bridge/DeterUpdateScope.h"
 #include "bridge/GUI_ModelessPatternDialog.h"
 #include "bridge/JS_Mediator_Dialog.h"
+#include "bridge/PageSignal.h"
 #include "plugin/contract/HostGuard.h"
 #include "plugin/contract/ViewPauseGuard.h"
 
@@ -43,7 +44,7 @@ void PLG_Common::showDialog()
     if (m_modelessDialog->isMinimized())
         m_modelessDialog->setWindowState(Qt::WindowNoState);
     if (JS_Mediator_Dialog *mediator = m_modelessDialog->mediator())
-        emit mediator->open();
+        PageSignal::send(mediator, [mediator] { emit mediator->open(); });
     m_modelessDialog->show();
     if (m_suspendsView) {
         ViewPauseGuard pause(m_host, false, true);

@@ -2,6 +2,7 @@
 
 #include "bridge/GUI_ModelessPatternDialog.h"
 #include "bridge/JS_Mediator.h"
+#include "bridge/PageSignal.h"
 #include "plugin/contract/DOC_Interface.h"
 #include "plugin/contract/HostServices.h"
 
@@ -24,8 +25,8 @@ void PLG_Common::update()
 {
     if (m_viewWidget && m_viewWidget->isActiveWindow())
         m_viewWidget->repaint();
-    if (m_mediator)
-        emit m_mediator->update();
+    if (JS_Mediator *mediator = m_mediator.get())
+        PageSignal::send(mediator, [mediator] { emit mediator->update(); });
 }
 
 void PLG_Common::updateHookA() {}

@@ -1,0 +1,8 @@
+#include "bridge/JS_Mediator_ModelessPatternDialog.h"
+
+#include "plugin/contract/HostGuard.h"
+
+void JS_Mediator_ModelessPatternDialog::setTextBoxFocusState(bool focused)
+{
+    guarded(host(), [&] { host()->setTextBoxFocusState(focused); });
+}
