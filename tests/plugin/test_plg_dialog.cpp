@@ -1,0 +1,446 @@
+#include "ProbeTool.h"
+#include "bridge/GUI_ModelessPatternDialog.h"
+#include "bridge/JS_Mediator_Dialog.h"
+#include "standin/StandInHost.h"
+#include "tests/support/TestLog.h"
+
+#include <QFile>
+#include <QSignalSpy>
+
+// The page of a tool and the life of its modeless dialog.
+
+class TestPlgDialog : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void pageIsTheResourceNamedAfterTheTool();
+    void pageIsReadAnewAtEachCall();
+    void missingPageLeavesOneWarning();
+    void emptyNameLooksForTheBareExtension();
+    void noDialogWithoutCreate();
+    void failedCreationIsTriedAgain();
+    void dialogIsMadeOnceAndConnected();
+    void showEmitsOpenBeforeTheDialogIsSeen();
+    void showOnAVisibleDialogDoesNothing();
+    void showRestoresAMinimisedDialog();
+    void showPausesAndTakesTheQuickTool();
+    void showWithoutDialogDoesNothing();
+    void hideLeavesItOpen();
+    void closeLeadsToClosed();
+    void closeOnAHiddenDialogDoesNothing();
+    void closedReleasesViewAndClosesThePlugin();
+    void dialogThatMayNotFinishStays();
+    void failureWhileClosingIsHandedToTheHost();
+    void deferralEndsWhenClosingFails();
+    void modeGoesToAVisibleDialog();
+    void forbiddenModeClosesIt();
+    void forbiddenModeLeavesItWhenToldSo();
+    void modeWithoutVisibleDialogDoesNothing();
+    void checkKindSixFollowsTheDialog();
+    void closeToolOfADialogToolClosesIt();
+    void dialogGoesWithTheTool();
+    void dialogThatItsParentDestroyedIsMadeAnew();
+};
+
+namespace {
+
+class PatternDialog : public GUI_ModelessPatternDialog
+{
+public:
+    explicit PatternDialog(HostServices *host, QWidget *parent = nullptr)
+        : GUI_ModelessPatternDialog(host, QStringLiteral("Pattern"), QStringLiteral("about:blank"),
+                                    new JS_Mediator_Dialog(host, QStringLiteral("pattern")), parent)
+    {
+    }
+
+    bool mayFinish() override { return finishes; }
+    void modeChanged(int mode) override { modes.append(mode); }
+
+    bool finishes = true;
+    QList<int> modes;
+};
+
+class DialogTool : public ProbeTool
+{
+public:
+    explicit DialogTool(HostServices *services)
+    {
+        setHost(services);
+        m_checkKind = 6;
+    }
+
+    GUI_ModelessPatternDialog *createModelessPatternDialog(bool) override
+    {
+        ++creations;
+        if (fails)
+            return nullptr;
+        return new PatternDialog(m_host, dialogParent);
+    }
+    void slotModelessPatternDialogShown() override { ++shownSeen; }
+
+    PatternDialog *dialog() { return static_cast<PatternDialog *>(m_modelessDialog.data()); }
+
+    bool fails = false;
+    int creations = 0;
+    int shownSeen = 0;
+    QWidget *dialogParent = nullptr;
+};
+
+QStringList onlyOf(const QStringList &calls, const QStringList &names)
+{
+    QStringList result;
+    for (const QString &call : calls) {
+        if (names.contains(call.section(QLatin1Char('('), 0, 0)))
+            result.append(call);
+    }
+    return result;
+}
+
+}
+
+void TestPlgDialog::pageIsTheResourceNamedAfterTheTool()
+{
+    ProbeTool tool;
+    QFile file(QStringLiteral(":/t_probe.html"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString page = tool.pageHtml();
+    QCOMPARE(page, QString::fromUtf8(file.readAll()));
+    QVERIFY(page.contains(QString::fromUtf8("Prüfwerkzeug")));
+}
+
+void TestPlgDialog::pageIsReadAnewAtEachCall()
+{
+    ProbeTool tool;
+    QVERIFY(!tool.pageHtml().isEmpty());
+    tool.m_toolName = QStringLiteral("t_absent");
+    LogCapture log;
+    QCOMPARE(tool.pageHtml(), QString());
+    tool.m_toolName = QStringLiteral("t_probe");
+    QVERIFY(!tool.pageHtml().isEmpty());
+}
+
+void TestPlgDialog::missingPageLeavesOneWarning()
+{
+    ProbeTool tool(QStringLiteral("t_absent"));
+    LogCapture log;
+    QCOMPARE(tool.pageHtml(), QString());
+    QCOMPARE(log.texts(), QStringList({"Not Found \":/t_absent.html\""}));
+    QCOMPARE(log.lines().first().type, QtWarningMsg);
+}
+
+void TestPlgDialog::emptyNameLooksForTheBareExtension()
+{
+    ProbeTool tool{QString()};
+    LogCapture log;
+    QCOMPARE(tool.pageHtml(), QString());
+    QCOMPARE(log.texts(QtWarningMsg), QStringList({"Not Found \":/.html\""}));
+}
+
+void TestPlgDialog::noDialogWithoutCreate()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    QVERIFY(tool.ensureDialog(false) == nullptr);
+    QCOMPARE(tool.creations, 0);
+}
+
+void TestPlgDialog::failedCreationIsTriedAgain()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.fails = true;
+    QVERIFY(tool.ensureDialog(true) == nullptr);
+    tool.fails = false;
+    QVERIFY(tool.ensureDialog(true) != nullptr);
+    QCOMPARE(tool.creations, 2);
+}
+
+void TestPlgDialog::dialogIsMadeOnceAndConnected()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    GUI_ModelessPatternDialog *dialog = tool.ensureDialog(true);
+    QVERIFY(dialog->isHidden());
+    QCOMPARE(tool.ensureDialog(true), dialog);
+    QCOMPARE(tool.ensureDialog(false), dialog);
+    QCOMPARE(tool.creations, 1);
+    emit dialog->shown();
+    QCOMPARE(tool.shownSeen, 1);
+    host.clearJournal();
+    emit dialog->closed();
+    QCOMPARE(onlyOf(host.commands(), {"closePluginByName"}),
+             QStringList({"closePluginByName(\"t_probe\")"}));
+}
+
+void TestPlgDialog::showEmitsOpenBeforeTheDialogIsSeen()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    GUI_ModelessPatternDialog *dialog = tool.ensureDialog(true);
+    QList<bool> hiddenAtOpen;
+    connect(dialog->mediator(), &JS_Mediator::open, this,
+            [&] { hiddenAtOpen.append(dialog->isHidden()); });
+    tool.showDialog();
+    QCOMPARE(hiddenAtOpen, QList<bool>({true}));
+    QVERIFY(tool.isDialogVisible());
+    QCOMPARE(tool.shownSeen, 1);
+}
+
+void TestPlgDialog::showOnAVisibleDialogDoesNothing()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.m_suspendsView = true;
+    tool.m_quickToolMode = 1;
+    GUI_ModelessPatternDialog *dialog = tool.ensureDialog(true);
+    tool.showDialog();
+    QSignalSpy opens(dialog->mediator(), &JS_Mediator::open);
+    host.clearJournal();
+    tool.showDialog();
+    QCOMPARE(opens.count(), 0);
+    QCOMPARE(host.commands(), QStringList());
+}
+
+void TestPlgDialog::showRestoresAMinimisedDialog()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.m_suspendsView = true;
+    GUI_ModelessPatternDialog *dialog = tool.ensureDialog(true);
+    tool.showDialog();
+    dialog->setWindowState(Qt::WindowMinimized);
+    QVERIFY(dialog->isMinimized());
+    QSignalSpy opens(dialog->mediator(), &JS_Mediator::open);
+    host.clearJournal();
+    tool.showDialog();
+    QVERIFY(!dialog->isMinimized());
+    QVERIFY(dialog->isVisible());
+    QCOMPARE(opens.count(), 1);
+    QCOMPARE(onlyOf(host.commands(), {"suspendView"}), QStringList({"suspendView(false)"}));
+}
+
+void TestPlgDialog::showPausesAndTakesTheQuickTool()
+{
+    StandInHost host;
+    host.setMode(StandInHost::Mode::Memory);
+    DialogTool tool(&host);
+    tool.m_suspendsView = true;
+    tool.m_quickToolMode = 1;
+    tool.ensureDialog(true);
+    host.clearJournal();
+    tool.showDialog();
+    QCOMPARE(onlyOf(host.commands(), {"pausePlayback", "suspendView", "resumePlayback",
+                                      "setQuickTool", "setToolState"}),
+             QStringList({"pausePlayback()", "suspendView(false)", "resumePlayback()",
+                          "setQuickTool(\"\")", "setToolState(\"t_probe\", true)"}));
+}
+
+void TestPlgDialog::showWithoutDialogDoesNothing()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.m_suspendsView = true;
+    tool.showDialog();
+    tool.hideDialog();
+    tool.closeDialog();
+    QVERIFY(!tool.isDialogVisible());
+    QCOMPARE(host.journal(), QStringList());
+}
+
+void TestPlgDialog::hideLeavesItOpen()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    QSignalSpy closings(tool.ensureDialog(true), &GUI_ModelessPatternDialog::closed);
+    tool.showDialog();
+    tool.hideDialog();
+    QVERIFY(!tool.isDialogVisible());
+    QVERIFY(tool.m_modelessDialog);
+    QCOMPARE(closings.count(), 0);
+}
+
+void TestPlgDialog::closeLeadsToClosed()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    QSignalSpy closings(tool.ensureDialog(true), &GUI_ModelessPatternDialog::closed);
+    tool.showDialog();
+    tool.closeDialog();
+    QCOMPARE(closings.count(), 1);
+    QVERIFY(tool.dialog()->isHidden());
+}
+
+void TestPlgDialog::closeOnAHiddenDialogDoesNothing()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    QSignalSpy closings(tool.ensureDialog(true), &GUI_ModelessPatternDialog::closed);
+    tool.closeDialog();
+    QCOMPARE(closings.count(), 0);
+}
+
+void TestPlgDialog::closedReleasesViewAndClosesThePlugin()
+{
+    StandInHost host;
+    host.setMode(StandInHost::Mode::Memory);
+    DialogTool tool(&host);
+    tool.m_suspendsView = true;
+    tool.ensureDialog(true);
+    tool.showDialog();
+    host.clearJournal();
+    tool.closeDialog();
+    QCOMPARE(onlyOf(host.commands(), {"pausePlayback", "resumeView", "resumePlayback",
+                                      "deterUpdateUI", "closePluginByName"}),
+             QStringList({"pausePlayback()", "resumeView(false)", "resumePlayback()",
+                          "deterUpdateUI(true)", "closePluginByName(\"t_probe\")",
+                          "deterUpdateUI(false)"}));
+}
+
+void TestPlgDialog::dialogThatMayNotFinishStays()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.dialog()->finishes = false;
+    host.clearJournal();
+    tool.closeDialog();
+    tool.slotModelessPatternDialogClosed();
+    QVERIFY(tool.isDialogVisible());
+    QCOMPARE(onlyOf(host.commands(), {"deterUpdateUI", "closePluginByName"}), QStringList());
+    tool.dialog()->finishes = true;
+    tool.closeDialog();
+    QVERIFY(!tool.isDialogVisible());
+}
+
+void TestPlgDialog::failureWhileClosingIsHandedToTheHost()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.ensureDialog(true);
+    tool.showDialog();
+    host.failOn(QStringLiteral("closePluginByName"), 1);
+    tool.closeDialog();
+    QCOMPARE(host.handledErrors().size(), 1);
+    QVERIFY(!tool.isDialogVisible());
+}
+
+void TestPlgDialog::deferralEndsWhenClosingFails()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.ensureDialog(true);
+    tool.showDialog();
+    host.failOn(QStringLiteral("closePluginByName"), 1);
+    host.clearJournal();
+    tool.closeDialog();
+    QCOMPARE(onlyOf(host.commands(), {"deterUpdateUI"}),
+             QStringList({"deterUpdateUI(true)", "deterUpdateUI(false)"}));
+}
+
+void TestPlgDialog::modeGoesToAVisibleDialog()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.onModeChanged(2);
+    QCOMPARE(tool.dialog()->modes, QList<int>({2}));
+    QVERIFY(tool.isDialogVisible());
+}
+
+void TestPlgDialog::forbiddenModeClosesIt()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.m_allowedModes = 1;
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.onModeChanged(1);
+    QCOMPARE(tool.dialog()->modes, QList<int>({1}));
+    QVERIFY(!tool.isDialogVisible());
+}
+
+void TestPlgDialog::forbiddenModeLeavesItWhenToldSo()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.m_allowedModes = 1;
+    tool.setClosesOnForbiddenMode(false);
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.onModeChanged(1);
+    QVERIFY(tool.isDialogVisible());
+}
+
+void TestPlgDialog::modeWithoutVisibleDialogDoesNothing()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.m_allowedModes = 1;
+    tool.onModeChanged(2);
+    QSignalSpy closings(tool.ensureDialog(true), &GUI_ModelessPatternDialog::closed);
+    tool.onModeChanged(2);
+    QCOMPARE(tool.dialog()->modes, QList<int>());
+    QCOMPARE(closings.count(), 0);
+}
+
+void TestPlgDialog::checkKindSixFollowsTheDialog()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    DialogTool tool(&host);
+    tool.ensureDialog(true);
+    QVERIFY(!tool.isChecked(camera, false));
+    tool.showDialog();
+    QVERIFY(tool.isChecked(camera, false));
+    tool.hideDialog();
+    QVERIFY(!tool.isChecked(camera, false));
+}
+
+void TestPlgDialog::closeToolOfADialogToolClosesIt()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.closeTool();
+    QVERIFY(!tool.isDialogVisible());
+}
+
+void TestPlgDialog::dialogGoesWithTheTool()
+{
+    StandInHost host;
+    QPointer<GUI_ModelessPatternDialog> dialog;
+    {
+        DialogTool tool(&host);
+        dialog = tool.ensureDialog(true);
+        tool.showDialog();
+    }
+    QVERIFY(dialog.isNull());
+}
+
+void TestPlgDialog::dialogThatItsParentDestroyedIsMadeAnew()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    auto parent = std::make_unique<QWidget>();
+    tool.dialogParent = parent.get();
+    tool.ensureDialog(true);
+    parent.reset();
+    tool.dialogParent = nullptr;
+    QVERIFY(!tool.isDialogVisible());
+    tool.showDialog();
+    QVERIFY(tool.ensureDialog(false) == nullptr);
+    QVERIFY(tool.ensureDialog(true) != nullptr);
+    QCOMPARE(tool.creations, 2);
+}
+
+int main(int argc, char *argv[])
+{
+    TestPlgDialog test;
+    return runTest(argc, argv, test);
+}
+
+#include "test_plg_dialog.moc"
