@@ -1,5 +1,6 @@
 #pragma once
 
+#include "plugin/RegionCursor.h"
 #include "plugin/contract/PLG_Interface.h"
 
 #include <QFont>
@@ -9,6 +10,12 @@
 
 #include <array>
 #include <memory>
+
+namespace RegionGeometry {
+struct Limits;
+struct SensorScale;
+struct ViewTurn;
+}
 
 /// The base of every tool: common state, the flow of a panel, the modeless dialog, the editing of a
 /// region on a picture.
@@ -185,6 +192,27 @@ protected:
 
     HostServices *host() const { return m_host; }
 
+    // For tools that edit a region, in the limits of the fields below. `doc` must not be null.
+
+    /// What of `rect` the pointer grabs at `pos`, in view coordinates: 0 to 3 edges, 4 to 7
+    /// corners, 8 inside, 9 nothing.
+    int hitTestRegion(DOC_Interface *doc, const QPoint &pos, const QRect &rect);
+
+    /// Smallest size of the region with regard to a fixed aspect: in image pixels when `scale` is
+    /// true, else as m_minSize.
+    QSize effectiveMinSize(DOC_Interface *doc, bool scale);
+
+    /// The arrow key that moves the region the way `key` points on the screen; others as they are.
+    int mapArrowKey(DOC_Interface *doc, int key);
+
+    /// Brings `rect` within all limits after an edit by `handle`; `reference` is the region before
+    /// it, `aspect` height divided by width. At a fixed aspect m_anchorCorner is decided.
+    void constrainRegion(DOC_Interface *doc, int handle, double aspect, QRect &rect,
+                         const QRect &reference);
+
+    /// Moves `rect` into the picture and cuts it to the maximum.
+    void clampRegion(DOC_Interface *doc, QRect &rect);
+
     HostServices *m_host = nullptr; ///< not owned
     std::unique_ptr<FontCache> m_fontCache = std::make_unique<FontCache>();
     QPointer<GUI_ModelessPatternDialog> m_modelessDialog; ///< owned; a parent may go first
@@ -246,7 +274,13 @@ private:
     void leavePanel();
     void finishPanel(bool commit);
     void releaseView();
-    void restoreCursor();
 
-    bool m_cursorSet = false; ///< an override cursor of this tool is in force
+    RegionGeometry::SensorScale limitScale(DOC_Interface *doc);
+    RegionGeometry::Limits regionLimits(DOC_Interface *doc, double aspect);
+    RegionGeometry::ViewTurn viewTurn(DOC_Interface *doc);
+    bool mayEditRegion(DOC_Interface *doc);
+    void storeRegion(DOC_Interface *doc, const QRect &rect);
+    void pushToDevice(DOC_Interface *doc);
+
+    RegionCursor m_regionCursor;
 };

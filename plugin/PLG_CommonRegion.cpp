@@ -1,29 +1,36 @@
 #include "plugin/PLG_Common.h"
 
-#include "foundation/Utilities.h"
+#include "foundation/Keys.h"
+#include "plugin/RegionGeometry.h"
 #include "plugin/contract/DOC_Interface.h"
 #include "plugin/contract/HostServices.h"
 
 #include <QKeyEvent>
 
-#include <algorithm>
-#include <cmath>
-
-// Mouse and keys on the picture.
+// Mouse and keys on the picture, and the region that they edit.
 
 namespace {
-constexpr int NoHandle = 9;
-constexpr int NoAnchor = 4;
+
+// What the device and the display are told of an edit.
+constexpr int ChangedSettings = 1;
+constexpr uint SendToAllDevices = 1;
+constexpr uint RefreshDisplay = 4;
+
 }
 
 void PLG_Common::onMousePress(const QPoint &pos, int docId)
 {
-    m_anchorCorner = NoAnchor;
+    m_anchorCorner = RegionGeometry::AnchorUndecided;
     if (!documentExists(pos, docId))
         return;
     m_host->beginUndoMacro(QString());
     m_dragging = true;
     m_pressPos = m_lastMousePos = pos;
+    DOC_Interface *doc = m_host->deviceByKey(DOCKEY(docId), true);
+    if (!doc || !mayEditRegion(doc))
+        return;
+    m_pressRegion = region(doc);
+    m_dragHandle = hitTestRegion(doc, pos, m_pressRegion);
 }
 
 void PLG_Common::onMouseMove(const QPoint &pos, int docId)
@@ -34,8 +41,28 @@ void PLG_Common::onMouseMove(const QPoint &pos, int docId)
     if (!doc)
         return;
     m_lastMousePos = pos;
-    doc->reportCursorPosition(doc->mapPoint(pos, true));
+    const QPoint point = doc->mapPoint(pos, true);
+    doc->reportCursorPosition(point);
     m_currentDocId = docId;
+    if (!mayEditRegion(doc))
+        return;
+    const QRect reference = region(doc);
+    if (!m_dragging) {
+        setRegionCursor(doc, hitTestRegion(doc, pos, reference));
+        return;
+    }
+    if (m_dragHandle == RegionGeometry::Outside)
+        return;
+
+    const RegionGeometry::Limits limits = regionLimits(doc, aspectRatio());
+    const QRect rect = m_dragHandle == RegionGeometry::Inside
+                           ? RegionGeometry::moved(reference, m_pressRegion,
+                                                   doc->mapPoint(m_pressPos, true), point)
+                           : RegionGeometry::dragged(reference, m_dragHandle, point, limits);
+    storeRegion(doc,
+                RegionGeometry::constrained(rect, m_dragHandle, reference, limits, m_anchorCorner));
+    if (applyOnEdit())
+        pushToDevice(m_host->deviceByKey(DOCKEY(docId), true));
 }
 
 void PLG_Common::finishMouse(int docId)
@@ -45,20 +72,26 @@ void PLG_Common::finishMouse(int docId)
 
 void PLG_Common::onMouseRelease(const QPoint &pos, int docId)
 {
+    // The macro of a press is closed whatever has become of the document.
     const bool pressed = m_dragging;
-    if (!documentExists(pos, docId) && !pressed)
+    if (!pressed && !documentExists(pos, docId))
         return;
     m_dragging = false;
-    m_dragHandle = NoHandle;
-    m_anchorCorner = NoAnchor;
-    restoreCursor();
+    m_dragHandle = RegionGeometry::Outside;
+    m_anchorCorner = RegionGeometry::AnchorUndecided;
+    m_regionCursor.restore();
     m_host->endUndoMacro();
+    if (pressed && !documentExists(pos, docId))
+        return;
+    DOC_Interface *doc = m_host->deviceByKey(DOCKEY(docId), true);
+    if (doc && applyOnEdit() && editsRegion(doc))
+        pushToDevice(doc);
 }
 
 void PLG_Common::onMouseLeave()
 {
     m_currentDocId = -1;
-    restoreCursor();
+    m_regionCursor.restore();
 }
 
 bool PLG_Common::isDragging()
@@ -87,9 +120,24 @@ qint32 PLG_Common::currentDocId()
     return m_currentDocId;
 }
 
-void PLG_Common::onKeyPress(QKeyEvent *)
+void PLG_Common::onKeyPress(QKeyEvent *event)
 {
     m_keyHeld = true;
+    DOC_Interface *doc = m_host->currentDocument();
+    if (!doc || !event || !mayEditRegion(doc))
+        return;
+    const QRect reference = region(doc);
+    const RegionGeometry::Limits limits = regionLimits(doc, aspectRatio());
+    const auto edit = RegionGeometry::keyEdit(reference, mapArrowKey(doc, event->key()),
+                                              event->modifiers(), limits);
+    if (!edit)
+        return;
+    const QRect rect =
+        RegionGeometry::constrained(edit->rect, edit->handle, reference, limits, m_anchorCorner);
+    m_anchorCorner = RegionGeometry::AnchorUndecided;
+    storeRegion(doc, rect);
+    if (applyOnEdit())
+        pushToDevice(m_host->currentDocument() == doc ? doc : nullptr);
 }
 
 void PLG_Common::onKeyRelease()
@@ -100,14 +148,6 @@ void PLG_Common::onKeyRelease()
 bool PLG_Common::isKeyHeld()
 {
     return m_keyHeld;
-}
-
-void PLG_Common::restoreCursor()
-{
-    if (!m_cursorSet)
-        return;
-    m_cursorSet = false;
-    UTL::restoreCursor();
 }
 
 bool PLG_Common::editsRegion(DOC_Interface *)
@@ -139,26 +179,153 @@ double PLG_Common::aspectRatio()
 
 QRect PLG_Common::regionToSensor(DOC_Interface *doc, const QRect &rect)
 {
-    int divider = 1;
-    if (m_host->isFeatureOn(QLatin1String("binning"), doc, false))
-        divider = int(std::pow(2.0, doc->binningLevel()));
-    if (doc->hasScaleDivider(false))
-        divider *= doc->scaleDivider();
-    divider = std::max(divider, 1);
-    QRect sensor(QPoint(rect.left() / divider, rect.top() / divider),
-                 QPoint(rect.right() / divider, rect.bottom() / divider));
-    sensor.setWidth(std::max(sensor.width(), 1));
-    sensor.setHeight(std::max(sensor.height(), 1));
-    return sensor;
+    RegionGeometry::SensorScale scale;
+    if (doc && m_host->isFeatureOn(Keys::tools.binning, doc, false))
+        scale.binningLevel = doc->binningLevel();
+    if (doc && doc->hasScaleDivider(false))
+        scale.divider = doc->scaleDivider();
+    return RegionGeometry::toSensor(rect, scale);
 }
 
-QVariantMap PLG_Common::regionInfo(DOC_Interface *, const QSize &, const QRect &, bool, bool,
-                                   double, int)
+QVariantMap PLG_Common::regionInfo(DOC_Interface *doc, const QSize &imageSize, const QRect &rect,
+                                   bool fixAspect, bool originalAspect, double aspect, int zoomRate)
 {
-    return QVariantMap();
+    if (!doc || !editsRegion(doc))
+        return QVariantMap();
+    const RegionGeometry::PanelValues values =
+        RegionGeometry::panelValues(imageSize, rect, effectiveMinSize(doc, false),
+                                    doc->isTransposed(), fixAspect, aspect, zoomRate);
+    const QString resolution =
+        QString(QLatin1String("%1,%2")).arg(values.zoomed.width()).arg(values.zoomed.height());
+    return {{QLatin1String("Width"), values.size.width()},
+            {QLatin1String("WidthMin"), values.minimum.width()},
+            {QLatin1String("WidthMax"), values.maximum.width()},
+            {QLatin1String("WidthStep"), 1},
+            {QLatin1String("Height"), values.size.height()},
+            {QLatin1String("HeightMin"), values.minimum.height()},
+            {QLatin1String("HeightMax"), values.maximum.height()},
+            {QLatin1String("HeightStep"), 1},
+            {QLatin1String("PosX"), values.position.x()},
+            {QLatin1String("PosXMin"), 0},
+            {QLatin1String("PosXMax"), values.maximumPosition.x()},
+            {QLatin1String("PosXStep"), 1},
+            {QLatin1String("PosY"), values.position.y()},
+            {QLatin1String("PosYMin"), 0},
+            {QLatin1String("PosYMax"), values.maximumPosition.y()},
+            {QLatin1String("PosYStep"), 1},
+            {QLatin1String("AspectRatio"), aspect},
+            {QLatin1String("FixAspect"), fixAspect},
+            {QLatin1String("OriginalAspect"), originalAspect},
+            {QLatin1String("CurrentWidth"), values.image.width()},
+            {QLatin1String("CurrentHeight"), values.image.height()},
+            {QLatin1String("ZoomRate"), zoomRate},
+            {QLatin1String("ZoomResolution"), resolution}};
 }
 
-void PLG_Common::setRegionCursor(DOC_Interface *, int)
+void PLG_Common::setRegionCursor(DOC_Interface *doc, int handle)
 {
-    restoreCursor();
+    std::optional<Qt::CursorShape> shape;
+    if (doc)
+        shape = RegionGeometry::cursorShape(
+            handle, doc->isTransposed(), doc->isFlippedHorizontally(), doc->isFlippedVertically());
+    if (shape)
+        m_regionCursor.show(*shape);
+    else
+        m_regionCursor.restore();
+}
+
+int PLG_Common::hitTestRegion(DOC_Interface *doc, const QPoint &pos, const QRect &rect)
+{
+    const int tolerance = RegionGeometry::grabTolerance(doc->viewScale(true));
+    const QRect viewRect = doc->mapRect(RegionGeometry::saturated(rect));
+    return RegionGeometry::hitTest(viewRect, pos, viewTurn(doc), tolerance);
+}
+
+QSize PLG_Common::effectiveMinSize(DOC_Interface *doc, bool scale)
+{
+    const QSize minimum =
+        RegionGeometry::effectiveMinimum(m_minSize, isAspectFixed(), aspectRatio());
+    return scale ? RegionGeometry::scaled(minimum, limitScale(doc)) : minimum;
+}
+
+int PLG_Common::mapArrowKey(DOC_Interface *doc, int key)
+{
+    return RegionGeometry::mapArrowKey(key, viewTurn(doc));
+}
+
+void PLG_Common::constrainRegion(DOC_Interface *doc, int handle, double aspect, QRect &rect,
+                                 const QRect &reference)
+{
+    rect = RegionGeometry::constrained(rect, handle, reference, regionLimits(doc, aspect),
+                                       m_anchorCorner);
+}
+
+void PLG_Common::clampRegion(DOC_Interface *doc, QRect &rect)
+{
+    rect = RegionGeometry::clamped(rect, regionLimits(doc, aspectRatio()));
+}
+
+RegionGeometry::SensorScale PLG_Common::limitScale(DOC_Interface *doc)
+{
+    RegionGeometry::SensorScale scale;
+    if (doc->usesScaleDivider(false))
+        scale.divider = doc->scaleDivider();
+    if (m_host->isFeatureOn(Keys::tools.binning, doc, false))
+        scale.binningLevel = doc->binningLevel();
+    return scale;
+}
+
+RegionGeometry::Limits PLG_Common::regionLimits(DOC_Interface *doc, double aspect)
+{
+    const RegionGeometry::SensorScale scale = limitScale(doc);
+    RegionGeometry::Limits limits;
+    limits.image = doc->imageSize();
+    limits.positionStep = RegionGeometry::scaled(m_positionStep, scale);
+    limits.sizeStep = RegionGeometry::scaled(m_sizeStep, scale);
+    limits.maximum = RegionGeometry::scaled(m_maxSize, scale);
+    limits.transposed = doc->isTransposed();
+    limits.symmetricX = m_symmetricX;
+    limits.symmetricY = m_symmetricY;
+    limits.aspectFixed = isAspectFixed();
+    limits.aspect = aspect;
+    limits.minimum = RegionGeometry::scaled(
+        RegionGeometry::effectiveMinimum(m_minSize, limits.aspectFixed, aspectRatio()), scale);
+    if (m_symmetricX || m_symmetricY) {
+        int width = 0;
+        int height = 0;
+        doc->fullImageSize(&width, &height);
+        limits.fullImage = QSize(width, height);
+    }
+    return limits;
+}
+
+RegionGeometry::ViewTurn PLG_Common::viewTurn(DOC_Interface *doc)
+{
+    RegionGeometry::ViewTurn turn;
+    turn.degrees = RegionGeometry::rotationDegrees(doc->viewRotation());
+    turn.flippedHorizontally = doc->isFlippedHorizontally();
+    turn.flippedVertically = doc->isFlippedVertically();
+    return turn;
+}
+
+// The cross cursor tool takes the mouse and the keys for itself.
+bool PLG_Common::mayEditRegion(DOC_Interface *doc)
+{
+    return editsRegion(doc) && !m_host->isToolRunning(Keys::tools.crossCursor);
+}
+
+void PLG_Common::storeRegion(DOC_Interface *doc, const QRect &rect)
+{
+    if (!rect.isEmpty())
+        setRegion(doc, rect, true);
+}
+
+// `doc` is null when it has gone meanwhile.
+void PLG_Common::pushToDevice(DOC_Interface *doc)
+{
+    if (applyToAllWhenLocked() && m_host->isTrelvikLocked())
+        m_host->updateUI(SendToAllDevices, false);
+    else if (doc)
+        doc->notifyChange(ChangedSettings, false);
+    m_host->updateUI(RefreshDisplay, false);
 }
