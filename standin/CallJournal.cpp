@@ -3,10 +3,6 @@
 #include <QMutexLocker>
 #include <QThread>
 
-namespace {
-const QLatin1String ErrorHandler("errorHandler");
-}
-
 CallJournal::CallJournal() = default;
 
 CallAnswer CallJournal::recorded(bool question, const QString &subject, const QString &operation,
@@ -18,7 +14,7 @@ CallAnswer CallJournal::recorded(bool question, const QString &subject, const QS
     std::function<void(const QString &)> listener;
     {
         QMutexLocker locker(&m_mutex);
-        if (operation != ErrorHandler)
+        if (operation != QLatin1String(ErrorHandler))
             ++m_count;
         if (m_enabled) {
             const QString prefix = subject.isEmpty() ? subject : subject + QLatin1Char('.');
@@ -68,7 +64,7 @@ QVector<CallJournal::Rule> CallJournal::takeEffects(const QString &subject,
     for (int i = 0; i < m_rules.size();) {
         Rule &rule = m_rules[i];
         const bool concerned = rule.operation.isEmpty()
-                                   ? operation != ErrorHandler
+                                   ? operation != QLatin1String(ErrorHandler)
                                    : rule.operation == operation || rule.operation == full;
         if (!concerned || (rule.remaining > 0 && --rule.remaining > 0)) {
             ++i;

@@ -9,6 +9,7 @@
 #include <QVector>
 
 #include <atomic>
+#include <cstring>
 #include <functional>
 
 /// What a call shall answer in place of its own result.
@@ -94,6 +95,8 @@ public:
     void setListener(const std::function<void(const QString &)> &listener);
 
 private:
+    static constexpr char ErrorHandler[] = "errorHandler";
+
     enum class Effect { Fail, Null, Empty, Delay, RemoveDocument };
 
     struct Rule
@@ -110,7 +113,8 @@ private:
                       const Arguments &...arguments)
     {
         if (m_quiet.load(std::memory_order_relaxed)) {
-            m_quietCount.fetch_add(1, std::memory_order_relaxed);
+            if (std::strcmp(operation, ErrorHandler) != 0)
+                m_quietCount.fetch_add(1, std::memory_order_relaxed);
             return {};
         }
         QStringList parts;

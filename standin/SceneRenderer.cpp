@@ -78,7 +78,7 @@ void drawWheel(QPainter &painter, const Stage &stage, double seconds, double exp
     const double width = 6.0;
     const double reach = radius - 5 * stage.unit;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(lit(qRound(220 * width / (width + 0.6 * sweep)), gain));
+    painter.setBrush(lit(48 + qRound(172 * width / (width + 0.6 * sweep)), gain));
     for (int i = 0; i < Spokes; ++i) {
         const double angle = start + i * 360.0 / Spokes;
         painter.drawPie(QRectF(hub.x() - reach, hub.y() - reach, 2 * reach, 2 * reach),

@@ -1,165 +1,222 @@
 #include "standin/StandInDefaults.h"
 
+#include "foundation/InfoItems.h"
+#include "foundation/Keys.h"
+
 #include <QMap>
+#include <QSize>
 
 namespace StandInDefaults {
 
 namespace {
 
-using Catalogue = QMap<QString, QVariant>;
+const QString TimeFormat = QStringLiteral("yyyyMMdd_HHmmss");
+const QString OverlayFont = QStringLiteral("DejaVu Sans");
+constexpr int SaveInfoGroups = 7;
 
-// What the three parts of a save path have in common: a number, a time, digits.
-void addNaming(Catalogue &catalogue, const QString &part)
+/// Collects defaults; a key that a kind of save does not have is empty and left out.
+struct Catalogue
 {
-    catalogue.insert(part + QStringLiteral("addnumber"), true);
-    catalogue.insert(part + QStringLiteral("addnumberformat"), QStringLiteral("%04d"));
-    catalogue.insert(part + QStringLiteral("addnumbercameranodigits"), 2);
-    catalogue.insert(part + QStringLiteral("addnumberheadnodigits"), 0);
-    catalogue.insert(part + QStringLiteral("addnumbersessionnodigits"), 4);
-    catalogue.insert(part + QStringLiteral("addtime"), false);
-    catalogue.insert(part + QStringLiteral("addtimeformat"), QStringLiteral("yyyyMMdd_HHmmss"));
-}
+    QMap<QString, QVariant> values;
 
-void addFolder(Catalogue &catalogue, const QString &part)
-{
-    catalogue.insert(part, false);
-    catalogue.insert(part + QStringLiteral("name"), QString());
-    addNaming(catalogue, part);
-    catalogue.insert(part + QStringLiteral("asfilename"), false);
-    catalogue.insert(part + QStringLiteral("asfilenameincludeoption"), false);
-}
-
-void addSaveFamily(Catalogue &catalogue, const QString &group)
-{
-    catalogue.insert(group + QStringLiteral("/dir"), QString());
-    catalogue.insert(group + QStringLiteral("/dirasoriginal"), false);
-    addFolder(catalogue, group + QStringLiteral("/groupdir"));
-    addFolder(catalogue, group + QStringLiteral("/subdir"));
-    const QString file = group + QStringLiteral("/filename");
-    catalogue.insert(file, QString());
-    addNaming(catalogue, file);
-    catalogue.insert(file + QStringLiteral("asoriginal"), false);
-    catalogue.insert(file + QStringLiteral("aspartitionname"), false);
-    catalogue.insert(file + QStringLiteral("usecustom"), false);
-    catalogue.insert(file + QStringLiteral("usecustomfromtarget"), false);
-    catalogue.insert(file + QStringLiteral("usecustomfromtargetkey"), QString());
-    catalogue.insert(file + QStringLiteral("usecustomincludeunit"), false);
-    catalogue.insert(group + QStringLiteral("/skipunit"), 0);
-    catalogue.insert(group + QStringLiteral("/skipsaveframe"), 1);
-    catalogue.insert(group + QStringLiteral("/skipsavemsec"), 1.0);
-}
-
-void addSaveOptions(Catalogue &catalogue)
-{
-    for (const QString &group : {QStringLiteral("export"), QStringLiteral("convert")}) {
-        catalogue.insert(group + QStringLiteral("/saveinf"), true);
-        catalogue.insert(group + QStringLiteral("/saveinfo"), false);
-        catalogue.insert(group + QStringLiteral("/savethumbnail"), false);
-        catalogue.insert(group + QStringLiteral("/savethumbnailaddtextvalue"), false);
-        for (const QString &format :
-             {QStringLiteral("mraw"), QStringLiteral("raww"), QStringLiteral("tiff")})
-            catalogue.insert(group + QLatin1Char('/') + format + QStringLiteral("/bayersave"),
-                             false);
+    void add(const QString &key, const QVariant &value)
+    {
+        if (!key.isEmpty())
+            values.insert(key, value);
     }
-    catalogue.insert(QStringLiteral("convert/kv/datanameaddnumber"), true);
-    catalogue.insert(QStringLiteral("export/kv/datanameaddnumbercameranodigits"), 2);
-    catalogue.insert(QStringLiteral("export/kv/datanameaddnumberheadnodigits"), 0);
-    catalogue.insert(QStringLiteral("export/kv/datanameaddnumbersessionnodigits"), 4);
-    catalogue.insert(QStringLiteral("export/inf_testno"), 1);
-    catalogue.insert(QStringLiteral("export/media"), 0);
-    catalogue.insert(QStringLiteral("export/multipathdevicelist"), QString());
-    catalogue.insert(QStringLiteral("export/multipathlist"), QString());
-    catalogue.insert(QStringLiteral("export/savecorrect"), false);
-    catalogue.insert(QStringLiteral("export/savescale"), false);
-    catalogue.insert(QStringLiteral("export/singlepath"), true);
-    catalogue.insert(QStringLiteral("save/EnableBlankFilename"), false);
-    catalogue.insert(QStringLiteral("save/SaveInfFile"), true);
+
+    void addDigits(const Keys::NumberDigitKeys &keys)
+    {
+        add(keys.camera, 3);
+        add(keys.head, 3);
+        add(keys.session, 4);
+    }
+
+    void addFolder(const Keys::SaveFolderKeys &keys)
+    {
+        add(keys.use, false);
+        add(keys.name, QString());
+        add(keys.addNumber, false);
+        add(keys.addNumberFormat, QStringLiteral("auto"));
+        addDigits(keys.digits);
+        add(keys.addTime, false);
+        add(keys.addTimeFormat, TimeFormat);
+        add(keys.asFileName, false);
+        add(keys.asFileNameIncludeOption, false);
+    }
+
+    void addFileName(const Keys::SaveFileNameKeys &keys)
+    {
+        add(keys.name, QString());
+        addDigits(keys.digits);
+        add(keys.addTime, false);
+        add(keys.addTimeFormat, TimeFormat);
+        add(keys.asOriginal, false);
+        add(keys.asPartitionName, false);
+        add(keys.useCustom, false);
+        add(keys.useCustomFromTarget, false);
+        add(keys.useCustomFromTargetKey, -1);
+        add(keys.useCustomIncludeUnit, false);
+    }
+
+    void addSave(const Keys::SaveKeys &keys)
+    {
+        add(keys.dir, QString());
+        add(keys.dirAsOriginal, false);
+        addFolder(keys.groupDir);
+        addFolder(keys.subDir);
+        addFileName(keys.fileName);
+        addDigits(keys.kvDataNameDigits);
+        add(keys.kvDataNameAddNumber, false);
+        add(keys.mrawBayerSave, false);
+        add(keys.rawwBayerSave, false);
+        add(keys.tiffBayerSave, false);
+        add(keys.saveInf, false);
+        add(keys.saveInfo, false);
+        add(keys.saveCorrect, false);
+        add(keys.saveScale, false);
+        add(keys.saveThumbnail, false);
+        add(keys.saveThumbnailAddTextValue, QString());
+        add(keys.skipSaveFrame, 1);
+        add(keys.skipSaveMsec, 1.0);
+        add(keys.skipUnit, 0);
+    }
+};
+
+// Ids with their state, in the order of the table, for the items of one kind of display.
+template <class Offered> QString displayText(Offered offered)
+{
+    QStringList entries;
+    for (const InfoItem &item : infoItems) {
+        if (item.key.isEmpty())
+            break;
+        if (!offered(item))
+            continue;
+        const QString state =
+            item.defaultShown ? QStringLiteral(":true") : QStringLiteral(":false");
+        entries.append(item.key == QLatin1String("<hr>") ? item.key : item.key + state);
+    }
+    return entries.join(QLatin1Char(','));
+}
+
+QString saveInfoDisplay()
+{
+    return displayText([](const InfoItem &item) { return item.usable[InfoItem::SaveForm]; });
+}
+
+void addExport(Catalogue &catalogue)
+{
+    catalogue.add(Keys::exportTarget.infTestNo, QString());
+    catalogue.add(Keys::exportTarget.media, Keys::texts.mediaFile);
+    catalogue.add(Keys::exportTarget.multiPathDeviceList, QString());
+    catalogue.add(Keys::exportTarget.multiPathList, QString());
+    catalogue.add(Keys::exportTarget.singlePath, true);
+    catalogue.add(Keys::saveOption.enableBlankFilename, false);
+    catalogue.add(Keys::saveOption.saveInfFile, false);
 }
 
 void addInformation(Catalogue &catalogue)
 {
-    const QString font = QStringLiteral("DejaVu Sans");
-    catalogue.insert(QStringLiteral("info/Alignment"), 0);
-    catalogue.insert(QStringLiteral("info/BlankLine"), true);
-    catalogue.insert(QStringLiteral("info/Bold"), false);
-    catalogue.insert(QStringLiteral("info/FontName"), font);
-    catalogue.insert(QStringLiteral("info/FontSize"), 12);
-    catalogue.insert(QStringLiteral("info/ForegroundColor"), QStringLiteral("#ffffff"));
-    catalogue.insert(QStringLiteral("info/IconSize"), 16);
-    catalogue.insert(QStringLiteral("info/Italic"), false);
-    catalogue.insert(QStringLiteral("info/LogoPath"), QString());
-    catalogue.insert(QStringLiteral("info/RecTimeUnit"), 0);
-    catalogue.insert(QStringLiteral("info/Width"), 200);
-    catalogue.insert(QStringLiteral("info/display"), infoDisplay());
-    catalogue.insert(QStringLiteral("saveinfo/Alignment"), 0);
-    catalogue.insert(QStringLiteral("saveinfo/BackgroundColor"), QStringLiteral("#000000"));
-    catalogue.insert(QStringLiteral("saveinfo/Bold"), false);
-    catalogue.insert(QStringLiteral("saveinfo/ColumnNum"), 1);
-    catalogue.insert(QStringLiteral("saveinfo/ColumnSpacing"), 10);
-    catalogue.insert(QStringLiteral("saveinfo/FixedFontSizeRatio"), false);
-    catalogue.insert(QStringLiteral("saveinfo/FixedFontSizeRatioBaseResolution"),
-                     QStringLiteral("1024x1024"));
-    catalogue.insert(QStringLiteral("saveinfo/FontName"), font);
-    catalogue.insert(QStringLiteral("saveinfo/FontSize"), 12);
-    catalogue.insert(QStringLiteral("saveinfo/ForegroundColor"), QStringLiteral("#ffffff"));
-    catalogue.insert(QStringLiteral("saveinfo/Italic"), false);
-    catalogue.insert(QStringLiteral("saveinfo/LogoPath"), QString());
-    catalogue.insert(QStringLiteral("saveinfo/ToColumn"), false);
-    catalogue.insert(QStringLiteral("saveinfo/UseBackgroundColor"), true);
-    catalogue.insert(QStringLiteral("saveinfo/Width"), 200);
-    catalogue.insert(QStringLiteral("saveinfo/WithinImage"), true);
-    catalogue.insert(QStringLiteral("saveinfo/collectiveSetting"), false);
-    catalogue.insert(QStringLiteral("saveinfo/display"), infoDisplay());
+    const Keys::InfoKeys &keys = Keys::info;
+    catalogue.add(keys.alignment, QStringLiteral("0"));
+    catalogue.add(keys.blankLine, true);
+    catalogue.add(keys.bold, false);
+    catalogue.add(keys.display, infoDisplay());
+    catalogue.add(keys.fontName, OverlayFont);
+    catalogue.add(keys.fontSize, QStringLiteral("12"));
+    catalogue.add(keys.foregroundColor, QStringLiteral("#ffffff"));
+    catalogue.add(keys.iconSize, QStringLiteral("16"));
+    catalogue.add(keys.italic, false);
+    catalogue.add(keys.logoPath, QString());
+    catalogue.add(keys.recTimeUnit, 0);
+    catalogue.add(keys.width, QStringLiteral("200"));
+}
+
+void addSaveInformation(Catalogue &catalogue)
+{
+    const Keys::SaveInfoKeys &keys = Keys::saveInfo;
+    catalogue.add(keys.collectiveSetting, false);
+    catalogue.add(keys.withinImage, true);
+    catalogue.add(keys.logoPath, QString());
+    // Each group's keys have its offset behind them.
+    for (int group = 0; group < SaveInfoGroups; ++group) {
+        const QString offset = QString::number(group);
+        catalogue.add(keys.alignment + offset, QStringLiteral("0"));
+        catalogue.add(keys.backgroundColor + offset, QStringLiteral("#000000"));
+        catalogue.add(keys.bold + offset, false);
+        catalogue.add(keys.columnNum + offset, QStringLiteral("2"));
+        catalogue.add(keys.columnSpacing + offset, 10);
+        catalogue.add(keys.display + offset, saveInfoDisplay());
+        catalogue.add(keys.fixedFontSizeRatio + offset, false);
+        catalogue.add(keys.fixedFontSizeRatioBaseResolution + offset, QSize(-1, -1));
+        catalogue.add(keys.fontName + offset, OverlayFont);
+        catalogue.add(keys.fontSize + offset, QStringLiteral("12"));
+        catalogue.add(keys.foregroundColor + offset, QStringLiteral("#ffffff"));
+        catalogue.add(keys.italic + offset, false);
+        catalogue.add(keys.toColumn + offset, false);
+        catalogue.add(keys.useBackgroundColor + offset, false);
+        catalogue.add(keys.width + offset, QStringLiteral("200"));
+    }
+}
+
+void addDisplay(Catalogue &catalogue)
+{
+    const Keys::DisplayKeys &keys = Keys::display;
+    catalogue.add(keys.displayWithRealBitDepth, false);
+    catalogue.add(keys.frameInsertDelimiter, false);
+    catalogue.add(keys.language, QStringLiteral("en"));
+    catalogue.add(keys.outputLanguage, QStringLiteral("en"));
+    catalogue.add(keys.recordRateInsertDelimiter, false);
+    catalogue.add(keys.shutterSpeed, 0);
+    catalogue.add(keys.shutterSpeedInsertDelimiter, false);
+    catalogue.add(keys.shutterSpeedUnit, 0);
+}
+
+void addCameras(Catalogue &catalogue)
+{
+    catalogue.add(Keys::cameraConnection.addIpDefault, Keys::texts.addIpDefault);
+    catalogue.add(Keys::cameraConnection.searchIp, Keys::texts.searchIpDefault);
+    catalogue.add(Keys::cameraConnection.searchWay, 0);
+    catalogue.add(Keys::qcfg.fileNameAddTime, false);
+    catalogue.add(Keys::qcfg.fileNameAddTimeFormat, TimeFormat);
+    catalogue.add(Keys::qcfg.fileNameAsOriginal, true);
+    catalogue.add(Keys::qcfg.path, QString());
+    catalogue.add(Keys::qcfg.userFileName, QString());
+    catalogue.add(Keys::recording.autoDownload, false);
+    catalogue.add(Keys::recording.autoIncrementPartition, false);
+    catalogue.add(Keys::recording.loopRecord, false);
+    catalogue.add(Keys::recording.recordDuringDownload, false);
+    catalogue.add(Keys::recording.stopRecordingAfterLastPartition, false);
+    catalogue.add(Keys::recording.useTriggerTest, false);
 }
 
 void addApplication(Catalogue &catalogue)
 {
-    catalogue.insert(QStringLiteral("cameraconnection/AddIPDefault"),
-                     QStringLiteral("192.168.0.10"));
-    catalogue.insert(QStringLiteral("cameraconnection/SearchIP"), QStringLiteral("192.168.0.0"));
-    catalogue.insert(QStringLiteral("cameraconnection/SearchWay"), 0);
-    catalogue.insert(QStringLiteral("customize/unitSystem"), 1);
-    catalogue.insert(QStringLiteral("devicemanager/connectedCameraOnlyShowing"), false);
-    catalogue.insert(QStringLiteral("display/DisplayWithRealBitDepth"), false);
-    catalogue.insert(QStringLiteral("display/ShutterSpeed"), 0);
-    catalogue.insert(QStringLiteral("display/ShutterSpeedUnit"), 0);
-    catalogue.insert(QStringLiteral("display/frameInsertDelimiter"), false);
-    catalogue.insert(QStringLiteral("display/language"), QStringLiteral("en"));
-    catalogue.insert(QStringLiteral("display/outputLanguage"), QStringLiteral("en"));
-    catalogue.insert(QStringLiteral("display/recordRateInsertDelimiter"), false);
-    catalogue.insert(QStringLiteral("display/shutterSpeedInsertDelimiter"), false);
-    catalogue.insert(QStringLiteral("env/style"), QStringLiteral("light"));
-    catalogue.insert(QStringLiteral("import/dir"), QString());
-    catalogue.insert(QStringLiteral("main/scrno"), 0);
-    catalogue.insert(QStringLiteral("qcfg/filenameaddtime"), false);
-    catalogue.insert(QStringLiteral("qcfg/filenameaddtimeformat"),
-                     QStringLiteral("yyyyMMdd_HHmmss"));
-    catalogue.insert(QStringLiteral("qcfg/filenameasoriginal"), true);
-    catalogue.insert(QStringLiteral("qcfg/path"), QString());
-    catalogue.insert(QStringLiteral("qcfg/userFileName"), QString());
-    catalogue.insert(QStringLiteral("recording/AutoDownload"), false);
-    catalogue.insert(QStringLiteral("recording/AutoIncrementPartition"), false);
-    catalogue.insert(QStringLiteral("recording/LoopRecord"), false);
-    catalogue.insert(QStringLiteral("recording/RecordDuringDownload"), false);
-    catalogue.insert(QStringLiteral("recording/StopRecordingAfterLastPartition"), false);
-    catalogue.insert(QStringLiteral("recording/useTriggerTest"), false);
-    catalogue.insert(QStringLiteral("support/dir"), QString());
-    catalogue.insert(QStringLiteral("usercustom/cameraNameFilePath"), QString());
-    catalogue.insert(QStringLiteral("xml/dir"), QString());
+    const Keys::ApplicationKeys &keys = Keys::application;
+    catalogue.add(keys.cameraNameFilePath, QString());
+    catalogue.add(keys.connectedCameraOnlyShowing, false);
+    catalogue.add(keys.importDir, QString());
+    catalogue.add(keys.screenNumber, 0);
+    catalogue.add(keys.style, QStringLiteral("light"));
+    catalogue.add(keys.supportDir, QString());
+    catalogue.add(keys.unitSystem, 1);
+    catalogue.add(keys.xmlDir, QString());
 }
 
-const Catalogue &catalogue()
+const QMap<QString, QVariant> &catalogue()
 {
-    static const Catalogue result = [] {
+    static const QMap<QString, QVariant> result = [] {
         Catalogue all;
-        for (const QString &group :
-             {QStringLiteral("export"), QStringLiteral("convert"), QStringLiteral("snap"),
-              QStringLiteral("report"), QStringLiteral("layout")})
-            addSaveFamily(all, group);
-        addSaveOptions(all);
+        for (const Keys::SaveKeys *keys : {&Keys::exportSave, &Keys::convertSave, &Keys::snapSave,
+                                           &Keys::reportSave, &Keys::layoutSave})
+            all.addSave(*keys);
+        addExport(all);
         addInformation(all);
+        addSaveInformation(all);
+        addDisplay(all);
+        addCameras(all);
         addApplication(all);
-        return all;
+        return all.values;
     }();
     return result;
 }
@@ -178,7 +235,10 @@ QStringList keys()
 
 QString infoDisplay()
 {
-    return QStringLiteral("FrameRate:1,ShutterSpeed:1,Resolution:1,Comment:1");
+    return displayText([](const InfoItem &item) {
+        return item.usable[InfoItem::Live] || item.usable[InfoItem::Memory] ||
+               item.usable[InfoItem::File];
+    });
 }
 
 }

@@ -1,0 +1,303 @@
+#include "foundation/InfoItems.h"
+#include "foundation/Keys.h"
+#include "standin/StandInDefaults.h"
+#include "standin/StandInHost.h"
+#include "tests/support/TestLog.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+class TestStandInSettings : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void storedValueGoesBeforeDefaults();
+    void givenDefaultGoesBeforeTheCatalogue();
+    void invalidDefaultMeansTheCatalogue();
+    void missingWithoutAnyDefaultIsNeutral();
+    void typedGettersConvert();
+    void settersKeepTheirType();
+    void removeShowsTheDefaultAgain();
+    void ownDefaultGoesBeforeTheCatalogue();
+    void keysAreCaseSensitive();
+    void iniFileKeepsValues();
+    void iniFileGivesTheTypeOfTheDefault();
+    void iniFileKeepsAnyText();
+    void missingIniFileIsMade();
+    void emptyKeyDisturbsNothing();
+    void defaultOfEveryKey_data();
+    void defaultOfEveryKey();
+    void defaultsThatOthersRelyOn();
+    void informationDisplayFollowsTheTable();
+    void timeCodeKeepsWhatIsNotStored();
+};
+
+void TestStandInSettings::storedValueGoesBeforeDefaults()
+{
+    StandInHost host;
+    host.setPrefInt("info/RecTimeUnit", 3);
+    QCOMPARE(host.getPrefInt("info/RecTimeUnit", 9), 3);
+    QCOMPARE(host.getPref("info/RecTimeUnit", QVariant()), QVariant(3));
+}
+
+void TestStandInSettings::givenDefaultGoesBeforeTheCatalogue()
+{
+    StandInHost host;
+    QCOMPARE(host.getPrefString("env/style", "dark"), QString("dark"));
+    QCOMPARE(host.getPrefInt("customize/unitSystem", 0), 0);
+}
+
+void TestStandInSettings::invalidDefaultMeansTheCatalogue()
+{
+    StandInHost host;
+    QCOMPARE(host.getPrefString("env/style", QVariant()), QString("light"));
+    QCOMPARE(host.getPrefInt("customize/unitSystem", QVariant()), 1);
+    QCOMPARE(host.getPref("env/style", QVariant()), QVariant("light"));
+    QCOMPARE(host.prefDefault("env/style"), QVariant("light"));
+}
+
+void TestStandInSettings::missingWithoutAnyDefaultIsNeutral()
+{
+    StandInHost host;
+    QVERIFY(!host.getPref("no/such", QVariant()).isValid());
+    QCOMPARE(host.getPrefInt("no/such", QVariant()), 0);
+    QCOMPARE(host.getPrefBool("no/such", QVariant()), false);
+    QCOMPARE(host.getPrefFloat("no/such", QVariant()), 0.0);
+    QCOMPARE(host.getPrefString("no/such", QVariant()), QString());
+    QVERIFY(!host.prefDefault("no/such").isValid());
+}
+
+void TestStandInSettings::typedGettersConvert()
+{
+    StandInHost host;
+    host.setPrefString("a/number", "12");
+    QCOMPARE(host.getPrefInt("a/number", QVariant()), 12);
+    QCOMPARE(host.getPrefFloat("a/number", QVariant()), 12.0);
+    host.setPref("a/flag", QString("true"));
+    QCOMPARE(host.getPrefBool("a/flag", QVariant()), true);
+    host.setPrefInt("a/one", 1);
+    QCOMPARE(host.getPrefBool("a/one", QVariant()), true);
+    QCOMPARE(host.getPrefString("a/one", QVariant()), QString("1"));
+    QCOMPARE(host.getPrefInt("a/none", QString("7")), 7);
+}
+
+void TestStandInSettings::settersKeepTheirType()
+{
+    StandInHost host;
+    host.setPrefBool("a/b", true);
+    host.setPrefFloat("a/f", 0.25);
+    host.setPrefString("a/s", "5");
+    host.setPref("a/v", QSize(3, 4));
+    QCOMPARE(host.getPref("a/b", QVariant()), QVariant(true));
+    QCOMPARE(host.getPref("a/f", QVariant()), QVariant(0.25));
+    QCOMPARE(host.getPref("a/s", QVariant()), QVariant(QString("5")));
+    QCOMPARE(host.getPref("a/v", QVariant()), QVariant(QSize(3, 4)));
+}
+
+void TestStandInSettings::removeShowsTheDefaultAgain()
+{
+    StandInHost host;
+    QStringList changed;
+    connect(host.events(), &StandInEvents::settingChanged, this,
+            [&](const QString &key) { changed.append(key); });
+    host.setPref("env/style", "dark");
+    host.removePref("env/style");
+    QCOMPARE(host.getPrefString("env/style", QVariant()), QString("light"));
+    host.removePref("never/stored");
+    QCOMPARE(changed, QStringList({"env/style", "env/style", "never/stored"}));
+}
+
+void TestStandInSettings::ownDefaultGoesBeforeTheCatalogue()
+{
+    StandInHost host;
+    host.settings().setDefault("env/style", "dark");
+    QCOMPARE(host.prefDefault("env/style"), QVariant("dark"));
+    QCOMPARE(host.getPrefString("env/style", QVariant()), QString("dark"));
+    QCOMPARE(StandInHost().prefDefault("env/style"), QVariant("light"));
+}
+
+void TestStandInSettings::keysAreCaseSensitive()
+{
+    StandInHost host;
+    host.setPrefInt("info/RecTimeUnit", 2);
+    QCOMPARE(host.getPrefInt("info/rectimeunit", 8), 8);
+    QVERIFY(!host.prefDefault("info/rectimeunit").isValid());
+}
+
+void TestStandInSettings::iniFileKeepsValues()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("settings.ini");
+    {
+        StandInHost host(file);
+        host.setPrefInt("info/RecTimeUnit", 2);
+        host.setPref("convert/kv/datanameaddnumber", true);
+        host.setPref("env/style", "dark");
+        host.removePref("env/style");
+    }
+    StandInHost host(file);
+    QCOMPARE(host.getPrefInt("info/RecTimeUnit", QVariant()), 2);
+    QCOMPARE(host.getPrefBool("convert/kv/datanameaddnumber", QVariant()), true);
+    QCOMPARE(host.getPrefString("env/style", QVariant()), QString("light"));
+    QCOMPARE(host.settings().keys(),
+             QStringList({"convert/kv/datanameaddnumber", "info/RecTimeUnit"}));
+}
+
+void TestStandInSettings::iniFileGivesTheTypeOfTheDefault()
+{
+    QTemporaryDir folder;
+    const QString name = folder.filePath("settings.ini");
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[export]\nskipsavemsec=2.5\nsinglepath=false\nskipunit=abc\n[own]\nx=5\n");
+    file.close();
+
+    StandInHost host(name);
+    QCOMPARE(host.getPref("export/skipsavemsec", QVariant()), QVariant(2.5));
+    QCOMPARE(host.getPref("export/singlepath", QVariant()), QVariant(false));
+    QCOMPARE(host.getPref("export/skipunit", QVariant()), QVariant("abc")); // no number: as it is
+    QCOMPARE(host.getPref("own/x", QVariant()), QVariant("5"));
+}
+
+void TestStandInSettings::iniFileKeepsAnyText()
+{
+    const QString text = QString::fromUtf8("D:\\x;y, \"z\" = ä\n100%");
+    QTemporaryDir folder;
+    const QString file = folder.filePath("settings.ini");
+    {
+        StandInHost host(file);
+        host.setPrefString("export/dir", text);
+        host.setPrefString(QString::fromUtf8("käse/ä b"), text);
+    }
+    StandInHost host(file);
+    QCOMPARE(host.getPrefString("export/dir", QVariant()), text);
+    QCOMPARE(host.getPrefString(QString::fromUtf8("käse/ä b"), QVariant()), text);
+}
+
+void TestStandInSettings::missingIniFileIsMade()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("deeper/settings.ini");
+    StandInHost host(file);
+    QVERIFY(!QFile::exists(file));
+    host.setPrefBool("display/DisplayWithRealBitDepth", true);
+    host.settings().sync();
+    QVERIFY(QFile::exists(file));
+}
+
+void TestStandInSettings::emptyKeyDisturbsNothing()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("settings.ini");
+    {
+        StandInHost host(file);
+        host.setPrefInt("info/RecTimeUnit", 2);
+        host.setPrefInt(QString(), 5);
+        QCOMPARE(host.getPrefInt(QString(), QVariant()), 5);
+        host.removePref(QString());
+        QCOMPARE(host.getPrefInt(QString(), QVariant()), 0);
+    }
+    QCOMPARE(StandInHost(file).getPrefInt("info/RecTimeUnit", QVariant()), 2);
+}
+
+void TestStandInSettings::defaultOfEveryKey_data()
+{
+    QTest::addColumn<QString>("key");
+    const QStringList keys = StandInDefaults::keys();
+    for (const QString &key : keys)
+        QTest::newRow(qPrintable(key)) << key;
+}
+
+void TestStandInSettings::defaultOfEveryKey()
+{
+    QFETCH(QString, key);
+    QVERIFY(StandInDefaults::valueOf(key).isValid());
+    QVERIFY2(key.contains('/'), "group and name");
+}
+
+void TestStandInSettings::defaultsThatOthersRelyOn()
+{
+    const QVector<QPair<QString, QVariant>> expected{
+        {"cameraconnection/AddIPDefault", "192.168.0.10"},
+        {"cameraconnection/SearchIP", "192.168.0.0"},
+        {"convert/dir", ""},
+        {"convert/kv/datanameaddnumber", false},
+        {"customize/unitSystem", 1},
+        {"devicemanager/connectedCameraOnlyShowing", false},
+        {"display/language", "en"},
+        {"display/outputLanguage", "en"},
+        {"display/DisplayWithRealBitDepth", false},
+        {"env/style", "light"},
+        {"export/filenameaddnumbersessionnodigits", 4},
+        {"export/filenameusecustomfromtargetkey", -1},
+        {"export/groupdir", false},
+        {"export/groupdiraddnumberformat", "auto"},
+        {"export/inf_testno", ""},
+        {"export/kv/datanameaddnumbercameranodigits", 3},
+        {"export/media", "file"},
+        {"export/singlepath", true},
+        {"export/skipsaveframe", 1},
+        {"import/dir", ""},
+        {"info/BlankLine", true},
+        {"info/FontSize", "12"},
+        {"info/RecTimeUnit", 0},
+        {"layout/subdirname", ""},
+        {"main/scrno", 0},
+        {"qcfg/filenameasoriginal", true},
+        {"recording/AutoDownload", false},
+        {"report/groupdirname", ""},
+        {"save/EnableBlankFilename", false},
+        {"saveinfo/ColumnSpacing6", 10},
+        {"saveinfo/FixedFontSizeRatioBaseResolution0", QSize(-1, -1)},
+        {"saveinfo/WithinImage", true},
+        {"snap/filename", ""},
+        {"support/dir", ""},
+        {"usercustom/cameraNameFilePath", ""},
+        {"xml/dir", ""},
+    };
+    for (const auto &entry : expected)
+        QCOMPARE(StandInDefaults::valueOf(entry.first), entry.second);
+    // A kind of save has no default for what it does not have.
+    QVERIFY(!StandInDefaults::valueOf("layout/groupdir").isValid());
+    QVERIFY(!StandInDefaults::valueOf("saveinfo/FontName").isValid());
+}
+
+void TestStandInSettings::informationDisplayFollowsTheTable()
+{
+    StandInHost host;
+    const QStringList live = host.infoItemDefaultDisplay().split(',');
+    QCOMPARE(live.mid(0, 6), QStringList({"SyncSignalState:true", "CameraState:true",
+                                          "ElapsedTime:true", "<hr>", "Camera name:true", "<hr>"}));
+    QVERIFY(!live.contains("File name:true")); // offered in the save form only
+    QVERIFY(live.contains("RecDateTime:false"));
+    QCOMPARE(host.prefDefault("info/display").toString(), host.infoItemDefaultDisplay());
+
+    const QStringList saved = host.prefDefault("saveinfo/display0").toString().split(',');
+    QCOMPARE(saved.mid(0, 5), QStringList({"Camera name:true", "File name:true", "Device:true",
+                                           "Head:true", "PartitionNumber:true"}));
+    QVERIFY(!saved.contains("<hr>"));
+}
+
+void TestStandInSettings::timeCodeKeepsWhatIsNotStored()
+{
+    StandInHost host;
+    TimeCodeRecord record;
+    record.displayUnit = "rad";
+    host.getTimeCodeSetting(record);
+    QCOMPARE(record.displayUnit, QString("rad"));
+    record.oneFrame = 1.5;
+    host.setTimeCodeSetting(record);
+    TimeCodeRecord read;
+    host.getTimeCodeSetting(read);
+    QCOMPARE(read.displayUnit, QString("rad"));
+    QCOMPARE(read.oneFrame, 1.5);
+}
+
+int main(int argc, char **argv)
+{
+    TestStandInSettings test;
+    return runTest(argc, argv, test);
+}
+
+#include "test_standin_settings.moc"
