@@ -1,0 +1,6 @@
+__attribute__((visibility("default"))) int cameraDriverVersion();
+
+int cameraDriverVersion()
+{
+    return 3;
+}

@@ -1,0 +1,6 @@
+#include "plugin/contract/PLG_Interface.h"
+
+extern "C" Q_DECL_EXPORT PLG_Interface *makeButtonPlugin()
+{
+    throw 42;
+}
