@@ -2,6 +2,7 @@
 
 StandInHost::StandInHost() : m_settings(std::make_unique<StandInSettings>()), m_prefsDialog(*this)
 {
+    qRegisterMetaType<DOCKEY>("DOCKEY"); // so that events can be queued and spied on
     m_journal.setDocumentRemover([this](DOCKEY key) { closeDocument(key); });
     m_journal.setListener([this](const QString &line) { emit m_events.callJournalled(line); });
     m_appScriptObject.setObjectName(QStringLiteral("app"));

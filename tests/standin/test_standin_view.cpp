@@ -1,0 +1,490 @@
+#include "standin/SceneRenderer.h"
+#include "standin/StandInHost.h"
+#include "tests/support/TestLog.h"
+
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QSignalSpy>
+
+class TestStandInView : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void mapsAPixelAtEachRotationAndFlip_data();
+    void mapsAPixelAtEachRotationAndFlip();
+    void mapsBackEveryPixel_data();
+    void mapsBackEveryPixel();
+    void mapPointStaysInside_data();
+    void mapPointStaysInside();
+    void mapsRectanglesAtScale();
+    void transposedAtQuarterTurns();
+    void rotationIsAFractionOfATurn();
+    void scaleFitsIntoTheView();
+    void zoomIsTheScale();
+    void binningKeepsTheSizeOnTheScreen();
+    void scaleDividerMakesThePictureSmaller();
+    void pictureIsCentredInItsView();
+    void drawnPictureLiesWhereItIsMapped();
+    void cursorPositionIsKept();
+    void imageFormatIsAnswered();
+    void zoomFactorIsThatOfTheCurrentDocument();
+    void viewStateOfAKey();
+    void eventsTellOfChanges();
+
+    void sceneMovesFromFrameToFrame();
+    void sceneShowsTheRegion();
+    void sceneIsDarkerWithAShorterExposure();
+    void sceneSmearsWhatMovesWhileItIsExposed();
+    void sceneBearsNameAndNumber();
+    void emptySceneIsNull();
+    void previewsFitTheirSize();
+    void framesAreFastEnoughForTwoViews();
+};
+
+namespace {
+
+StandInCamera *addCamera(StandInHost &host, const QSize &size)
+{
+    StandInCamera::Description description;
+    description.region = QRect(QPoint(0, 0), size);
+    return host.addCamera(description);
+}
+
+}
+
+void TestStandInView::mapsAPixelAtEachRotationAndFlip_data()
+{
+    QTest::addColumn<int>("turns");
+    QTest::addColumn<bool>("horizontal");
+    QTest::addColumn<bool>("vertical");
+    QTest::addColumn<QPoint>("shown"); // of the image pixel (2,3) of a 40x20 picture
+
+    QTest::newRow("as it is") << 0 << false << false << QPoint(2, 3);
+    QTest::newRow("flipped left to right") << 0 << true << false << QPoint(37, 3);
+    QTest::newRow("flipped top to bottom") << 0 << false << true << QPoint(2, 16);
+    QTest::newRow("flipped both ways") << 0 << true << true << QPoint(37, 16);
+    // A quarter clockwise: the top row becomes the right column.
+    QTest::newRow("90") << 1 << false << false << QPoint(16, 2);
+    QTest::newRow("90, left to right") << 1 << true << false << QPoint(3, 2);
+    QTest::newRow("90, top to bottom") << 1 << false << true << QPoint(16, 37);
+    QTest::newRow("90, both") << 1 << true << true << QPoint(3, 37);
+    QTest::newRow("180") << 2 << false << false << QPoint(37, 16);
+    QTest::newRow("180, left to right") << 2 << true << false << QPoint(2, 16);
+    QTest::newRow("180, top to bottom") << 2 << false << true << QPoint(37, 3);
+    QTest::newRow("180, both") << 2 << true << true << QPoint(2, 3);
+    QTest::newRow("270") << 3 << false << false << QPoint(3, 37);
+    QTest::newRow("270, left to right") << 3 << true << false << QPoint(16, 37);
+    QTest::newRow("270, top to bottom") << 3 << false << true << QPoint(3, 2);
+    QTest::newRow("270, both") << 3 << true << true << QPoint(16, 2);
+}
+
+void TestStandInView::mapsAPixelAtEachRotationAndFlip()
+{
+    QFETCH(int, turns);
+    QFETCH(bool, horizontal);
+    QFETCH(bool, vertical);
+    QFETCH(QPoint, shown);
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(40, 20));
+    camera->setQuarterTurns(turns);
+    camera->setFlips(horizontal, vertical);
+    QCOMPARE(camera->mapRect(QRect(2, 3, 1, 1)), QRect(shown, QSize(1, 1)));
+    QCOMPARE(camera->mapPoint(shown, true), QPoint(2, 3));
+}
+
+void TestStandInView::mapsBackEveryPixel_data()
+{
+    QTest::addColumn<double>("zoom");
+    for (double zoom : {1.0, 2.0, 3.7})
+        QTest::newRow(qPrintable(QString::number(zoom))) << zoom;
+}
+
+void TestStandInView::mapsBackEveryPixel()
+{
+    QFETCH(double, zoom);
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(24, 16));
+    camera->setZoom(zoom);
+    host.setJournalEnabled(false);
+    for (int way = 0; way < 16; ++way) {
+        camera->setQuarterTurns(way / 4);
+        camera->setFlips(way & 1, way & 2);
+        for (int x = 0; x < 24; ++x) {
+            for (int y = 0; y < 16; ++y) {
+                const QRect shown = camera->mapRect(QRect(x, y, 1, 1));
+                QCOMPARE(camera->mapPoint(shown.center(), true), QPoint(x, y));
+            }
+        }
+    }
+}
+
+void TestStandInView::mapPointStaysInside_data()
+{
+    QTest::addColumn<QPoint>("view");
+    QTest::addColumn<QPoint>("image");
+    QTest::newRow("first pixel") << QPoint(0, 0) << QPoint(0, 0);
+    QTest::newRow("last pixel") << QPoint(39, 19) << QPoint(39, 19);
+    QTest::newRow("left of it") << QPoint(-1, 5) << QPoint(0, 5);
+    QTest::newRow("above") << QPoint(5, -100) << QPoint(5, 0);
+    QTest::newRow("right of it") << QPoint(40, 5) << QPoint(39, 5);
+    QTest::newRow("below") << QPoint(5, 20) << QPoint(5, 19);
+    QTest::newRow("far away") << QPoint(INT_MAX, INT_MIN) << QPoint(39, 0);
+}
+
+void TestStandInView::mapPointStaysInside()
+{
+    QFETCH(QPoint, view);
+    QFETCH(QPoint, image);
+    StandInHost host;
+    QCOMPARE(addCamera(host, QSize(40, 20))->mapPoint(view, true), image);
+}
+
+void TestStandInView::mapsRectanglesAtScale()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(40, 20));
+    camera->setZoom(2.0);
+    QCOMPARE(camera->mapRect(QRect(3, 4, 5, 6)), QRect(6, 8, 10, 12));
+    camera->setQuarterTurns(1); // 20 wide, 40 high
+    QCOMPARE(camera->mapRect(QRect(3, 4, 5, 6)), QRect(2 * (20 - 10), 6, 12, 10));
+    camera->setZoom(0.5);
+    camera->setQuarterTurns(0);
+    QCOMPARE(camera->mapRect(QRect(4, 4, 8, 4)), QRect(2, 2, 4, 2));
+    QCOMPARE(camera->mapRect(QRect(4, 4, 1, 1)), QRect(2, 2, 1, 1)); // never empty
+    QCOMPARE(camera->mapRect(QRect(5, 5, 1, 1)), QRect(2, 2, 1, 1));
+}
+
+void TestStandInView::transposedAtQuarterTurns()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(40, 20));
+    const bool expected[] = {false, true, false, true};
+    for (int turns = 0; turns < 4; ++turns) {
+        camera->setQuarterTurns(turns);
+        QCOMPARE(camera->isTransposed(), expected[turns]);
+        QCOMPARE(camera->imageSize(), QSize(40, 20)); // the image itself is not turned
+    }
+}
+
+void TestStandInView::rotationIsAFractionOfATurn()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    const float expected[] = {0.0f, 0.25f, 0.5f, 0.75f};
+    for (int turns = 0; turns < 4; ++turns) {
+        camera->setQuarterTurns(turns);
+        QCOMPARE(camera->viewRotation(), expected[turns]);
+        QCOMPARE(host.rotation(1), expected[turns]);
+    }
+    camera->setQuarterTurns(-1);
+    QCOMPARE(camera->viewRotation(), 0.75f);
+    camera->setQuarterTurns(6);
+    QCOMPARE(camera->viewRotation(), 0.5f);
+}
+
+void TestStandInView::scaleFitsIntoTheView()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(400, 200));
+    QCOMPARE(camera->viewScale(true), 1.0f); // shown nowhere
+    camera->setViewSize(QSize(200, 200));
+    QCOMPARE(camera->viewScale(true), 0.5f);
+    camera->setQuarterTurns(1); // 200 wide, 400 high
+    QCOMPARE(camera->viewScale(true), 0.5f);
+    camera->setViewSize(QSize(400, 1200));
+    QCOMPARE(camera->viewScale(true), 2.0f);
+    camera->setZoom(-1.0); // as 0: fit
+    QCOMPARE(camera->viewScale(true), 2.0f);
+}
+
+void TestStandInView::zoomIsTheScale()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(400, 200));
+    camera->setViewSize(QSize(200, 200));
+    camera->setZoom(3.0);
+    QCOMPARE(camera->viewScale(true), 3.0f);
+}
+
+void TestStandInView::binningKeepsTheSizeOnTheScreen()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(400, 200));
+    camera->setZoom(1.5);
+    camera->setBinningLevel(2);
+    QCOMPARE(camera->binningLevel(), 2); // the exponent: 4
+    QCOMPARE(camera->imageSize(), QSize(100, 50));
+    QCOMPARE(camera->frame(0).size(), QSize(100, 50));
+    QCOMPARE(camera->viewScale(true), 6.0f);
+    QCOMPARE(camera->mapRect(QRect(0, 0, 100, 50)), QRect(0, 0, 600, 300));
+    camera->setBinningLevel(1);
+    QCOMPARE(camera->imageSize(), QSize(200, 100));
+    QCOMPARE(camera->viewScale(true), 3.0f);
+}
+
+void TestStandInView::scaleDividerMakesThePictureSmaller()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(400, 200));
+    camera->state().scaleDivider = 2;
+    QCOMPARE(camera->scaleDivider(), 2);
+    QVERIFY(!camera->hasScaleDivider(false));
+    QVERIFY(!camera->usesScaleDivider(false));
+    QCOMPARE(camera->imageSize(), QSize(400, 200));
+    camera->state().hasScaleDivider = true;
+    camera->state().usesScaleDivider = true;
+    QVERIFY(camera->hasScaleDivider(false));
+    QVERIFY(camera->usesScaleDivider(false));
+    QCOMPARE(camera->imageSize(), QSize(200, 100));
+}
+
+void TestStandInView::pictureIsCentredInItsView()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(400, 200));
+    camera->setViewSize(QSize(200, 200));
+    QCOMPARE(camera->mapRect(QRect(0, 0, 400, 200)), QRect(0, 50, 200, 100));
+    QCOMPARE(camera->mapPoint(QPoint(0, 0), true), QPoint(1, 0)); // above the picture
+    QCOMPARE(camera->mapPoint(QPoint(100, 100), true), QPoint(201, 101));
+}
+
+void TestStandInView::drawnPictureLiesWhereItIsMapped()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(40, 20));
+    QImage picture(40, 20, QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    picture.setPixelColor(2, 3, Qt::white);
+    for (int way = 0; way < 16; ++way) {
+        camera->setQuarterTurns(way / 4);
+        camera->setFlips(way & 1, way & 2);
+        camera->setZoom(2.0);
+        QImage view(80, 80, QImage::Format_RGB32);
+        view.fill(Qt::black);
+        QPainter painter(&view);
+        painter.setTransform(camera->geometry().transform());
+        painter.drawImage(0, 0, picture);
+        painter.end();
+        const QRect place = camera->mapRect(QRect(2, 3, 1, 1));
+        for (int x = 0; x < 80; ++x) {
+            for (int y = 0; y < 80; ++y)
+                QCOMPARE(view.pixelColor(x, y) == QColor(Qt::white), place.contains(x, y));
+        }
+    }
+}
+
+void TestStandInView::cursorPositionIsKept()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    QCOMPARE(camera->cursorPosition(), QPoint(0, 0));
+    camera->reportCursorPosition(QPoint(7, 8));
+    QCOMPARE(camera->cursorPosition(), QPoint(7, 8));
+}
+
+void TestStandInView::imageFormatIsAnswered()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    camera->state().imageFormat = {16, 12};
+    ImageFormat format;
+    QVERIFY(camera->imageFormat(format));
+    QCOMPARE(format.bits, 16);
+    QCOMPARE(format.realBits, 12);
+    camera->state().hasImageFormat = false;
+    format = {1, 2};
+    QVERIFY(!camera->imageFormat(format));
+    QCOMPARE(format.bits, 1);
+    QCOMPARE(format.realBits, 2);
+}
+
+void TestStandInView::zoomFactorIsThatOfTheCurrentDocument()
+{
+    StandInHost host;
+    QCOMPARE(host.zoomFactor(0), 0.0f);
+    host.addCamera();
+    host.addCamera()->setZoom(2.5);
+    QCOMPARE(host.zoomFactor(0), 0.0f); // fit to the window
+    host.setCurrentDoc(2, true);
+    QCOMPARE(host.zoomFactor(0), 2.5f);
+}
+
+void TestStandInView::viewStateOfAKey()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    camera->setFlips(true, false);
+    QVERIFY(host.flipHorizontal(1));
+    QVERIFY(!host.flipVertical(1));
+    QVERIFY(camera->isFlippedHorizontally());
+    QVERIFY(!camera->isFlippedVertically());
+    camera->setFlips(false, true);
+    QVERIFY(!host.flipHorizontal(1));
+    QVERIFY(host.flipVertical(1));
+    QVERIFY(!host.flipVertical(9));
+    QCOMPARE(host.rotation(9), 0.0f);
+    QVERIFY(!host.isDisplayInfoShowing());
+    host.setDisplayInfoShowing(true);
+    QVERIFY(host.isDisplayInfoShowing());
+    QVERIFY(!host.isViewCycling());
+    host.state().isViewCycling = true;
+    QVERIFY(host.isViewCycling());
+}
+
+void TestStandInView::eventsTellOfChanges()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    QSignalSpy spy(host.events(), &StandInEvents::viewChanged);
+    camera->setQuarterTurns(1);
+    camera->setFlips(true, true);
+    camera->setZoom(2);
+    camera->setBinningLevel(1);
+    camera->setViewSize(QSize(10, 10));
+    camera->setViewSize(QSize(10, 10)); // as it is
+    QCOMPARE(spy.count(), 5);
+}
+
+void TestStandInView::sceneMovesFromFrameToFrame()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    const QImage first = camera->frame(10);
+    QCOMPARE(first.size(), QSize(640, 480));
+    QVERIFY(first == camera->frame(10));
+    QVERIFY(first != camera->frame(11));
+}
+
+void TestStandInView::sceneShowsTheRegion()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(1024, 1024));
+    // A part of the sensor shows what the whole picture shows there, but for the texts over it.
+    const QRect part(500, 400, 200, 160);
+    const QRect free(10, 40, 180, 100);
+    const QImage whole = camera->frame(5).copy(part).copy(free);
+    camera->setSensorRegion(part);
+    const QImage alone = camera->frame(5).copy(free);
+    int different = 0;
+    for (int x = 0; x < free.width(); ++x) {
+        for (int y = 0; y < free.height(); ++y)
+            different += whole.pixel(x, y) != alone.pixel(x, y);
+    }
+    QVERIFY2(different < free.width() * free.height() / 100,
+             qPrintable(QString::number(different)));
+}
+
+void TestStandInView::sceneIsDarkerWithAShorterExposure()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    const QPoint ground(320, 426); // the line that the ball falls on
+    const int bright = camera->frame(0).pixelColor(ground).value();
+    camera->setShutterSpeed(8000);
+    const int dark = camera->frame(0).pixelColor(ground).value();
+    QVERIFY2(dark < bright * 2 / 3, qPrintable(QStringLiteral("%1 %2").arg(bright).arg(dark)));
+    QVERIFY(dark > 20);
+    QCOMPARE(SceneRenderer::exposureGain(1000), 1.0);
+    QVERIFY(SceneRenderer::exposureGain(500) > 1.0);
+    QVERIFY(SceneRenderer::exposureGain(0) > 1.0); // no division by it
+}
+
+void TestStandInView::sceneSmearsWhatMovesWhileItIsExposed()
+{
+    // The ball is the only red thing: its area grows with the exposure.
+    const auto redPixels = [](uint shutterSpeed) {
+        SceneRenderer scene;
+        scene.region = QRect(192, 272, 640, 480);
+        scene.frame = 20;
+        scene.recordRate = 50;
+        scene.shutterSpeed = shutterSpeed;
+        const QImage image = scene.render();
+        int count = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y) {
+                const QColor color = image.pixelColor(x, y);
+                count += color.red() > 30 && 2 * color.red() > 3 * color.green();
+            }
+        }
+        return count;
+    };
+    const int sharp = redPixels(100000);
+    const int smeared = redPixels(50);
+    QVERIFY2(sharp > 2500, qPrintable(QString::number(sharp))); // a disc of 64 pixels: 3217
+    QVERIFY2(smeared > sharp * 5 / 4, qPrintable(QStringLiteral("%1 %2").arg(sharp).arg(smeared)));
+}
+
+void TestStandInView::sceneBearsNameAndNumber()
+{
+    SceneRenderer scene;
+    scene.region = QRect(192, 272, 640, 480);
+    scene.caption = "A";
+    const QImage first = scene.render();
+    scene.caption = "B";
+    const QRect left(0, 0, 320, 30);
+    const QRect right(320, 0, 320, 30);
+    QVERIFY(first.copy(left) != scene.render().copy(left));
+    QVERIFY(first.copy(right) == scene.render().copy(right));
+
+    // The timing bar fills over a hundred frames.
+    const auto bar = [&](quint64 frame) {
+        scene.frame = frame;
+        const QImage image = scene.render();
+        int filled = 0;
+        while (filled < 640 && image.pixelColor(filled, 479).green() > 100)
+            ++filled;
+        return filled;
+    };
+    QCOMPARE(bar(0), 6); // 640 * 1 / 100
+    QCOMPARE(bar(49), 320);
+    QCOMPARE(bar(99), 640);
+    QCOMPARE(bar(100), 6);
+}
+
+void TestStandInView::emptySceneIsNull()
+{
+    SceneRenderer scene;
+    scene.picture = QSize(0, 10);
+    QVERIFY(scene.render().isNull());
+    scene.picture = QSize(10, 10);
+    scene.region = QRect();
+    QVERIFY(scene.render().isNull());
+    scene.region = QRect(0, 0, 1, 1);
+    scene.picture = QSize(1, 1);
+    scene.recordRate = 0;
+    scene.shutterSpeed = 0;
+    QCOMPARE(scene.render().size(), QSize(1, 1));
+}
+
+void TestStandInView::previewsFitTheirSize()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    QCOMPARE(camera->previewPixmap(1, 320, 320, 1, false, QDateTime()).size(), QSize(320, 240));
+    QCOMPARE(camera->documentThumbnail(1, 64, 480, 1, 0, QDateTime()).size(), QSize(64, 48));
+    QVERIFY(camera->previewPixmap(1, 0, 10, 1, false, QDateTime()).isNull());
+    QVERIFY(host.addGroup("none", {})->previewPixmap(1, 9, 9, 1, false, QDateTime()).isNull());
+    QCOMPARE(camera->documentResolution(1, 1, true), QSize(640, 480));
+}
+
+void TestStandInView::framesAreFastEnoughForTwoViews()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    constexpr int Frames = 50;
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < Frames; ++i)
+        camera->frame(quint64(i));
+    const double msec = double(timer.elapsed()) / Frames;
+    QVERIFY2(msec < 20.0, qPrintable(QString::number(msec))); // two views, 25 pictures a second
+}
+
+int main(int argc, char **argv)
+{
+    TestStandInView test;
+    return runTest(argc, argv, test);
+}
+
+#include "test_standin_view.moc"
