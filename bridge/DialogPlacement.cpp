@@ -6,17 +6,13 @@
 #include <QDialog>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QWindow>
 
 namespace {
 
-QScreen *screenFor(int number, QDialog *dialog)
+int screenNumberOf(const QDialog *dialog, const QList<QScreen *> &screens)
 {
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    if (number >= 0 && number < screens.size())
-        return screens.at(number);
-    QScreen *own = QGuiApplication::screenAt(dialog->geometry().center());
-    return own ? own : QGuiApplication::primaryScreen();
+    QScreen *screen = QGuiApplication::screenAt(dialog->geometry().center());
+    return std::max(0, screens.indexOf(screen ? screen : QGuiApplication::primaryScreen()));
 }
 
 }
@@ -25,13 +21,27 @@ void centerDialog(HostServices *host, QDialog *dialog)
 {
     if (!dialog || host->mainWidget())
         return;
-    const int number = host->getPrefInt(Keys::application.screenNumber, QVariant());
-    QScreen *screen = screenFor(number, dialog);
-    if (!screen)
+    const int wanted = host->getPrefInt(Keys::application.screenNumber, QVariant());
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    if (screens.isEmpty())
         return;
-    const QRect area = screen->geometry();
-    const QRect own = dialog->geometry();
-    const int x = ((area.right() - area.left()) - (own.right() - own.left())) / 2 + area.left();
-    const int y = ((area.bottom() - area.top()) - (own.bottom() - own.top())) / 2 + area.top();
-    dialog->move(x, y);
+    const int number =
+        DialogPlacement::screenNumber(wanted, screenNumberOf(dialog, screens), screens.size());
+    dialog->move(DialogPlacement::centered(screens.at(number)->geometry(), dialog->geometry()));
+}
+
+namespace DialogPlacement {
+
+int screenNumber(int wanted, int own, int count)
+{
+    return wanted >= 0 && wanted < count ? wanted : own;
+}
+
+QPoint centered(const QRect &screen, const QRect &window)
+{
+    const int x = ((screen.right() - screen.left()) - (window.right() - window.left())) / 2;
+    const int y = ((screen.bottom() - screen.top()) - (window.bottom() - window.top())) / 2;
+    return QPoint(x + screen.left(), y + screen.top());
+}
+
 }

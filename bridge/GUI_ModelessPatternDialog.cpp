@@ -1,5 +1,7 @@
 #include "bridge/GUI_ModelessPatternDialog.h"
 
+#include "plugin/contract/HostGuard.h"
+
 #include <QPointer>
 #include <QShowEvent>
 
@@ -12,10 +14,12 @@ void GUI_ModelessPatternDialog::modeChanged(int) {}
 
 void GUI_ModelessPatternDialog::done(int result)
 {
-    if (!mayFinish())
+    // The page may have closed it from script, where no failure may arrive.
+    HostServices *services = host();
+    if (!guarded(services, false, [&] { return mayFinish(); }))
         return;
     QPointer<GUI_ModelessPatternDialog> self(this); // the tool may go with its last dialog
-    emit closed();
+    guarded(services, [&] { emit closed(); });
     if (self)
         GUI_WebViewDialog::done(result);
 }
@@ -24,5 +28,5 @@ void GUI_ModelessPatternDialog::showEvent(QShowEvent *event)
 {
     GUI_WebViewDialog::showEvent(event);
     if (!event->spontaneous())
-        emit shown();
+        guarded(host(), [&] { emit shown(); });
 }

@@ -1,9 +1,9 @@
 #include "bridge/GUI_WebPage.h"
 
+#include "bridge/EmbeddedWidgets.h"
 #include "foundation/Keys.h"
 #include "plugin/contract/HostGuard.h"
 
-#include <QEvent>
 #include <QHash>
 #include <QWidget>
 
@@ -32,36 +32,9 @@ QString pluginOf(const QString &classid)
 
 }
 
-GUI_WebPage::GUI_WebPage(HostServices *host, QObject *parent) : QWebPage(parent), m_host(host) {}
-
-GUI_WebPage::~GUI_WebPage()
+GUI_WebPage::GUI_WebPage(HostServices *host, QObject *parent)
+    : QWebPage(parent), m_host(host), m_embedded(new EmbeddedWidgets(this))
 {
-    releaseEmbeddedWidgets();
-}
-
-void GUI_WebPage::releaseEmbeddedWidgets()
-{
-    for (const QPointer<QWidget> &widget : qAsConst(m_embedded)) {
-        if (!widget)
-            continue;
-        widget->removeEventFilter(this);
-        widget->setParent(nullptr);
-    }
-    m_embedded.clear();
-}
-
-bool GUI_WebPage::eventFilter(QObject *watched, QEvent *event)
-{
-    // The engine deletes a widget whose tag has gone; the widget is the host's.
-    if (event->type() == QEvent::DeferredDelete) {
-        auto *widget = static_cast<QWidget *>(watched);
-        if (m_embedded.removeOne(widget)) {
-            widget->removeEventFilter(this);
-            widget->setParent(nullptr);
-            return true;
-        }
-    }
-    return QWebPage::eventFilter(watched, event);
 }
 
 QObject *GUI_WebPage::createPlugin(const QString &classid, const QUrl &, const QStringList &,
@@ -69,11 +42,8 @@ QObject *GUI_WebPage::createPlugin(const QString &classid, const QUrl &, const Q
 {
     QObject *object =
         guarded(m_host, static_cast<QObject *>(nullptr), [&] { return hostWidget(classid); });
-    auto *widget = qobject_cast<QWidget *>(object);
-    if (widget && !m_embedded.contains(widget)) {
-        widget->installEventFilter(this);
-        m_embedded.append(widget);
-    }
+    if (auto *widget = qobject_cast<QWidget *>(object))
+        m_embedded->add(widget, classid);
     return object;
 }
 

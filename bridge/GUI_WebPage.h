@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QList>
-#include <QPointer>
 #include <QWebPage>
 
+class EmbeddedWidgets;
 class HostServices;
 
 /// A page of the application's user interface.
@@ -13,17 +12,11 @@ class GUI_WebPage : public QWebPage
 
 public:
     GUI_WebPage(HostServices *host, QObject *parent);
-    ~GUI_WebPage() override;
-
-    /// Takes the native widgets that stand in the page out of it, hidden and without a parent: they
-    /// belong to the host, and live on when the page goes.
-    void releaseEmbeddedWidgets();
-
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
     /// The native widget behind an object tag: "mdi" is the multi-document area, the others belong
-    /// to plug-ins. Null for an unknown class id or without the plug-in.
+    /// to plug-ins. Null for an unknown class id, without the plug-in, or when the host fails. The
+    /// widget stays the host's: it lives on when its tag, the page or the view goes.
     QObject *createPlugin(const QString &classid, const QUrl &url, const QStringList &paramNames,
                           const QStringList &paramValues) override;
 
@@ -35,5 +28,5 @@ private:
     QObject *hostWidget(const QString &classid);
 
     HostServices *m_host;
-    QList<QPointer<QWidget>> m_embedded;
+    EmbeddedWidgets *m_embedded; ///< child of the page
 };

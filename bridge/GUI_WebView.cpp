@@ -11,8 +11,6 @@ GUI_WebView::GUI_WebView(HostServices *host, QWidget *parent) : QWebView(parent)
 
 GUI_WebView::~GUI_WebView()
 {
-    // Before the view deletes its children, among which they stand.
-    static_cast<GUI_WebPage *>(page())->releaseEmbeddedWidgets();
     if (m_inspector) {
         m_inspector->close();
         delete m_inspector;

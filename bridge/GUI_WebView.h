@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QWebView>
+#include <QWidget>
 
 class HostServices;
 
@@ -16,11 +17,18 @@ public:
     GUI_WebView(HostServices *host, QWidget *parent);
     ~GUI_WebView() override;
 
+protected:
+    /// Shown by showCustomContextMenu(); empty until a subclass fills it.
+    QMenu &menu() { return m_menu; }
+
+    /// The view closes and deletes it when it goes.
+    void setInspector(QWidget *inspector) { m_inspector = inspector; }
+
 private slots:
     void showCustomContextMenu(const QPoint &pos);
     void execWebInspector();
 
 private:
     QMenu m_menu;
-    QPointer<QWidget> m_inspector; ///< owned; nothing creates one yet
+    QPointer<QWidget> m_inspector; ///< owned; null until a subclass sets one
 };

@@ -18,12 +18,13 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostServices *host, const QString &title, c
                                      JS_Mediator_Dialog *mediator, QWidget *parent)
     : GUI_Dialog(parent, Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint | Qt::WindowTitleHint,
                  true),
-      m_host(host), m_mediator(mediator), m_layout(new QVBoxLayout),
+      m_host(host), m_mediator(mediator), m_layout(new QVBoxLayout(this)),
       m_webView(new GUI_WebView(host, this))
 {
+    m_entered.emplace(host);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->addWidget(m_webView);
-    setLayout(m_layout);
+    setWindowTitle(m_host->translate(title));
     connect(this, &QDialog::rejected, this, &GUI_WebViewDialog::slotRejected);
     connect(m_webView, &QWebView::loadStarted, this, &GUI_WebViewDialog::loadStarted);
     connect(m_webView, &QWebView::loadProgress, this, &GUI_WebViewDialog::loadProgress);
@@ -32,22 +33,15 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostServices *host, const QString &title, c
         connect(mediator, &JS_Mediator_Dialog::accept, this, &QDialog::accept);
         connect(mediator, &JS_Mediator_Dialog::reject, this, &QDialog::reject);
     }
-    announce();
-    try {
-        setWindowTitle(m_host->translate(title));
-        if (m_mediator)
-            m_host->attachMediator(m_webView, mediator);
-    } catch (...) {
-        leave();
-        throw;
-    }
+    if (m_mediator)
+        m_host->attachMediator(m_webView, mediator);
     m_webView->load(QUrl(url));
 }
 
 GUI_WebViewDialog::~GUI_WebViewDialog()
 {
     m_heldWhileLoading.reset();
-    leave();
+    m_entered.reset();
     m_mediator.reset();
     m_extraMediators.clear();
 }
@@ -74,10 +68,10 @@ void GUI_WebViewDialog::rejectOnClose(const QString &scope, QCloseEvent *event)
 
 void GUI_WebViewDialog::slotRejected()
 {
-    if (m_mediator) {
-        JS_Mediator_Dialog *mediator = m_mediator.get();
-        PageSignal::send(mediator, [mediator] { emit mediator->rejected(); });
-    }
+    JS_Mediator_Dialog *mediator = m_mediator.get();
+    if (!mediator)
+        return;
+    guarded(m_host, [&] { PageSignal::send(mediator, [&] { emit mediator->rejected(); }); });
 }
 
 void GUI_WebViewDialog::loadStarted()
@@ -102,22 +96,4 @@ void GUI_WebViewDialog::loadFinished(bool ok)
     m_heldWhileLoading.reset();
     if (m_refreshOnLoad)
         guarded(m_host, [&] { m_host->updateUI(~0u, true); });
-}
-
-void GUI_WebViewDialog::announce()
-{
-    if (!m_host->needsDialogEnterNotice())
-        return;
-    m_host->notifyDialogEntered();
-    m_notifiedHost = true;
-}
-
-void GUI_WebViewDialog::leave()
-{
-    if (!m_notifiedHost)
-        return;
-    guarded(m_host, [&] {
-        if (!m_host->isDialogExitSuppressed())
-            m_host->notifyDialogLeft();
-    });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bridge/DeterUpdateScope.h"
+#include "bridge/DialogEnterScope.h"
 #include "bridge/GUI_Dialog.h"
 
 #include <QList>
@@ -25,12 +26,13 @@ class GUI_WebViewDialog : public GUI_Dialog
 
 public:
     /// `title` is an English source text, translated by the host. `mediator` passes into the
-    /// dialog's ownership and may be null.
+    /// dialog's ownership and may be null. Throws what the host throws; the mediator is gone then.
     GUI_WebViewDialog(HostServices *host, const QString &title, const QString &url,
                       JS_Mediator_Dialog *mediator, QWidget *parent);
     ~GUI_WebViewDialog() override;
 
-    /// Shows a further mediator to the page; it passes into the dialog's ownership.
+    /// Shows a further mediator to the page; it passes into the dialog's ownership. Throws what the
+    /// host throws.
     void addMediator(JS_Mediator *mediator);
 
     JS_Mediator_Dialog *mediator() const { return m_mediator.get(); }
@@ -54,15 +56,12 @@ private slots:
     void loadFinished(bool ok);
 
 private:
-    void announce();
-    void leave();
-
     HostServices *m_host;
     std::unique_ptr<JS_Mediator_Dialog> m_mediator;
     std::vector<std::unique_ptr<JS_Mediator>> m_extraMediators;
     QVBoxLayout *m_layout;
     GUI_WebView *m_webView;
-    bool m_notifiedHost = false;
+    std::optional<DialogEnterScope> m_entered;
     bool m_refreshOnLoad = true;
     std::optional<DeterUpdateScope> m_heldWhileLoading;
 };

@@ -12,10 +12,12 @@
 #include <QDialog>
 #include <QEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QWebFrame>
 #include <QWebPage>
 #include <QtDebug>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -206,7 +208,7 @@ QString JS_Mediator::load(const QString &fileName)
 {
     const QString path = QLatin1String(":/") + fileName;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         qWarning() << "not found" << path;
         return QString();
     }

@@ -114,14 +114,16 @@ void JS_Mediator::openPrefsEthernetSettings()
 void JS_Mediator::openExportSupportFileDialog()
 {
     OperationLogScope scope(QLatin1String("JS_Mediator::openExportSupportFileDialog"));
-    guarded(m_host, [&] {
-        if (!m_host->confirm(supportFileQuestion(m_host), m_host->mainWidget(), QVariantMap()))
+    HostServices *host = m_host; // the mediator may go while the user is asked
+    guarded(host, [&] {
+        const QString question = supportFileQuestion(host);
+        if (!host->confirm(question, host->mainWidget(), QVariantMap()))
             return;
-        const QString path = askSupportFilePath(m_host);
+        const QString path = askSupportFilePath(host);
         if (path.isEmpty())
             return;
-        guarded(m_host, [&] { writeSupportFile(m_host, path); });
-        m_host->setPref(Keys::application.supportDir, QFileInfo(path).absolutePath());
+        guarded(host, [&] { writeSupportFile(host, path); });
+        host->setPref(Keys::application.supportDir, QFileInfo(path).absolutePath());
     });
 }
 
