@@ -143,7 +143,7 @@ public:
     bool isTransactionOpen(const QString &tool) const { return m_transactions.contains(tool); }
 
     /// Takes a plug-in in, which stays the caller's: setHost() comes first, then its translations
-    /// are looked for.
+    /// are looked for. When it is deleted the host forgets it.
     void addPlugin(PLG_Interface *plugin);
 
     /// Closes the plug-in and forgets it, with its translations. Nothing for one that is not here.
@@ -477,6 +477,7 @@ private:
 
     PLG_Interface *findPlugin(const QString &name) const;
     void leavePlugin(PLG_Interface *plugin, bool close);
+    void forgetPlugin(PLG_Interface *plugin);
 
     template <class Document> Document *addDocument(std::unique_ptr<Document> document);
     QList<DOCKEY> allKeys() const;

@@ -2,6 +2,7 @@
 
 #include "bridge/GUI_WebView.h"
 #include "bridge/JS_Mediator.h"
+#include "foundation/InfoItems.h"
 #include "plugin/contract/PLG_Interface.h"
 
 #include <QCoreApplication>
@@ -478,7 +479,14 @@ QString StandInHost::infoItemDefaultDisplay()
 QString StandInHost::infoItemLabel(const QString &id)
 {
     asked("infoItemLabel", id);
-    return m_state.infoItemLabels.value(id, id);
+    const auto own = m_state.infoItemLabels.find(id);
+    if (own != m_state.infoItemLabels.end())
+        return *own;
+    for (const InfoItem &item : infoItems) {
+        if (!item.label.isEmpty() && item.key == id)
+            return item.label;
+    }
+    return id;
 }
 
 QStringList StandInHost::fontFamilyList()

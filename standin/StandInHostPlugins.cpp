@@ -2,6 +2,10 @@
 
 #include "plugin/contract/PLG_Interface.h"
 
+namespace {
+constexpr int DialogTool = 6; // the check kind of a tool that is on while its dialog is shown
+}
+
 PLG_Interface *StandInHost::findPlugin(const QString &name) const
 {
     for (PLG_Interface *plugin : m_plugins) {
@@ -17,6 +21,13 @@ void StandInHost::addPlugin(PLG_Interface *plugin)
         return;
     plugin->setHost(this);
     m_plugins.append(plugin);
+    // A tool that is deleted without a word is forgotten, and not asked any more.
+    QObject::connect(plugin, &QObject::destroyed, &m_events, [this, plugin] {
+        m_openPlugins.removeAll(plugin);
+        if (m_currentPlugin == plugin)
+            m_currentPlugin = nullptr;
+        forgetPlugin(plugin);
+    });
     m_translations.add(plugin, pref(QStringLiteral("display/language"), QVariant()).toString());
     emit m_events.pluginsChanged();
 }
@@ -26,6 +37,12 @@ void StandInHost::removePlugin(PLG_Interface *plugin)
     if (!m_plugins.contains(plugin))
         return;
     leavePlugin(plugin, true);
+    QObject::disconnect(plugin, nullptr, &m_events, nullptr);
+    forgetPlugin(plugin);
+}
+
+void StandInHost::forgetPlugin(PLG_Interface *plugin)
+{
     m_plugins.removeAll(plugin);
     m_preparedWidgets.remove(plugin);
     m_state.embeddedWidgets.remove(plugin);
@@ -49,6 +66,8 @@ void StandInHost::leavePlugin(PLG_Interface *plugin, bool close)
         plugin->closeTool();
     if (wasCurrent)
         plugin->onClosed();
+    else if (wasOpen)
+        plugin->deactivate();
     if (wasOpen || wasCurrent)
         emit m_events.pluginsChanged();
 }
@@ -79,6 +98,11 @@ void StandInHost::openPluginByName(const QString &tool)
     if (!m_openPlugins.contains(plugin))
         m_openPlugins.append(plugin);
     plugin->activate();
+    if (plugin->checkKind() == DialogTool) {
+        if (!plugin->ensureDialog(false))
+            plugin->ensureDialog(true);
+        plugin->showDialog();
+    }
     emit m_events.pluginsChanged();
 }
 

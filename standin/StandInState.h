@@ -47,8 +47,8 @@ struct HostMainState
     bool supportFileSucceeds = true;
     bool isTrelvikWindowShown = false;
     SupportSnapshot supportSnapshot;
-    QHash<QString, QString> translations; ///< source text, translated text
-    QHash<QString, QString> infoItemLabels;
+    QHash<QString, QString> translations;   ///< source text, translated text
+    QHash<QString, QString> infoItemLabels; ///< by id; others have the label of the item table
     QStringList fontFamilies{QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif")};
     QHash<int, QString> outputFontNames; ///< by group offset minus one
     QString hostVersion = QStringLiteral("1.0.0");
