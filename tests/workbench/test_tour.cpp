@@ -1,0 +1,227 @@
+#include "tests/support/TestLog.h"
+#include "workbench/TourPictures.h"
+#include "workbench/TourReport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+namespace {
+
+struct Run
+{
+    int status = -1;
+    QString output;
+    QString errors;
+};
+
+Run runWorkbench(const QStringList &arguments, const QStringList &without = {})
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &variable : without)
+        environment.remove(variable);
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(WORKBENCH), arguments);
+    Run run;
+    if (process.waitForFinished(240000) && process.exitStatus() == QProcess::NormalExit)
+        run.status = process.exitCode();
+    run.output = QString::fromUtf8(process.readAllStandardOutput());
+    run.errors = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
+
+QStringList readLines(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly)
+               ? QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts)
+               : QStringList();
+}
+
+QPixmap colourful()
+{
+    QImage picture(60, 60, QImage::Format_RGB32);
+    for (int y = 0; y < 60; ++y) {
+        for (int x = 0; x < 60; ++x)
+            picture.setPixel(x, y, qRgb(4 * x, 4 * y, 100));
+    }
+    return QPixmap::fromImage(picture);
+}
+
+}
+
+class TestTour : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void seesEverything();
+    void failsWithoutTheTool();
+    void needsNoDisplayForTheHelp();
+    void refusesABadArgument();
+    void refusesAFolderThatCannotBeWritten();
+    void countsWhatWasNotSeen();
+    void tellsWhatWasSeenInstead();
+    void refusesABlankPicture();
+    void removesThePicturesOfAnEarlierRun();
+    void writesPicturesWhoseOrderIsNotThatOfTheirText();
+};
+
+void TestTour::seesEverything()
+{
+    QTemporaryDir dir;
+    const Run run = runWorkbench({"--tour", dir.path()});
+    QVERIFY2(run.status == 0, qPrintable(run.errors));
+
+    const QStringList lines = readLines(dir.filePath("transcript.txt"));
+    QVERIFY(lines.filter("FAILED").isEmpty());
+    // What a newcomer shall find, in this order.
+    const QStringList story = {"  seen    the module with the tool \"t_multilock\" is loaded",
+                               "  seen    label of the module's translation file: Lock Camera",
+                               "  seen    calls of setTrelvikLock(true) in the host's journal: 1",
+                               "  seen    the tool's isChecked answers true",
+                               "06-shutter: A shutter set on camera 2 arrives on camera 1",
+                               "  seen    shutter of camera 2: 1/4000 s",
+                               "  seen    shutter of camera 1: 1/4000 s",
+                               "  seen    calls of setTrelvikLock(false) in the host's journal: 1",
+                               "  seen    the tool's isChecked answers false"};
+    int at = -1;
+    for (const QString &line : story) {
+        at = lines.indexOf(line, at + 1);
+        QVERIFY2(at >= 0, qPrintable(line));
+    }
+    QVERIFY(QRegularExpression("^26 steps, \\d+ checks, 0 failed$").match(lines.last()).hasMatch());
+
+    // A picture for each step.
+    const QStringList steps = lines.filter(QRegularExpression("^\\d\\d-[a-z]+: "));
+    QCOMPARE(steps.size(), 26);
+    for (const QString &step : steps) {
+        const QImage picture(dir.filePath(step.section(':', 0, 0) + ".png"));
+        QCOMPARE(picture.size(), QSize(1280, 800));
+        QVERIFY2(!TourReport::isBlank(picture), qPrintable(step));
+    }
+}
+
+void TestTour::failsWithoutTheTool()
+{
+    QTemporaryDir dir;
+    QVERIFY(QDir(dir.path()).mkdir("empty"));
+    const Run run =
+        runWorkbench({"--tour", dir.filePath("tour"), "--plugins", dir.filePath("empty")});
+    QCOMPARE(run.status, 1);
+    QVERIFY(run.errors.contains(
+        "02-load: not seen: the module with the tool \"t_multilock\" is loaded\n"));
+    const QStringList lines = readLines(dir.filePath("tour/transcript.txt"));
+    QVERIFY(lines.contains("  FAILED  the module with the tool \"t_multilock\" is loaded"));
+    QVERIFY(lines.contains("  FAILED  a click on the tool's button"));
+    QVERIFY(lines.contains("  FAILED  shutter of camera 1: \"1/4000 s\", but it is \"1/1000 s\""));
+    // It went on to the end.
+    QVERIFY(lines.last().startsWith("26 steps, "));
+    QVERIFY(!lines.last().endsWith(" 0 failed"));
+}
+
+void TestTour::needsNoDisplayForTheHelp()
+{
+    const Run run = runWorkbench({"--help"}, {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"});
+    QCOMPARE(run.status, 0);
+    QVERIFY(run.output.contains("--tour"));
+}
+
+void TestTour::refusesABadArgument()
+{
+    const Run run = runWorkbench({"--cameras", "many"});
+    QCOMPARE(run.status, 2);
+    QVERIFY(run.errors.startsWith("--cameras wants a number"));
+}
+
+void TestTour::refusesAFolderThatCannotBeWritten()
+{
+    QTemporaryDir dir;
+    QFile file(dir.filePath("file"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const Run run = runWorkbench({"--tour", dir.filePath("file/tour")});
+    QCOMPARE(run.status, 2);
+    QVERIFY(run.errors.contains("cannot be written to"));
+}
+
+void TestTour::countsWhatWasNotSeen()
+{
+    QTemporaryDir dir;
+    TourReport report(dir.filePath("tour"));
+    QVERIFY(report.isWritable());
+    report.beginStep("lock", "A step");
+    report.check(true, "first");
+    report.check(false, "second");
+    report.finish();
+    QCOMPARE(report.failures(), 1);
+    QCOMPARE(readLines(dir.filePath("tour/transcript.txt")),
+             QStringList({"01-lock: A step", "  seen    first", "  FAILED  second",
+                          "1 steps, 2 checks, 1 failed"}));
+}
+
+void TestTour::tellsWhatWasSeenInstead()
+{
+    QTemporaryDir dir;
+    TourReport report(dir.path());
+    report.beginStep("lock", "A step");
+    report.compare("1/1000 s", "1/1000 s", "shutter");
+    QCOMPARE(report.failures(), 0);
+    report.compare("1/1000 s", "1/2000 s", "shutter");
+    QCOMPARE(report.failures(), 1);
+    QCOMPARE(readLines(dir.filePath("transcript.txt")).last(),
+             QString("  FAILED  shutter: \"1/2000 s\", but it is \"1/1000 s\""));
+}
+
+void TestTour::refusesABlankPicture()
+{
+    QTemporaryDir dir;
+    TourReport report(dir.path());
+    report.beginStep("lock", "A step");
+    report.addPicture(colourful());
+    QCOMPARE(report.failures(), 0);
+    QVERIFY(QFile::exists(dir.filePath("01-lock.png")));
+
+    QPixmap blank(60, 60);
+    blank.fill(Qt::white);
+    report.addPicture(blank, "-again");
+    QCOMPARE(report.failures(), 1);
+    report.addPicture(QPixmap(), "-null");
+    QCOMPARE(report.failures(), 2);
+}
+
+void TestTour::removesThePicturesOfAnEarlierRun()
+{
+    QTemporaryDir dir;
+    for (const char *name : {"07-old-step.png", "holiday.png", "07-notes.txt"}) {
+        QFile file(dir.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    const TourReport report(dir.path());
+    QCOMPARE(QDir(dir.path()).entryList(QDir::Files),
+             QStringList({"07-notes.txt", "holiday.png", "transcript.txt"}));
+}
+
+void TestTour::writesPicturesWhoseOrderIsNotThatOfTheirText()
+{
+    QTemporaryDir dir;
+    QVERIFY(TourPictures::write(dir.path()));
+    QStringList names = QDir(dir.path()).entryList(QDir::Files);
+    QCOMPARE(names.size(), 12);
+    names.sort();
+    QCOMPARE(names.mid(0, 4),
+             QStringList({"shot 1.png", "shot 10.png", "shot 11.png", "shot 12.jpg"}));
+    QCOMPARE(QImage(dir.filePath("shot 2.png")).pixelColor(160, 120).name(),
+             TourPictures::colour(1).name());
+}
+
+int main(int argc, char **argv)
+{
+    TestTour test;
+    return runTest(argc, argv, test);
+}
+
+#include "test_tour.moc"

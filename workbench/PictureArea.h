@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+class StandInDocument;
+
+/// The picture of a document, turned, flipped and scaled as the document says, or a text where
+/// there is none. It tells the document how large its view is.
+class PictureArea : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The document outlives the area.
+    explicit PictureArea(StandInDocument &document, QWidget *parent = nullptr);
+
+    void setPicture(const QImage &picture);
+    QImage picture() const { return m_picture; }
+
+    /// Shown in place of a picture that is null.
+    void setEmptyText(const QString &text);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    StandInDocument &m_document;
+    QImage m_picture;
+    QString m_emptyText;
+};

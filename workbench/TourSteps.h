@@ -1,0 +1,86 @@
+#pragma once
+
+#include "plugin/contract/HostTypes.h"
+
+#include <QString>
+
+#include <functional>
+
+class DocumentView;
+class MainWindow;
+class PLG_Interface;
+class QAction;
+class QComboBox;
+class QWidget;
+class StandInHost;
+class TourReport;
+class Workbench;
+
+/// The steps of the walk-through, in the order of their use. Each does what a user would do and
+/// tells the report what came of it. A step whose means are missing fails its checks and goes on.
+class TourSteps
+{
+public:
+    /// `folder` is for files of the walk-through's own.
+    TourSteps(Workbench &workbench, TourReport &report, const QString &folder);
+
+    /// All of them.
+    void walk();
+
+private:
+    // TourSteps.cpp: what all steps use.
+    void step(const QString &name, const QString &title, const std::function<void()> &body);
+    void check(bool seen, const QString &what);
+    void compare(const QString &seen, const QString &expected, const QString &what);
+    void pressAction(const char *name);
+    void pressTool();
+    void chooseView(int index);
+    void chooseSetting(const char *box, const QString &value);
+    void compareSettings(int camera, const QString &shutter, const QString &recordRate);
+    void checkLock(bool locked, int cameras);
+    PLG_Interface *lockTool() const;
+    QAction *lockAction() const;
+    QWidget *buttonOf(const QAction *action) const;
+    DocumentView *viewAt(int index) const;
+    bool isToolChecked() const;
+    bool logHolds(const QString &text) const;
+    int callsOf(const QString &call) const;
+
+    // TourStepsLock.cpp: live cameras and the lock.
+    void opens();
+    void loadsTheTool();
+    void choosesACamera();
+    void setsACameraAlone();
+    void locksTheCameras();
+    void carriesTheShutter();
+    void carriesTheRecordRate();
+    void carriesToAThirdCamera();
+    void undoesAndRedoes();
+    void movesByKeys();
+    void releasesTheCameras();
+    void followsAReleaseElsewhere();
+
+    // TourStepsRecording.cpp: recordings in cameras and files.
+    void showsTheMemory();
+    void saysThatNoRecordingIsOpen();
+    void opensAFolder();
+    void movesInARecording();
+    void playsARecording();
+    void tellsThatAFolderHasNoPictures();
+    void closesARecording();
+
+    // TourStepsWindow.cpp: tools that fail, log, style.
+    void reportsABrokenTool();
+    void dismissesTheNotice();
+    void filtersTheLog();
+    void showsTheHostCalls();
+    void showsNoCamera();
+    void turnsDark();
+    void turnsLight();
+
+    Workbench &m_workbench;
+    MainWindow &m_window;
+    StandInHost &m_host;
+    TourReport &m_report;
+    QString m_folder;
+};
