@@ -254,7 +254,7 @@ int applyAspect(Box &box, int handle, double aspect, const PictureLimits &limits
     case TopLeft:
         y.low = y.high - newHeight + 1;
         if (y.low <= minY) {
-            // The bottom goes to the border, not the top: the clamp turns the rectangle round.
+            // The bottom goes to the border, not the top; the clamp then moves all of it inside.
             y.high = minY;
             x.low = x.high - widthFor(minY - y.low + 1) + 1;
         }
@@ -567,11 +567,11 @@ QRect dragged(const QRect &rect, int handle, const QPoint &point, const Limits &
 {
     const MovedSides sides = sidesOf(handle);
     Box box = boxOf(rect);
-    if (!keepsMinimum(box.x, sides.x, point.x(), limits.minimum.width()) ||
-        !keepsMinimum(box.y, sides.y, point.y(), limits.minimum.height()))
-        return rect;
-    moveSide(box.x, sides.x, point.x(), limits.symmetricX, limits.image.width());
-    moveSide(box.y, sides.y, point.y(), limits.symmetricY, limits.image.height());
+    if (keepsMinimum(box.x, sides.x, point.x(), limits.minimum.width()) &&
+        keepsMinimum(box.y, sides.y, point.y(), limits.minimum.height())) {
+        moveSide(box.x, sides.x, point.x(), limits.symmetricX, limits.image.width());
+        moveSide(box.y, sides.y, point.y(), limits.symmetricY, limits.image.height());
+    }
     return rectOf(box);
 }
 
