@@ -21,6 +21,7 @@ CallAnswer CallJournal::recorded(bool question, const QString &subject, const QS
             line = prefix + operation + QLatin1Char('(') + arguments.join(QLatin1String(", ")) +
                    QLatin1Char(')');
             m_lines.append({line, question});
+            dropOldLines(2 * m_limit); // now and then, not with each line
         }
         effects = takeEffects(subject, operation);
         remover = m_remover;
@@ -85,8 +86,8 @@ QStringList CallJournal::lines() const
 {
     QMutexLocker locker(&m_mutex);
     QStringList result;
-    for (const Line &line : m_lines)
-        result.append(line.text);
+    for (int i = firstKeptLine(); i < m_lines.size(); ++i)
+        result.append(m_lines.at(i).text);
     return result;
 }
 
@@ -94,11 +95,29 @@ QStringList CallJournal::commands() const
 {
     QMutexLocker locker(&m_mutex);
     QStringList result;
-    for (const Line &line : m_lines) {
-        if (!line.question)
-            result.append(line.text);
+    for (int i = firstKeptLine(); i < m_lines.size(); ++i) {
+        if (!m_lines.at(i).question)
+            result.append(m_lines.at(i).text);
     }
     return result;
+}
+
+void CallJournal::setLimit(int lines)
+{
+    QMutexLocker locker(&m_mutex);
+    m_limit = qMax(0, lines);
+    dropOldLines(m_limit);
+}
+
+int CallJournal::firstKeptLine() const
+{
+    return m_limit > 0 ? qMax(0, m_lines.size() - m_limit) : 0;
+}
+
+void CallJournal::dropOldLines(int tolerated)
+{
+    if (m_limit > 0 && m_lines.size() > tolerated)
+        m_lines.remove(0, m_lines.size() - m_limit);
 }
 
 void CallJournal::clear()

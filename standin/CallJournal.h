@@ -63,6 +63,9 @@ public:
     void setEnabled(bool on);
     bool isEnabled() const;
 
+    /// Keeps the last lines only; 0: all of them, as at the start. For applications that run long.
+    void setLimit(int lines);
+
     /// The nth such call from now fails; 0: every one. `operation` is a name, which means it on the
     /// host and on every document, or a name with its document, "[7].refresh".
     void failOn(const QString &operation, int nth);
@@ -125,6 +128,8 @@ private:
 
     CallAnswer recorded(bool question, const QString &subject, const QString &operation,
                         const QStringList &arguments);
+    int firstKeptLine() const;
+    void dropOldLines(int tolerated);
     void addRule(const QString &operation, Effect effect, int nth, bool stays, quint64 value);
     QVector<Rule> takeEffects(const QString &subject, const QString &operation);
     void updateQuiet();
@@ -137,6 +142,7 @@ private:
 
     mutable QMutex m_mutex;
     QVector<Line> m_lines;
+    int m_limit = 0; ///< 0: none
     QVector<Rule> m_rules;
     int m_count = 0;
     std::atomic<bool> m_enabled{true};

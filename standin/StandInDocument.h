@@ -305,3 +305,17 @@ public:
     int wirelessState() override;
     int linkSpeedState() override;
 };
+
+// Each layer is instantiated in the source file of its sub-interface.
+extern template class StandInDocumentMain<DOC_Interface>;
+extern template class StandInDocumentMain<DOC_Camera>;
+extern template class StandInDocumentView<DOC_Interface>;
+extern template class StandInDocumentView<DOC_Camera>;
+extern template class StandInDocumentCamera<DOC_Interface>;
+extern template class StandInDocumentCamera<DOC_Camera>;
+extern template class StandInDocumentDisplay<DOC_Interface>;
+extern template class StandInDocumentDisplay<DOC_Camera>;
+extern template class StandInDocumentRefresh<DOC_Interface>;
+extern template class StandInDocumentRefresh<DOC_Camera>;
+extern template class StandInDocumentLink<DOC_Interface>;
+extern template class StandInDocumentLink<DOC_Camera>;

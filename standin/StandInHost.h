@@ -58,6 +58,7 @@ public:
     QStringList commands() const { return m_journal.commands(); }
     void clearJournal() { m_journal.clear(); }
     void setJournalEnabled(bool on) { m_journal.setEnabled(on); }
+    void setJournalLimit(int lines) { m_journal.setLimit(lines); }
     int callCount() const { return m_journal.callCount(); }
     void failOn(const QString &operation, int nth = 1) { m_journal.failOn(operation, nth); }
     void failAtCall(int nth) { m_journal.failAtCall(nth); }

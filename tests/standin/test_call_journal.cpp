@@ -19,6 +19,7 @@ private slots:
     void masksPasswords();
     void commandsLeaveOutQuestions();
     void clearForgetsLinesAndCountButNoFaults();
+    void keepsTheLastLinesOnly();
     void countsCallsWithoutLines();
     void failsTheNthCallOfAName();
     void failsEveryCallOfAName();
@@ -173,6 +174,28 @@ void TestCallJournal::clearForgetsLinesAndCountButNoFaults()
     QCOMPARE(host.commands(), QStringList());
     QCOMPARE(host.callCount(), 0);
     QCOMPARE(failureOf([&] { host.openPluginByName("lut"); }), QString("openPluginByName failed"));
+}
+
+void TestCallJournal::keepsTheLastLinesOnly()
+{
+    StandInHost host;
+    for (int i = 0; i < 10; ++i)
+        host.setPrefInt("a", i);
+    host.setJournalLimit(3);
+    QCOMPARE(host.journal(),
+             QStringList({"setPrefInt(\"a\", 7)", "setPrefInt(\"a\", 8)", "setPrefInt(\"a\", 9)"}));
+    for (int i = 0; i < 25; ++i) {
+        host.isReady();
+        host.setPrefInt("b", i);
+        QCOMPARE(host.journal().size(), 3);
+        QCOMPARE(host.journal().last(), QStringLiteral("setPrefInt(\"b\", %1)").arg(i));
+    }
+    QCOMPARE(host.commands(), QStringList({"setPrefInt(\"b\", 23)", "setPrefInt(\"b\", 24)"}));
+    QCOMPARE(host.callCount(), 60);
+    host.setJournalLimit(0);
+    host.isReady();
+    host.isReady();
+    QVERIFY(host.journal().size() >= 5);
 }
 
 void TestCallJournal::countsCallsWithoutLines()
