@@ -204,9 +204,8 @@ void TestWorkbench::showsNoLockWithoutADocument()
     workbench.start(none);
     workbench.window().show();
     workbench.host().setTrelvikLock(true);
-    workbench.window().refresh();
+    QTRY_COMPARE(workbench.window().status()->lockText(), QString("Lock on, no camera"));
     QVERIFY(!lockButton(workbench)->isChecked());
-    QCOMPARE(workbench.window().status()->lockText(), QString("Lock on, no camera"));
     workbench.addCamera();
     QTRY_VERIFY(lockButton(workbench)->isChecked());
 }
