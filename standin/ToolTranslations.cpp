@@ -11,10 +11,8 @@
 struct ToolTranslations::File
 {
     QString name;
-    QByteArray bytes; ///< the translator reads in here
-    QTranslator translator;
-
-    ~File() { QCoreApplication::removeTranslator(&translator); }
+    QByteArray bytes;       ///< the translator reads in here
+    QTranslator translator; ///< its end takes it out of the application
 };
 
 namespace {

@@ -33,12 +33,23 @@ private slots:
     void timeCodeKeepsWhatIsNotStored();
 };
 
+namespace {
+
+// QVariant compares 5 and "5" as equal; a setting has a type.
+QString typed(const QVariant &value)
+{
+    const QString name = QString::fromLatin1(value.typeName());
+    return name + QLatin1Char(' ') + JournalText::text(value);
+}
+
+}
+
 void TestStandInSettings::storedValueGoesBeforeDefaults()
 {
     StandInHost host;
     host.setPrefInt("info/RecTimeUnit", 3);
     QCOMPARE(host.getPrefInt("info/RecTimeUnit", 9), 3);
-    QCOMPARE(host.getPref("info/RecTimeUnit", QVariant()), QVariant(3));
+    QCOMPARE(typed(host.getPref("info/RecTimeUnit", QVariant())), typed(QVariant(3)));
 }
 
 void TestStandInSettings::givenDefaultGoesBeforeTheCatalogue()
@@ -53,8 +64,8 @@ void TestStandInSettings::invalidDefaultMeansTheCatalogue()
     StandInHost host;
     QCOMPARE(host.getPrefString("env/style", QVariant()), QString("light"));
     QCOMPARE(host.getPrefInt("customize/unitSystem", QVariant()), 1);
-    QCOMPARE(host.getPref("env/style", QVariant()), QVariant("light"));
-    QCOMPARE(host.prefDefault("env/style"), QVariant("light"));
+    QCOMPARE(typed(host.getPref("env/style", QVariant())), typed(QVariant("light")));
+    QCOMPARE(typed(host.prefDefault("env/style")), typed(QVariant("light")));
 }
 
 void TestStandInSettings::missingWithoutAnyDefaultIsNeutral()
@@ -89,10 +100,10 @@ void TestStandInSettings::settersKeepTheirType()
     host.setPrefFloat("a/f", 0.25);
     host.setPrefString("a/s", "5");
     host.setPref("a/v", QSize(3, 4));
-    QCOMPARE(host.getPref("a/b", QVariant()), QVariant(true));
-    QCOMPARE(host.getPref("a/f", QVariant()), QVariant(0.25));
-    QCOMPARE(host.getPref("a/s", QVariant()), QVariant(QString("5")));
-    QCOMPARE(host.getPref("a/v", QVariant()), QVariant(QSize(3, 4)));
+    QCOMPARE(typed(host.getPref("a/b", QVariant())), typed(QVariant(true)));
+    QCOMPARE(typed(host.getPref("a/f", QVariant())), typed(QVariant(0.25)));
+    QCOMPARE(typed(host.getPref("a/s", QVariant())), typed(QVariant(QString("5"))));
+    QCOMPARE(typed(host.getPref("a/v", QVariant())), typed(QVariant(QSize(3, 4))));
 }
 
 void TestStandInSettings::removeShowsTheDefaultAgain()
@@ -112,7 +123,7 @@ void TestStandInSettings::ownDefaultGoesBeforeTheCatalogue()
 {
     StandInHost host;
     host.settings().setDefault("env/style", "dark");
-    QCOMPARE(host.prefDefault("env/style"), QVariant("dark"));
+    QCOMPARE(typed(host.prefDefault("env/style")), typed(QVariant("dark")));
     QCOMPARE(host.getPrefString("env/style", QVariant()), QString("dark"));
     QCOMPARE(StandInHost().prefDefault("env/style"), QVariant("light"));
 }
@@ -154,10 +165,11 @@ void TestStandInSettings::iniFileGivesTheTypeOfTheDefault()
     file.close();
 
     StandInHost host(name);
-    QCOMPARE(host.getPref("export/skipsavemsec", QVariant()), QVariant(2.5));
-    QCOMPARE(host.getPref("export/singlepath", QVariant()), QVariant(false));
-    QCOMPARE(host.getPref("export/skipunit", QVariant()), QVariant("abc")); // no number: as it is
-    QCOMPARE(host.getPref("own/x", QVariant()), QVariant("5"));
+    QCOMPARE(typed(host.getPref("export/skipsavemsec", QVariant())), typed(QVariant(2.5)));
+    QCOMPARE(typed(host.getPref("export/singlepath", QVariant())), typed(QVariant(false)));
+    QCOMPARE(typed(host.getPref("export/skipunit", QVariant())),
+             typed(QVariant("abc"))); // no number: as it is
+    QCOMPARE(typed(host.getPref("own/x", QVariant())), typed(QVariant("5")));
 }
 
 void TestStandInSettings::iniFileKeepsAnyText()
@@ -257,7 +269,7 @@ void TestStandInSettings::defaultsThatOthersRelyOn()
         {"xml/dir", ""},
     };
     for (const auto &entry : expected)
-        QCOMPARE(StandInDefaults::valueOf(entry.first), entry.second);
+        QCOMPARE(typed(StandInDefaults::valueOf(entry.first)), typed(entry.second));
     // A kind of save has no default for what it does not have.
     QVERIFY(!StandInDefaults::valueOf("layout/groupdir").isValid());
     QVERIFY(!StandInDefaults::valueOf("saveinfo/FontName").isValid());
