@@ -3,6 +3,7 @@
 #include "bridge/DeterUpdateScope.h"
 #include "bridge/GUI_WebView.h"
 #include "bridge/OperationLog.h"
+#include "bridge/PageHandlers.h"
 #include "foundation/Keys.h"
 #include "foundation/Theme.h"
 #include "plugin/contract/DOC_Interface.h"
@@ -76,6 +77,8 @@ GUI_WebView *JS_Mediator::webView() const
 void JS_Mediator::setWebView(GUI_WebView *view)
 {
     m_webView = view;
+    if (view)
+        PageHandlers::guard(view->page()->mainFrame(), this);
 }
 
 void JS_Mediator::setStyle(const QString &style)

@@ -45,7 +45,10 @@ public:
 
     /// The view that shows the page, null before the host has attached one and after it has gone.
     GUI_WebView *webView() const;
-    void setWebView(GUI_WebView *view); ///< for the host's attachMediator()
+
+    /// For the host's attachMediator(), before it shows the mediator to the page: from here on the
+    /// page's handlers cannot harm the process.
+    void setWebView(GUI_WebView *view);
 
     /// Flags for the host's updateUI() behind an operation.
     int updateFlags() const { return m_updateFlags; }

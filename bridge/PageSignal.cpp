@@ -2,7 +2,6 @@
 
 #include "bridge/GUI_WebView.h"
 #include "bridge/JS_Mediator.h"
-#include "bridge/OperationLog.h"
 #include "bridge/PageSignalFrame.h"
 
 #include <QWebFrame>
@@ -10,11 +9,11 @@
 
 namespace {
 
-// The frame object lives in the page's window only while the script runs.
+// The frame object lives in the page's window only while the script begins.
 const char *const Script = "(function () {"
                            "    var frame = window.__pageSignal;"
                            "    delete window.__pageSignal;"
-                           "    try { frame.run(); } catch (e) { frame.failed(String(e)); }"
+                           "    frame.run();"
                            "})()";
 
 QWebFrame *frameOf(JS_Mediator *mediator)
@@ -29,18 +28,12 @@ namespace PageSignal {
 
 void send(JS_Mediator *mediator, const std::function<void()> &emission)
 {
-    QWebFrame *frame = frameOf(mediator);
-    if (!frame) {
-        emission();
-        return;
-    }
     PageSignalFrame object(emission);
-    frame->addToJavaScriptWindowObject(QLatin1String("__pageSignal"), &object);
-    frame->evaluateJavaScript(QLatin1String(Script));
-    if (!object.hasRun()) // a page without script
-        object.run();
-    if (!object.scriptError().isEmpty())
-        OperationLog::scriptError(object.scriptError());
+    if (QWebFrame *frame = frameOf(mediator)) {
+        frame->addToJavaScriptWindowObject(QLatin1String("__pageSignal"), &object);
+        frame->evaluateJavaScript(QLatin1String(Script));
+    }
+    object.run(); // where there is no page, or one without script
     object.rethrow();
 }
 

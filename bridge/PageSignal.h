@@ -7,8 +7,8 @@ class JS_Mediator;
 /// The one way in which native code signals to a page.
 ///
 /// The engine ends the process when a script's handler throws on a signal that no script started.
-/// So the signal is sent from inside a small script, which catches what a handler throws; it is
-/// logged by "[SCRIPT]" at critical level, and the page goes on. GUI thread.
+/// PageHandlers catches what handlers throw; a handler that it does not know of, in another frame,
+/// must not end the process either. So the signal is sent from inside a small script. GUI thread.
 namespace PageSignal {
 
 /// Runs `emission`, which emits signals of the mediator, for the page that it is shown on; directly

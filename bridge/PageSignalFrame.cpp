@@ -19,8 +19,3 @@ void PageSignalFrame::run()
         m_failure = std::current_exception(); // no failure crosses the script
     }
 }
-
-void PageSignalFrame::failed(const QString &error)
-{
-    m_scriptError = error;
-}

@@ -1,13 +1,11 @@
 #pragma once
 
 #include <QObject>
-#include <QString>
 
 #include <exception>
 #include <functional>
 
-/// Puts a script frame around an emission: the page's frame calls run(), and what a handler throws
-/// ends in the script that called it.
+/// Puts a script frame around an emission: a page's script calls run().
 class PageSignalFrame : public QObject
 {
     Q_OBJECT
@@ -15,19 +13,15 @@ class PageSignalFrame : public QObject
 public:
     explicit PageSignalFrame(const std::function<void()> &emission);
 
-    bool hasRun() const { return m_hasRun; }
-    QString scriptError() const { return m_scriptError; }
-
     /// Throws again what the emission threw; nothing when it did not.
     void rethrow() const;
 
 public slots:
+    /// Runs the emission, the first time only. Nothing escapes.
     void run();
-    void failed(const QString &error);
 
 private:
     const std::function<void()> &m_emission;
     bool m_hasRun = false;
-    QString m_scriptError;
     std::exception_ptr m_failure;
 };

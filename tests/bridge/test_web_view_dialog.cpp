@@ -1,0 +1,545 @@
+#include "bridge/DialogPlacement.h"
+#include "tests/bridge/support/DialogPage.h"
+#include "tests/support/TestLog.h"
+
+#include <QGuiApplication>
+#include <QPropertyAnimation>
+#include <QScreen>
+#include <QTimer>
+#include <QVBoxLayout>
+
+// A dialog with one page, from its construction to its end.
+
+class TestWebViewDialog : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void hostIsAskedInOrder();
+    void windowIsAsTold();
+    void loadingIsTraced();
+    void pageFadesIn();
+    void refreshCanBeLeftOut();
+    void missingPageGivesAnEmptyDialog();
+    void hostHearsOfTheDialog_data();
+    void hostHearsOfTheDialog();
+    void pageAccepts();
+    void pageRejectsAndHearsOfIt();
+    void frameClosesAndThePageHearsOfIt();
+    void escapeDoesNothing();
+    void furtherMediatorIsShown();
+    void mediatorsGoInOrder();
+    void dialogWithoutMediator();
+    void failureWhileConstructedUndoesWhatWasDone_data();
+    void failureWhileConstructedUndoesWhatWasDone();
+    void failureWhileLoadingGoesToTheHost_data();
+    void failureWhileLoadingGoesToTheHost();
+    void failureWhileLeavingGoesToTheHost();
+    void dialogThatGoesWhileItLoads();
+    void reloadHoldsRefreshesBackOnce();
+    void pageCallsSlotsWhileItsDialogCloses();
+    void dialogsOpenFromInsideSlots();
+    void deleteLaterFromScriptDeletesNothing();
+    void deferredUpdatesEndWithTheLoad();
+    void centredWithoutMainWidget();
+    void staysWithAMainWidget();
+    void unknownScreenMeansItsOwn_data();
+    void unknownScreenMeansItsOwn();
+    void middleIsCounted_data();
+    void middleIsCounted();
+    void noDialogIsLeft();
+};
+
+namespace {
+
+const QString Calls = QStringLiteral("qrc:/pages/calls.html");
+
+class OpenDialog : public GUI_WebViewDialog
+{
+public:
+    explicit OpenDialog(HostServices *host, JS_Mediator_Dialog *mediator = nullptr,
+                        const QString &url = Calls)
+        : GUI_WebViewDialog(host, QStringLiteral("Calls"), url, mediator, nullptr)
+    {
+    }
+
+    using GUI_WebViewDialog::setRefreshOnLoad;
+};
+
+// Opens a dialog of its own from a slot, as pages do.
+class NestingMediator : public JS_Mediator_Dialog
+{
+    Q_OBJECT
+
+public:
+    NestingMediator(HostServices *host, int depth)
+        : JS_Mediator_Dialog(host, QStringLiteral("bridge")), m_depth(depth)
+    {
+    }
+
+public slots:
+    QString openInner()
+    {
+        auto *inner = new NestingMediator(host(), m_depth - 1);
+        OpenDialog dialog(host(), inner);
+        PageProbe page(dialog.webView());
+        dialog.resize(400, 300);
+        QString result;
+        connect(dialog.webView(), &QWebView::loadFinished, &dialog, [&] {
+            if (m_depth > 1)
+                result = page.call("bridge.openInner()");
+            QTimer::singleShot(0, &dialog, [&] { page.call("bridge.accept()"); });
+        });
+        const int code = dialog.exec();
+        return QString::number(m_depth) + QLatin1Char(':') + QString::number(code) + result;
+    }
+
+private:
+    int m_depth;
+};
+
+class NamedMediator : public JS_Mediator_Dialog
+{
+public:
+    NamedMediator(HostServices *host, const QString &name, QStringList *gone)
+        : JS_Mediator_Dialog(host, name), m_gone(gone)
+    {
+    }
+    ~NamedMediator() override { m_gone->append(pageName()); }
+
+private:
+    QStringList *m_gone;
+};
+
+}
+
+void TestWebViewDialog::hostIsAskedInOrder()
+{
+    StandInHost host;
+    OpenDialog dialog(&host, new JS_Mediator_Dialog(&host, QStringLiteral("bridge")));
+    PageProbe page(dialog.webView());
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    QCOMPARE(host.journal(),
+             QStringList({"needsDialogEnterNotice()", "translate(\"Calls\")",
+                          "attachMediator(GUI_WebView, JS_Mediator_Dialog)", "deterUpdateUI(true)",
+                          "mainWidget()", "getPrefInt(\"main/scrno\", invalid)",
+                          "deterUpdateUI(false)", "updateUI(4294967295, true)"}));
+}
+
+void TestWebViewDialog::windowIsAsTold()
+{
+    StandInHost host;
+    host.state().translations.insert("Calls", "Aufrufe");
+    OpenDialog dialog(&host);
+    QCOMPARE(int(dialog.windowFlags() & ~Qt::WindowType_Mask), 0x8003000);
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Aufrufe"));
+    QCOMPARE(dialog.webView()->parentWidget(), static_cast<QWidget *>(&dialog));
+    QVERIFY(qobject_cast<QVBoxLayout *>(dialog.layout()));
+    QCOMPARE(dialog.layout()->contentsMargins(), QMargins(0, 0, 0, 0));
+    dialog.resize(321, 234);
+    dialog.show();
+    QCOMPARE(dialog.webView()->geometry(), QRect(0, 0, 321, 234));
+}
+
+void TestWebViewDialog::loadingIsTraced()
+{
+    StandInHost host;
+    LogCapture log;
+    OpenDialog dialog(&host);
+    PageProbe page(dialog.webView());
+    QVERIFY(page.waitLoaded());
+    QCOMPARE(log.texts(), QStringList({"[ENTER] \"GUI_WebViewDialog::loadStarted\" \"\"",
+                                       "[LEAVE] \"GUI_WebViewDialog::loadStarted\"",
+                                       "[ENTER] \"GUI_WebViewDialog::loadFinished\" \"[ok:true]\"",
+                                       "[LEAVE] \"GUI_WebViewDialog::loadFinished\""}));
+}
+
+void TestWebViewDialog::pageFadesIn()
+{
+    StandInHost host;
+    OpenDialog dialog(&host);
+    dialog.show();
+    PageProbe page(dialog.webView());
+    QTRY_COMPARE(dialog.windowOpacity(), 0.0);
+    QCOMPARE(dialog.focusWidget(), static_cast<QWidget *>(dialog.webView()));
+    QVERIFY(page.waitLoaded());
+    QVERIFY(dialog.windowOpacity() < 1.0);
+    const auto animations = dialog.findChildren<QPropertyAnimation *>();
+    QCOMPARE(animations.size(), 1);
+    QCOMPARE(animations.first()->propertyName(), QByteArray("windowOpacity"));
+    QCOMPARE(animations.first()->duration(), 500);
+    QCOMPARE(animations.first()->startValue().toDouble(), 0.0);
+    QCOMPARE(animations.first()->endValue().toDouble(), 1.0);
+    QTRY_COMPARE(dialog.windowOpacity(), 1.0);
+    QTRY_VERIFY(dialog.findChildren<QPropertyAnimation *>().isEmpty());
+}
+
+void TestWebViewDialog::refreshCanBeLeftOut()
+{
+    StandInHost host;
+    OpenDialog dialog(&host);
+    dialog.setRefreshOnLoad(false);
+    PageProbe page(dialog.webView());
+    QVERIFY(page.waitLoaded());
+    QCOMPARE(host.commands(), QStringList({"deterUpdateUI(true)", "deterUpdateUI(false)"}));
+}
+
+void TestWebViewDialog::missingPageGivesAnEmptyDialog()
+{
+    StandInHost host;
+    LogCapture log;
+    OpenDialog dialog(&host, new JS_Mediator_Dialog(&host, QStringLiteral("bridge")),
+                      QStringLiteral("qrc:/pages/absent.html"));
+    PageProbe page(dialog.webView());
+    QSignalSpy rejected(&dialog, &QDialog::rejected);
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    QVERIFY(!page.isFound());
+    QVERIFY(log.texts().contains("[ENTER] \"GUI_WebViewDialog::loadFinished\" \"[ok:false]\""));
+    QCOMPARE(host.deterrals(), 0);
+    QVERIFY(host.commands().contains("updateUI(4294967295, true)"));
+    QVERIFY(dialog.close());
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(rejected.count(), 1);
+    QCOMPARE(log.texts(QtWarningMsg) + log.texts(QtCriticalMsg), QStringList());
+}
+
+void TestWebViewDialog::hostHearsOfTheDialog_data()
+{
+    QTest::addColumn<bool>("needed");
+    QTest::addColumn<bool>("suppressed");
+    QTest::addColumn<QStringList>("entered");
+    QTest::addColumn<QStringList>("left");
+    QTest::newRow("not needed") << false << false << QStringList({"needsDialogEnterNotice()"})
+                                << QStringList();
+    QTest::newRow("needed") << true << false
+                            << QStringList({"needsDialogEnterNotice()", "notifyDialogEntered()"})
+                            << QStringList({"isDialogExitSuppressed()", "notifyDialogLeft()"});
+    QTest::newRow("suppressed") << true << true
+                                << QStringList(
+                                       {"needsDialogEnterNotice()", "notifyDialogEntered()"})
+                                << QStringList({"isDialogExitSuppressed()"});
+}
+
+void TestWebViewDialog::hostHearsOfTheDialog()
+{
+    QFETCH(bool, needed);
+    QFETCH(bool, suppressed);
+    QFETCH(QStringList, entered);
+    QFETCH(QStringList, left);
+    StandInHost host;
+    host.state().needsDialogEnterNotice = needed;
+    host.state().isDialogExitSuppressed = suppressed;
+    {
+        OpenDialog dialog(&host);
+        PageProbe page(dialog.webView());
+        QCOMPARE(host.journal().mid(0, entered.size()), entered);
+        QVERIFY(page.waitLoaded());
+        host.clearJournal();
+    }
+    QCOMPARE(host.journal(), left);
+}
+
+void TestWebViewDialog::pageAccepts()
+{
+    DialogPage shown;
+    QSignalSpy accepted(&shown.dialog, &QDialog::accepted);
+    shown.page.call("bridge.accept()");
+    QCOMPARE(accepted.count(), 1);
+    QCOMPARE(shown.dialog.result(), int(QDialog::Accepted));
+    QVERIFY(!shown.dialog.isVisible());
+}
+
+void TestWebViewDialog::pageRejectsAndHearsOfIt()
+{
+    DialogPage shown;
+    shown.page.evaluate("var heard = 0; bridge.rejected.connect(function () { ++heard; })");
+    shown.page.call("bridge.reject()");
+    QCOMPARE(shown.dialog.result(), int(QDialog::Rejected));
+    QVERIFY(!shown.dialog.isVisible());
+    QCOMPARE(shown.page.evaluate("heard").toInt(), 1);
+}
+
+void TestWebViewDialog::frameClosesAndThePageHearsOfIt()
+{
+    DialogPage shown;
+    shown.page.evaluate("bridge.rejected.connect(function () { bridge.infoLog('heard'); })");
+    LogCapture log;
+    QVERIFY(shown.dialog.close());
+    QVERIFY(!shown.dialog.isVisible());
+    QCOMPARE(log.texts(),
+             QStringList({"[USER] \"[URL:GUI_WebViewDialog] [ID:close] [Control:Button] "
+                          "[Operation:clicked] [Value:] \"",
+                          "[ENTER] \"GUI_WebViewDialog::closeEvent\" \"\"", "\"heard\"",
+                          "[LEAVE] \"GUI_WebViewDialog::closeEvent\""}));
+}
+
+void TestWebViewDialog::escapeDoesNothing()
+{
+    DialogPage shown;
+    QTest::keyClick(shown.dialog.webView(), Qt::Key_Escape);
+    QTest::keyClick(&shown.dialog, Qt::Key_Escape);
+    QVERIFY(shown.dialog.isVisible());
+}
+
+void TestWebViewDialog::furtherMediatorIsShown()
+{
+    StandInHost host;
+    OpenDialog dialog(&host, new JS_Mediator_Dialog(&host, QStringLiteral("bridge")));
+    host.clearJournal();
+    dialog.addMediator(new JS_Mediator(&host, QStringLiteral("names")));
+    QCOMPARE(host.commands(), QStringList({"attachMediator(GUI_WebView, JS_Mediator)"}));
+    PageProbe page(dialog.webView());
+    dialog.resize(400, 300);
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    QCOMPARE(page.call("names.getPrefInt('a/b', 2) + bridge.getPrefInt('a/b', 3)"),
+             QStringLiteral("5"));
+}
+
+void TestWebViewDialog::mediatorsGoInOrder()
+{
+    StandInHost host;
+    host.state().needsDialogEnterNotice = true;
+    QStringList gone;
+    {
+        OpenDialog dialog(&host, new NamedMediator(&host, QStringLiteral("main"), &gone));
+        dialog.addMediator(new NamedMediator(&host, QStringLiteral("second"), &gone));
+        dialog.addMediator(new NamedMediator(&host, QStringLiteral("third"), &gone));
+        host.clearJournal();
+    }
+    QCOMPARE(gone, QStringList({"main", "second", "third"}));
+    QVERIFY(host.commands().contains("notifyDialogLeft()"));
+}
+
+void TestWebViewDialog::dialogWithoutMediator()
+{
+    StandInHost host;
+    OpenDialog dialog(&host);
+    PageProbe page(dialog.webView());
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    QCOMPARE(dialog.mediator(), static_cast<JS_Mediator_Dialog *>(nullptr));
+    QVERIFY(dialog.close());
+    QCOMPARE(dialog.result(), int(QDialog::Rejected));
+}
+
+void TestWebViewDialog::failureWhileConstructedUndoesWhatWasDone_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QStringList>("commands");
+    QTest::newRow("question") << "needsDialogEnterNotice" << QStringList();
+    QTest::newRow("entering") << "notifyDialogEntered" << QStringList({"notifyDialogEntered()"});
+    QTest::newRow("title") << "translate"
+                           << QStringList({"notifyDialogEntered()", "notifyDialogLeft()"});
+    QTest::newRow("attaching") << "attachMediator"
+                               << QStringList({"notifyDialogEntered()",
+                                               "attachMediator(GUI_WebView, JS_Mediator_Dialog)",
+                                               "notifyDialogLeft()"});
+}
+
+void TestWebViewDialog::failureWhileConstructedUndoesWhatWasDone()
+{
+    QFETCH(QString, operation);
+    QFETCH(QStringList, commands);
+    StandInHost host;
+    host.state().needsDialogEnterNotice = true;
+    host.failOn(operation);
+    QPointer<JS_Mediator_Dialog> mediator(new JS_Mediator_Dialog(&host, QStringLiteral("bridge")));
+    QVERIFY_EXCEPTION_THROWN(OpenDialog(&host, mediator), StandInFault);
+    QVERIFY(!mediator);
+    QCOMPARE(host.commands(), commands);
+    QCOMPARE(host.handledErrors(), QStringList()); // who opens the dialog handles it
+}
+
+void TestWebViewDialog::failureWhileLoadingGoesToTheHost_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<int>("nth");
+    QTest::newRow("holding back") << "deterUpdateUI" << 1;
+    QTest::newRow("placing") << "mainWidget" << 1;
+    QTest::newRow("screen") << "getPrefInt" << 1;
+    QTest::newRow("going on") << "deterUpdateUI" << 2;
+    QTest::newRow("refresh") << "updateUI" << 1;
+}
+
+void TestWebViewDialog::failureWhileLoadingGoesToTheHost()
+{
+    QFETCH(QString, operation);
+    QFETCH(int, nth);
+    StandInHost host;
+    host.failOn(operation, nth);
+    OpenDialog dialog(&host);
+    PageProbe page(dialog.webView());
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    QCOMPARE(host.handledErrors(), QStringList({operation + " failed"}));
+    QTRY_COMPARE(dialog.windowOpacity(), 1.0);
+    QVERIFY(host.commands().contains("updateUI(4294967295, true)")); // the other steps follow
+}
+
+void TestWebViewDialog::failureWhileLeavingGoesToTheHost()
+{
+    StandInHost host;
+    host.state().needsDialogEnterNotice = true;
+    {
+        OpenDialog dialog(&host);
+        host.failOn(QStringLiteral("notifyDialogLeft"));
+    }
+    QCOMPARE(host.handledErrors(), QStringList({"notifyDialogLeft failed"}));
+}
+
+void TestWebViewDialog::dialogThatGoesWhileItLoads()
+{
+    StandInHost host;
+    {
+        OpenDialog dialog(&host);
+        QTRY_COMPARE(host.deterrals(), 1);
+    }
+    QCOMPARE(host.deterrals(), 0);
+}
+
+void TestWebViewDialog::reloadHoldsRefreshesBackOnce()
+{
+    DialogPage shown;
+    shown.dialog.webView()->reload();
+    shown.dialog.webView()->reload();
+    QVERIFY(shown.page.waitLoaded());
+    QTRY_COMPARE(shown.host.deterrals(), 0);
+}
+
+void TestWebViewDialog::pageCallsSlotsWhileItsDialogCloses()
+{
+    DialogPage shown;
+    shown.page.evaluate("bridge.rejected.connect(function () {"
+                        "    bridge.setPrefInt('a/b', 1); bridge.getControlStatus();"
+                        "    bridge.reject(); bridge.accept(); bridge.closePlugin('t_x'); })");
+    QVERIFY(shown.dialog.close());
+    QVERIFY(!shown.dialog.isVisible());
+    const QStringList commands = shown.host.commands();
+    QVERIFY(commands.contains("setPrefInt(\"a/b\", 1)"));
+    QVERIFY(commands.contains("closePluginByName(\"t_x\")"));
+    QCOMPARE(shown.host.deterrals(), 0);
+}
+
+void TestWebViewDialog::dialogsOpenFromInsideSlots()
+{
+    StandInHost host;
+    OpenDialog dialog(&host, new NestingMediator(&host, 3));
+    PageProbe page(dialog.webView());
+    dialog.resize(400, 300);
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    QCOMPARE(page.call("bridge.openInner()"),
+             QStringLiteral("\"3:1\\\"2:1\\\\\\\"1:1\\\\\\\"\\\"\""));
+    QVERIFY(dialog.isVisible());
+    QCOMPARE(page.call("bridge.getPrefInt('a/b', 4)"), QStringLiteral("4"));
+    QCOMPARE(host.deterrals(), 0);
+}
+
+void TestWebViewDialog::deleteLaterFromScriptDeletesNothing()
+{
+    DialogPage shown;
+    QPointer<JS_Mediator_Dialog> mediator(shown.mediator);
+    shown.page.call("bridge.deleteLater(); bridge['deleteLater()']()");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(mediator);
+    QCOMPARE(shown.page.call("bridge.getPrefInt('a/b', 4)"), QStringLiteral("4"));
+}
+
+void TestWebViewDialog::deferredUpdatesEndWithTheLoad()
+{
+    DialogPage shown;
+    QCOMPARE(shown.host.deterrals(), 0);
+    shown.dialog.webView()->reload();
+    QTRY_COMPARE(shown.host.deterrals(), 1);
+    QVERIFY(shown.page.waitLoaded());
+    QCOMPARE(shown.host.deterrals(), 0);
+}
+
+void TestWebViewDialog::centredWithoutMainWidget()
+{
+    StandInHost host;
+    host.settings().setValue("main/scrno", 0);
+    OpenDialog dialog(&host);
+    PageProbe page(dialog.webView());
+    dialog.setFixedSize(200, 100);
+    dialog.move(5, 7);
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    QCOMPARE(dialog.pos(),
+             screen.topLeft() + QPoint((screen.width() - 200) / 2, (screen.height() - 100) / 2));
+}
+
+void TestWebViewDialog::staysWithAMainWidget()
+{
+    StandInHost host;
+    QWidget main;
+    host.state().mainWidget = &main;
+    OpenDialog dialog(&host);
+    PageProbe page(dialog.webView());
+    dialog.move(5, 7);
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    QCOMPARE(dialog.pos(), QPoint(5, 7));
+    QVERIFY(!host.journal().contains("getPrefInt(\"main/scrno\", invalid)"));
+}
+
+void TestWebViewDialog::unknownScreenMeansItsOwn_data()
+{
+    QTest::addColumn<int>("wanted");
+    QTest::addColumn<int>("number");
+    QTest::newRow("first") << 0 << 0;
+    QTest::newRow("second") << 1 << 1;
+    QTest::newRow("sixth of two") << 5 << 1;
+    QTest::newRow("just behind the last") << 2 << 1;
+    QTest::newRow("negative") << -1 << 1;
+}
+
+void TestWebViewDialog::unknownScreenMeansItsOwn()
+{
+    QFETCH(int, wanted);
+    QTEST(DialogPlacement::screenNumber(wanted, 1, 2), "number"); // two screens, on the second
+}
+
+void TestWebViewDialog::middleIsCounted_data()
+{
+    QTest::addColumn<QRect>("screen");
+    QTest::addColumn<QRect>("dialog");
+    QTest::addColumn<QPoint>("place");
+    QTest::newRow("even") << QRect(0, 0, 1920, 1080) << QRect(3, 4, 510, 530) << QPoint(705, 275);
+    QTest::newRow("odd is cut off")
+        << QRect(0, 0, 1921, 1081) << QRect(0, 0, 510, 530) << QPoint(705, 275);
+    QTest::newRow("second screen")
+        << QRect(1920, 100, 1280, 1024) << QRect(0, 0, 300, 150) << QPoint(2410, 537);
+    QTest::newRow("screen to the left")
+        << QRect(-1280, 0, 1280, 1024) << QRect(0, 0, 300, 150) << QPoint(-790, 437);
+    QTest::newRow("higher than the screen")
+        << QRect(0, 0, 800, 600) << QRect(0, 0, 600, 921) << QPoint(100, -160);
+}
+
+void TestWebViewDialog::middleIsCounted()
+{
+    QFETCH(QRect, screen);
+    QFETCH(QRect, dialog);
+    QTEST(DialogPlacement::centered(screen, dialog), "place");
+}
+
+void TestWebViewDialog::noDialogIsLeft()
+{
+    StandInHost host;
+    centerDialog(&host, nullptr);
+    QCOMPARE(host.journal(), QStringList());
+}
+
+int main(int argc, char **argv)
+{
+    TestWebViewDialog test;
+    return runTest(argc, argv, test);
+}
+
+#include "test_web_view_dialog.moc"
