@@ -615,6 +615,7 @@ void TestStandInDocuments::groupLosesAClosedMember()
     StandInGroup *group = host.addGroup("both", {first, second});
     host.removeDocument(1);
     QCOMPARE(group->groupMembers(), QList<DOC_Interface *>({second}));
+    QCOMPARE(group->members(), QList<StandInDocument *>({second}));
     host.removeDocument(2);
     QVERIFY(group->isGroup());
     QCOMPARE(group->groupMembers(), QList<DOC_Interface *>());

@@ -1,3 +1,4 @@
+#include "bridge/GUI_ModelessPatternDialog.h"
 #include "plugin/PLG_Button.h"
 #include "standin/PluginLoader.h"
 #include "standin/StandInHost.h"
@@ -58,6 +59,23 @@ public:
     QStringList notes;
 };
 
+/// A tool that is on while its dialog is shown.
+class DialogTool : public NotingTool
+{
+public:
+    DialogTool() : NotingTool(QStringLiteral("lut"), false) { m_checkKind = 6; }
+
+    void update() override {} // comes with the loading of the page, sooner or later
+
+    GUI_ModelessPatternDialog *createModelessPatternDialog(bool) override
+    {
+        notes.append("create");
+        return new GUI_ModelessPatternDialog(host(), QStringLiteral("LUT"),
+                                             QStringLiteral("about:blank"), nullptr,
+                                             nullptr); // owned by the tool
+    }
+};
+
 }
 
 class TestStandInPlugins : public TestBase
@@ -69,6 +87,7 @@ private slots:
     void findsByName();
     void opensAPanel();
     void opensAButtonTool();
+    void opensADialogTool();
     void unknownNameOpensNothing();
     void anotherPanelClosesTheFirst();
     void closesTheCurrentOne();
@@ -162,6 +181,32 @@ void TestStandInPlugins::opensAButtonTool()
     QVERIFY(!host.toolState("t_zoom"));
     QVERIFY(!host.isPluginOpen(&button));
     QCOMPARE(host.currentPlugin(), &panel);
+}
+
+void TestStandInPlugins::opensADialogTool()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    DialogTool tool;
+    host.addPlugin(&tool);
+    host.openPluginByName("lut");
+    QCOMPARE(tool.notes, QStringList({"setHost", "activate", "create"}));
+    QVERIFY(tool.isDialogVisible());
+    QVERIFY(tool.isChecked(camera, false));
+    tool.notes.clear();
+
+    tool.closeDialog(); // the user closes it: the tool asks the host to close it too
+    QVERIFY(!tool.isDialogVisible());
+    QVERIFY(!host.isPluginOpen(&tool));
+    QCOMPARE(tool.notes, QStringList({"closeTool", "deactivate"}));
+    tool.notes.clear();
+
+    host.openPluginByName("lut");
+    QCOMPARE(tool.notes, QStringList({"activate"})); // the dialog is still there
+    QVERIFY(tool.isDialogVisible());
+    host.closePluginByName("lut");
+    QVERIFY(!tool.isDialogVisible());
+    QCOMPARE(tool.notes, QStringList({"activate", "closeTool", "deactivate"}));
 }
 
 void TestStandInPlugins::unknownNameOpensNothing()
