@@ -15,9 +15,9 @@
 
 namespace {
 
-constexpr int Patience = 2000;      // milliseconds
+constexpr int Patience = 10000;     // milliseconds
 constexpr int SettlingTime = 30;    // milliseconds
-constexpr int DialogPatience = 100; // attempts
+constexpr int DialogPatience = 300; // attempts
 
 QString plain(const QString &text)
 {

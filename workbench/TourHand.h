@@ -15,7 +15,7 @@ class QWidget;
 /// up.
 namespace TourHand {
 
-/// Waits up to two seconds for something to become true; whether it did.
+/// Waits up to ten seconds for something to become true; whether it did.
 bool waitFor(const std::function<bool()> &condition);
 
 /// Lets the application take up what has happened.
