@@ -134,16 +134,16 @@ void TestRegionConstraint::otherAxisFollowsAtAFixedAspect_data()
         corners(50, 100, 249, 199), AnchorBottomLeft);
     row("top, decided top right", TopEdge, AnchorTopRight, 0.5, corners(50, 100, 149, 199),
         corners(50, 100, 249, 199), AnchorBottomLeft);
-    row("top, past the right border", TopEdge, none, 0.5, corners(0, 40, 99, 439),
-        corners(0, 120, 639, 439), AnchorBottomLeft);
+    row("top, past the right border", TopEdge, AnchorBottomLeft, 1.0, corners(500, 100, 509, 299),
+        corners(500, 160, 639, 299), AnchorBottomLeft);
     row("top, up to the right border", TopEdge, AnchorBottomLeft, 3.0, corners(607, 100, 619, 199),
         corners(607, 100, 639, 199), AnchorBottomLeft);
     row("top, in the middle", TopEdge, none, 0.5, corners(300, 100, 399, 199),
         corners(200, 100, 399, 199), AnchorBottomRight);
     row("top, decided bottom right", TopEdge, AnchorBottomRight, 0.5, corners(0, 100, 99, 139),
         corners(20, 100, 99, 139), AnchorBottomRight);
-    row("top, past the left border", TopEdge, none, 0.5, corners(300, 0, 399, 299),
-        corners(0, 100, 399, 299), AnchorBottomRight);
+    row("top, past the left border", TopEdge, none, 1.0, corners(100, 100, 149, 299),
+        corners(0, 150, 149, 299), AnchorBottomRight);
     row("top, up to the left border", TopEdge, none, 3.0, corners(20, 100, 32, 199),
         corners(0, 100, 32, 199), AnchorBottomRight);
 
@@ -158,16 +158,16 @@ void TestRegionConstraint::otherAxisFollowsAtAFixedAspect_data()
         corners(300, 100, 399, 199), corners(200, 100, 399, 199), AnchorTopRight);
     row("bottom, decided bottom right", BottomEdge, AnchorBottomRight, 0.5,
         corners(300, 100, 399, 199), corners(200, 100, 399, 199), AnchorTopRight);
-    row("bottom, past the left border", BottomEdge, AnchorTopRight, 0.5, corners(300, 50, 399, 349),
-        corners(0, 50, 399, 249), AnchorTopRight);
+    row("bottom, past the left border", BottomEdge, AnchorTopRight, 1.0,
+        corners(100, 100, 149, 299), corners(0, 100, 149, 249), AnchorTopRight);
     row("bottom, up to the left border", BottomEdge, AnchorTopRight, 3.0, corners(20, 100, 32, 199),
         corners(0, 100, 32, 198), AnchorTopRight);
     row("bottom, in the middle", BottomEdge, none, 0.5, corners(300, 100, 399, 199),
         corners(300, 100, 499, 199), AnchorTopLeft);
     row("bottom, decided top left", BottomEdge, AnchorTopLeft, 0.5, corners(540, 100, 639, 139),
         corners(540, 100, 619, 139), AnchorTopLeft);
-    row("bottom, past the right border", BottomEdge, none, 0.5, corners(500, 100, 599, 199),
-        corners(500, 100, 639, 169), AnchorTopLeft);
+    row("bottom, past the right border", BottomEdge, none, 1.0, corners(500, 100, 509, 299),
+        corners(500, 100, 639, 239), AnchorTopLeft);
     row("bottom, up to the right border", BottomEdge, none, 3.0, corners(607, 100, 619, 199),
         corners(607, 100, 639, 199), AnchorTopLeft);
 
@@ -234,8 +234,8 @@ void TestRegionConstraint::otherAxisFollowsAtAFixedAspect_data()
         AnchorBottomLeft);
     row("top right, decided otherwise", TopRight, AnchorTopLeft, 0.5, corners(100, 100, 199, 199),
         corners(100, 100, 299, 199), AnchorBottomLeft);
-    row("top right, past the right border", TopRight, none, 0.5, corners(500, 100, 599, 199),
-        corners(500, 130, 639, 199), AnchorBottomLeft);
+    row("top right, past the right border", TopRight, none, 1.0, corners(500, 100, 509, 299),
+        corners(500, 160, 639, 299), AnchorBottomLeft);
     row("top right, up to the right border", TopRight, none, 3.0, corners(607, 100, 619, 199),
         corners(607, 100, 639, 199), AnchorBottomLeft);
     row("bottom left", BottomLeft, none, 0.5, corners(100, 200, 299, 220),
@@ -250,8 +250,8 @@ void TestRegionConstraint::otherAxisFollowsAtAFixedAspect_data()
         corners(100, 100, 299, 199), AnchorTopLeft);
     row("bottom right, decided otherwise", BottomRight, AnchorBottomLeft, 0.5,
         corners(100, 100, 199, 199), corners(100, 100, 299, 199), AnchorTopLeft);
-    row("bottom right, past the right border", BottomRight, none, 0.5, corners(500, 100, 599, 199),
-        corners(500, 100, 639, 169), AnchorTopLeft);
+    row("bottom right, past the right border", BottomRight, none, 1.0, corners(500, 100, 509, 299),
+        corners(500, 100, 639, 239), AnchorTopLeft);
     row("bottom right, up to the right border", BottomRight, none, 3.0, corners(607, 100, 619, 199),
         corners(607, 100, 639, 199), AnchorTopLeft);
 
@@ -416,6 +416,10 @@ void TestRegionConstraint::snapsThePosition_data()
         corners(104, 103, 203, 182));
     row("y alone", Inside, withPositionStep(1, 4), corners(101, 103, 200, 182),
         corners(101, 104, 200, 183));
+    row("x alone by 2", Inside, withPositionStep(2, 1), corners(101, 103, 200, 182),
+        corners(102, 103, 201, 182));
+    row("y alone by 2", Inside, withPositionStep(1, 2), corners(101, 103, 200, 182),
+        corners(101, 104, 200, 183));
     row("no step", Inside, withPositionStep(1, 1), corners(101, 103, 200, 182),
         corners(101, 103, 200, 182));
     row("0 counts as 1", Inside, withPositionStep(0, 4), corners(101, 103, 200, 182),
@@ -476,7 +480,12 @@ void TestRegionConstraint::snapsTheSize_data()
         corners(98, 98, 113, 113));
     row("width alone", BottomRight, withSizeStep(4, 1), rect, corners(100, 100, 115, 122));
     row("height alone", BottomRight, withSizeStep(1, 4), rect, corners(100, 100, 118, 119));
+    row("width alone by 2", BottomRight, withSizeStep(2, 1), rect, corners(100, 100, 117, 122));
+    row("height alone by 2", BottomRight, withSizeStep(1, 2), rect, corners(100, 100, 118, 121));
     row("no step", BottomRight, withSizeStep(1, 1), rect, rect);
+    Limits flat = withSizeStep(4, 4);
+    flat.minimum = QSize(18, 13);
+    row("each axis from its own minimum", BottomRight, flat, rect, corners(100, 100, 117, 120));
     row("0 counts as 1", BottomRight, withSizeStep(0, 4), rect, corners(100, 100, 118, 119));
     row("below 0 counts as 1", BottomRight, withSizeStep(4, -4), rect, corners(100, 100, 115, 122));
     row("transposed", BottomRight, transposed(withSizeStep(8, 2)), rect,
@@ -537,6 +546,8 @@ void TestRegionConstraint::keepsTheMinimum_data()
     QTest::newRow("no minimum for the width") << withMinimum(-1, 12) << rect << rect;
     QTest::newRow("no minimum for the height") << withMinimum(16, -1) << rect << rect;
     QTest::newRow("0") << withMinimum(0, 0) << rect << rect;
+    QTest::newRow("0 for the width") << withMinimum(0, 12) << rect << corners(100, 100, 104, 111);
+    QTest::newRow("0 for the height") << withMinimum(16, 0) << rect << corners(100, 100, 115, 105);
     QTest::newRow("transposed pictures swap nothing here")
         << transposed(withMinimum(16, 12)) << rect << corners(100, 100, 115, 111);
     QTest::newRow("beyond the border, since no clamp follows")
@@ -747,9 +758,9 @@ void TestRegionConstraint::insideFollowsTheMouse_data()
     QTest::addColumn<QRect>("result");
     const QRect rect = corners(100, 100, 199, 179);
     QTest::newRow("by the way of the pointer")
-        << rect << rect << QPoint(10, 10) << QPoint(15, 4) << corners(105, 94, 204, 173);
+        << rect << rect << QPoint(10, 20) << QPoint(15, 14) << corners(105, 94, 204, 173);
     QTest::newRow("from where the press was, not from where it is")
-        << corners(300, 300, 399, 379) << rect << QPoint(10, 10) << QPoint(15, 4)
+        << corners(300, 300, 399, 379) << rect << QPoint(10, 20) << QPoint(15, 14)
         << corners(105, 94, 204, 173);
     QTest::newRow("keeps its own size") << corners(300, 300, 319, 309) << rect << QPoint(10, 10)
                                         << QPoint(10, 10) << corners(140, 135, 159, 144);

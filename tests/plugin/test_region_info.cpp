@@ -16,6 +16,7 @@ private slots:
     void holdsAllKeys();
     void valuesKeepToTheirLimits_data();
     void valuesKeepToTheirLimits();
+    void fixedWithoutAspectIsLoose();
     void transposedPicturesSwapImageAndMinimum();
     void minimumIsNotScaled();
     void absurdValuesDoNoHarm_data();
@@ -124,6 +125,8 @@ void TestRegionInfo::valuesKeepToTheirLimits_data()
         {16, 12});
     row("fixed, raised width", corners(100, 460, 109, 469), 2.0, {16, 32}, {16, 12}, {624, 468},
         100, {16, 12});
+    row("fixed, height that fits and is raised", corners(630, 470, 639, 479), 1.0, {12, 12},
+        {12, 12}, {628, 468}, 100, {12, 12});
     row("negative aspect", corners(100, 80, 199, 159), -0.5, {540, 400}, {100, 80}, {540, 400}, 100,
         {100, 80});
     row("half", corners(100, 80, 200, 158), 0.0, {540, 400}, {101, 79}, {539, 401}, 50, {51, 40});
@@ -155,6 +158,13 @@ void TestRegionInfo::valuesKeepToTheirLimits()
     QCOMPARE(values.minimum, QSize(16, 12));
     QCOMPARE(values.position, rect.topLeft());
     QCOMPARE(values.image, QSize(640, 480));
+}
+
+void TestRegionInfo::fixedWithoutAspectIsLoose()
+{
+    const PanelValues values = panelValues(QSize(640, 480), corners(100, 80, 199, 159),
+                                           QSize(16, 12), false, true, 0.0, 100);
+    QCOMPARE(values.maximum, QSize(540, 400));
 }
 
 void TestRegionInfo::transposedPicturesSwapImageAndMinimum()

@@ -145,8 +145,13 @@ void TestRegionLimits::dividesDownToTheSensor_data()
     QTest::newRow("divider") << rect << 3 << 0 << corners(1, 2, 4, 7);
     QTest::newRow("both") << rect << 3 << 1 << corners(0, 1, 2, 3);
     QTest::newRow("cut towards 0") << corners(-5, -7, 5, 7) << 1 << 1 << corners(-2, -3, 2, 3);
-    QTest::newRow("at least 1 by 1") << corners(4, 4, 2, 1) << 1 << 0 << corners(4, 4, 4, 4);
-    QTest::newRow("one side at least 1") << corners(4, 4, 2, 9) << 1 << 0 << corners(4, 4, 4, 9);
+    QTest::newRow("at least 1 by 1") << corners(4, 5, 2, 1) << 1 << 0 << corners(4, 5, 4, 5);
+    QTest::newRow("width at least 1") << corners(4, 3, 2, 9) << 1 << 0 << corners(4, 3, 4, 9);
+    QTest::newRow("height at least 1") << corners(3, 4, 9, 2) << 1 << 0 << corners(3, 4, 9, 4);
+    QTest::newRow("width at least 1, further down")
+        << corners(3, 9, 1, 12) << 1 << 0 << corners(3, 9, 3, 12);
+    QTest::newRow("height at least 1, further right")
+        << corners(9, 3, 12, 1) << 1 << 0 << corners(9, 3, 12, 3);
     QTest::newRow("divider 0 counts as 1") << rect << 0 << 0 << rect;
     QTest::newRow("negative divider counts as 1") << rect << -3 << 0 << rect;
     QTest::newRow("exponent below 0 counts as 1") << rect << 1 << -1 << rect;
