@@ -40,7 +40,8 @@ public:
                       "> build/$3/compile_commands.json\n"
                       "echo > build/$3/build.ninja\n"
                       "echo '#!/usr/bin/env bash' > build/$3/orvix-workbench\n"
-                      "echo 'echo workbench $* $QT_QPA_PLATFORM >> " +
+                      "echo 'echo $PWD > " +
+                          path("where") + "; echo workbench $* $QT_QPA_PLATFORM >> " +
                           path("calls") +
                           "; exit ${WORKBENCH_STATUS:-0}'"
                           " >> build/$3/orvix-workbench\n"
@@ -102,6 +103,14 @@ public:
         m_output = QString::fromUtf8(process.readAllStandardOutput());
         m_errors = QString::fromUtf8(process.readAllStandardError());
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    }
+
+    // Folder in which the workbench was run.
+    QString whereWorkbenchRan() const
+    {
+        QFile file(path("where"));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed()
+                                              : QString();
     }
 
     QString output() const { return m_output; }
@@ -305,6 +314,8 @@ void TestDevScript::opensTheWorkbenchOnADisplay()
                  QStringList({"cmake --fresh --preset dev",
                               "cmake --build --preset dev --target orvix-workbench",
                               "workbench --style dark"}));
+        // Paths among the options are the caller's.
+        QCOMPARE(machine.whereWorkbenchRan(), QDir::rootPath());
     }
 }
 
@@ -312,9 +323,11 @@ void TestDevScript::walksThroughTheWorkbenchWithoutADisplay()
 {
     Machine machine;
     QCOMPARE(machine.dev({"run"}), 0);
-    QCOMPARE(machine.calls().last(), QString("workbench --tour tour offscreen"));
+    QCOMPARE(machine.calls().last(),
+             "workbench --tour " + machine.path("checkout/tour") + " offscreen");
     QVERIFY2(machine.output().contains(machine.path("checkout/tour")),
              qPrintable(machine.output()));
+    QCOMPARE(machine.whereWorkbenchRan(), QDir::rootPath());
 
     machine.setVariable("WORKBENCH_STATUS", "1");
     QCOMPARE(machine.dev({"run"}), 1);
