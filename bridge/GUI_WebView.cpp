@@ -11,6 +11,9 @@ GUI_WebView::GUI_WebView(HostServices *host, QWidget *parent) : QWebView(parent)
 
 GUI_WebView::~GUI_WebView()
 {
+    // A page that is still loading ends that now, and whoever listens is going too.
+    disconnect(page(), &QWebPage::loadFinished, this, nullptr);
+    disconnect(page(), &QWebPage::loadProgress, this, nullptr);
     if (m_inspector) {
         m_inspector->close();
         delete m_inspector;

@@ -21,7 +21,7 @@ void applyNativeStyle(HostServices *host, QWidget *widget)
 QString readStyleSheet(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return QString();
     QTextStream stream(&file);
     return stream.readAll();

@@ -13,6 +13,7 @@ class TestWebView : public TestBase
 
 private slots:
     void showsAPageOfItsOwn();
+    void saysNothingWhileItGoes();
     void contextMenuAndDropsAreOff();
     void emptyMenuDoesNotOpen();
     void filledMenuOpensWhereItWasAskedFor();
@@ -59,6 +60,20 @@ void TestWebView::showsAPageOfItsOwn()
     }
     QVERIFY(!page);
     QCOMPARE(host.journal(), QStringList());
+}
+
+void TestWebView::saysNothingWhileItGoes()
+{
+    StandInHost host;
+    auto *view = new GUI_WebView(&host, nullptr);
+    QSignalSpy started(view, &QWebView::loadStarted);
+    QSignalSpy finished(view, &QWebView::loadFinished);
+    QSignalSpy gone(view, &QObject::destroyed);
+    view->load(QUrl(QStringLiteral("qrc:/absent.html")));
+    QTRY_COMPARE(started.count(), 1);
+    delete view;
+    QCOMPARE(gone.count(), 1);
+    QCOMPARE(finished.count(), 0);
 }
 
 void TestWebView::contextMenuAndDropsAreOff()
