@@ -1,6 +1,10 @@
 #include "foundation/APP_ConcurrentException.h"
 
-APP_ConcurrentException::APP_ConcurrentException(const APP_Exception &inner) : m_inner(inner) {}
+// The copy is a member and no throw that was forgotten.
+APP_ConcurrentException::APP_ConcurrentException(const APP_Exception &inner)
+    : m_inner(inner) // NOLINT(bugprone-throw-keyword-missing)
+{
+}
 
 APP_ConcurrentException::~APP_ConcurrentException() = default;
 
