@@ -393,16 +393,10 @@ namespace RegionGeometry {
 
 int roundHalfAway(double value)
 {
-    if (std::isnan(value))
-        return 0;
-    if (value >= double(IntMax))
-        return int(IntMax);
-    if (value <= double(IntMin))
-        return int(IntMin);
-    if (value >= 0.0)
-        return toInt(qint64(value + 0.5));
-    const auto base = qint64(value - 1.0);
-    return toInt(base + qint64(value - double(base) + 0.5));
+    if (!(value < 0.0))
+        return truncated(value + 0.5);
+    const int base = truncated(value - 1.0);
+    return toInt(qint64(base) + truncated(value - base + 0.5));
 }
 
 int scaled(int value, const SensorScale &scale)

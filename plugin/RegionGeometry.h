@@ -112,8 +112,9 @@ QRect saturated(const QRect &rect);
 /// Degrees of a rotation that is given as a fraction of a full turn, cut to a whole number.
 int rotationDegrees(float fraction);
 
-/// How far from a side the pointer still grabs it, in view pixels: five image pixels' worth at
-/// `viewScale` view pixels per image pixel, and never below 1.
+/// How far from a side the pointer still grabs it, in view pixels: five divided by `viewScale`, the
+/// view pixels per image pixel, cut to a whole number and never below 1, so that a side can be
+/// grabbed at any zoom.
 int grabTolerance(float viewScale);
 
 /// What a point of the view grabs. `viewRect` is the rectangle as it lies in the view, `tolerance`

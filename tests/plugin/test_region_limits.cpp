@@ -193,7 +193,9 @@ void TestRegionLimits::binningCountsWhenTheFeatureIsOn()
     host.state().features.insert(QStringLiteral("binning"));
     host.clearJournal();
     QCOMPARE(tool.effectiveMinSize(camera, true), QSize(64, 48));
-    QVERIFY(host.journal().contains(QStringLiteral("isFeatureOn(\"binning\", [1], false)")));
+    QCOMPARE(host.journal(),
+             QStringList({"[1].usesScaleDivider(false)", "isFeatureOn(\"binning\", [1], false)",
+                          "[1].binningLevel()"}));
 }
 
 void TestRegionLimits::minimumIsScaledOnRequest()
@@ -224,7 +226,11 @@ void TestRegionLimits::toSensorAsksForItsOwnDivider()
     camera->setBinningLevel(1);
     QCOMPARE(tool.regionToSensor(camera, rect), corners(4, 8, 11, 15));
     host.state().features.insert(QStringLiteral("binning"));
+    host.clearJournal();
     QCOMPARE(tool.regionToSensor(camera, rect), corners(2, 4, 5, 7));
+    QCOMPARE(host.journal(),
+             QStringList({"isFeatureOn(\"binning\", [1], false)", "[1].binningLevel()",
+                          "[1].hasScaleDivider(false)", "[1].scaleDivider()"}));
 }
 
 void TestRegionLimits::toSensorWithoutDocumentKeepsTheRectangle()
