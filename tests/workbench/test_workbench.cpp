@@ -65,6 +65,7 @@ private slots:
     void reportsBrokenToolsAndLoadsTheOthers();
     void reportsAMissingFolderOfTools();
     void refusesASecondToolOfTheSameName();
+    void refusesAToolThatFailsAtTheStart();
     void unloadsATool();
     void opensAFolderAtTheStart();
     void opensAFolderWithAFileThatIsNoPicture();
@@ -259,6 +260,21 @@ void TestWorkbench::refusesASecondToolOfTheSameName()
     QCOMPARE(workbench.host().plugins(), workbench.loader().tools());
     QCOMPARE(capture.texts(QtWarningMsg),
              QStringList("t_copy.orvix: its tool \"t_multilock\" is loaded already"));
+}
+
+void TestWorkbench::refusesAToolThatFailsAtTheStart()
+{
+    LogCapture capture;
+    Workbench workbench(options());
+    workbench.start(options());
+    workbench.loadTool(QStringLiteral(FAILING_TOOL));
+    QCOMPARE(labels(workbench), QStringList("Lock Camera"));
+    QCOMPARE(workbench.loader().tools().size(), 1);
+    QCOMPARE(workbench.host().plugins(), workbench.loader().tools());
+    const QString text =
+        "tool_fails_at_start.orvix: its tool failed at the start: the host is too old";
+    QCOMPARE(capture.texts(QtWarningMsg), QStringList(text));
+    QCOMPARE(workbench.window().notice()->text(), text);
 }
 
 void TestWorkbench::unloadsATool()
