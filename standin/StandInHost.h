@@ -472,7 +472,7 @@ private:
     void showMessage(const QString &kind, const QString &text, const QStringList &items,
                      QWidget *parent);
     QWidget *messageParent(QWidget *parent) const;
-    void refreshUI(uint flags);
+    void refreshUI(uint flags, bool send);
     QVariant pref(const QString &key, const QVariant &defaultValue) const;
     void storePref(const QString &key, const QVariant &value);
 
@@ -525,6 +525,7 @@ private:
     int m_exclusiveRefreshes = 0;
     int m_deterrals = 0;
     uint m_deterredFlags = 0;
+    bool m_deterredSend = false;
 
     QUndoStack m_undo;
     int m_openMacros = 0;

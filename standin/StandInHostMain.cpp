@@ -29,18 +29,21 @@ QString messageText(const QString &text, const QStringList &items)
 void StandInHost::updateUI(uint flags, bool force)
 {
     told("updateUI", flags, force);
-    refreshUI(flags);
+    refreshUI(flags, flags == ResendSettings);
 }
 
-void StandInHost::refreshUI(uint flags)
+// Settings are sent only when that alone is asked for, by an edit: a refresh of everything, which
+// ends each page operation, shows what is there and changes no camera.
+void StandInHost::refreshUI(uint flags, bool send)
 {
     if (m_state.isUpdateIgnore)
         return;
     if (m_deterrals > 0) {
         m_deterredFlags |= flags;
+        m_deterredSend = m_deterredSend || send;
         return;
     }
-    if (flags & ResendSettings)
+    if (send)
         resendSettings();
     const QList<PLG_Interface *> plugins = m_plugins;
     for (PLG_Interface *plugin : plugins) {
@@ -308,8 +311,10 @@ void StandInHost::deterUpdateUI(bool deter)
     if (m_deterrals > 0 || m_deterredFlags == 0)
         return;
     const uint flags = m_deterredFlags;
+    const bool send = m_deterredSend;
     m_deterredFlags = 0;
-    refreshUI(flags);
+    m_deterredSend = false;
+    refreshUI(flags, send);
 }
 
 void StandInHost::exportSupportSnapshot(SupportSnapshot &out)

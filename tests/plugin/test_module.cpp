@@ -1,4 +1,5 @@
 #include "plugin/contract/PLG_Interface.h"
+#include "tests/support/TestApplication.h"
 
 #include <QApplication>
 #include <QFile>
@@ -161,7 +162,7 @@ void TestModule::textsOutliveTheModule()
 
 int main(int argc, char *argv[])
 {
-    QApplication application(argc, argv);
+    const auto application = makeTestApplication(argc, argv);
     TestModule test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -391,7 +391,15 @@ void TestStandInLock::updateUIWithOtherFlagsSendsNothing()
     host.updateUI(62, true);
     QCOMPARE(first->sendCount(), sent);
     QCOMPARE(second->shutterSpeed(), 1000u);
-    host.updateUI(~0u, true); // everything
+    host.updateUI(63, true); // what ends a page operation
+    host.updateUI(~0u, true);
+    QCOMPARE(first->sendCount(), sent);
+    QCOMPARE(second->shutterSpeed(), 1000u);
+    host.deterUpdateUI(true);
+    host.updateUI(1, false); // an edit, held back
+    host.updateUI(63, true);
+    QCOMPARE(second->shutterSpeed(), 1000u);
+    host.deterUpdateUI(false);
     QCOMPARE(first->sendCount(), sent + 1);
     QCOMPARE(second->shutterSpeed(), 2000u);
 }

@@ -1,5 +1,7 @@
 #include "tests/support/TestLog.h"
 
+#include "tests/support/TestApplication.h"
+
 #include <QApplication>
 #include <QMutex>
 #include <QMutexLocker>
@@ -103,7 +105,6 @@ void TestBase::cleanup()
 
 int runTest(int argc, char *argv[], QObject &test)
 {
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
+    const std::unique_ptr<QApplication> application = makeTestApplication(argc, argv);
     return QTest::qExec(&test, argc, argv);
 }
