@@ -1,0 +1,337 @@
+#include "tests/bridge/support/FaultMatrix.h"
+
+#include "tests/support/TestLog.h"
+
+#include <QDialog>
+#include <QUndoCommand>
+
+#include <exception>
+
+namespace {
+
+// What the meta-object system does not know: native code alone passes them.
+const QByteArray ExceptionType("std::exception");
+const QByteArray DocumentType("DOC_Interface*");
+
+QVariant plainValue(int type)
+{
+    switch (type) {
+    case QMetaType::QString:
+        return QStringLiteral("2");
+    case QMetaType::Int:
+        return 1;
+    case QMetaType::UInt:
+        return 1u;
+    case QMetaType::ULongLong:
+        return quint64(1);
+    case QMetaType::Double:
+        return 2.5;
+    case QMetaType::Bool:
+        return true;
+    case QMetaType::QVariant:
+        return QVariant(3);
+    case QMetaType::QStringList:
+        return QStringList({QStringLiteral("a"), QStringLiteral("b")});
+    case QMetaType::QVariantList:
+        return QVariantList({1, QStringLiteral("b")});
+    case QMetaType::QVariantMap:
+        return QVariantMap({{QStringLiteral("a"), 1}});
+    case QMetaType::QPoint:
+        return QPoint(3, 4);
+    default:
+        return QVariant();
+    }
+}
+
+QByteArray bare(QByteArray type)
+{
+    return type.endsWith('&') ? type.left(type.size() - 1) : type;
+}
+
+QString operationOf(const QString &line)
+{
+    const QString call = line.section(QLatin1Char('('), 0, 0);
+    return call.section(QLatin1Char('.'), -1);
+}
+
+QStringList withoutErrorHandler(QStringList lines)
+{
+    for (int i = lines.size() - 1; i >= 0; --i) {
+        if (lines.at(i).startsWith(QLatin1String("errorHandler(")))
+            lines.removeAt(i);
+    }
+    return lines;
+}
+
+// A task's failure arrives as a toolkit exception, and goes unheard behind another failure.
+bool isTask(const QString &operation)
+{
+    return operation == QLatin1String("writeSupportFile");
+}
+
+bool areBalanced(const QStringList &lines)
+{
+    QStringList open;
+    for (const QString &line : lines) {
+        const QString name = line.section(QLatin1Char('"'), 1, 1);
+        if (line.startsWith(QLatin1String("[ENTER]")))
+            open.append(name);
+        else if (line.startsWith(QLatin1String("[LEAVE]")) &&
+                 (open.isEmpty() || open.takeLast() != name))
+            return false;
+    }
+    return open.isEmpty();
+}
+
+class NativeCaller : public FaultMatrix::Caller
+{
+public:
+    explicit NativeCaller(const PageClass &pageClass) : m_class(pageClass) {}
+
+    void begin(StandInHost &host) override { m_object.reset(m_class.make(host)); }
+    void call(const QMetaMethod &slot, const QVariantList &arguments) override
+    {
+        callSlot(m_object.get(), slot, arguments);
+    }
+    void end() override { m_object.reset(); }
+
+private:
+    const PageClass &m_class;
+    std::unique_ptr<QObject> m_object;
+};
+
+}
+
+FaultScene::FaultScene() = default;
+FaultScene::~FaultScene() = default;
+
+void FaultScene::furnish()
+{
+    mainWidget = std::make_unique<QWidget>();
+    auto *dialog = new QDialog(mainWidget.get());
+    dialog->setObjectName(QStringLiteral("GUI_MobileDialog"));
+    host.state().mainWidget = mainWidget.get();
+    host.state().isTrelvikRunning = true;
+    host.state().isTrelvikWindowShown = true;
+    host.state().hasRestoredPrefs = true;
+    host.state().needsDialogEnterNotice = true;
+    host.answerConfirm(true);
+    for (const char *setting :
+         {"display/DisplayWithRealBitDepth", "devicemanager/connectedCameraOnlyShowing"})
+        host.settings().setValue(QLatin1String(setting), true);
+    for (int i = 0; i < 2; ++i) {
+        StandInCamera *camera = host.addCamera();
+        camera->setLockedTogether(true);
+        camera->state().capabilities = {112, 117, 158, 176};
+        camera->state().fallbackName = QStringLiteral("Fallback");
+        host.select(camera->key(), true);
+    }
+    host.undoSteps()->push(new QUndoCommand);
+}
+
+QVariantList plainArguments(const QMetaMethod &slot, bool *ok)
+{
+    QVariantList arguments;
+    *ok = true;
+    const QList<QByteArray> types = slot.parameterTypes();
+    for (int i = 0; i < slot.parameterCount(); ++i) {
+        if (bare(types.at(i)) == ExceptionType || types.at(i) == DocumentType) {
+            arguments.append(QVariant());
+            continue;
+        }
+        arguments.append(plainValue(slot.parameterType(i)));
+        *ok = *ok && arguments.last().isValid();
+    }
+    return arguments;
+}
+
+void callSlot(QObject *object, const QMetaMethod &slot, const QVariantList &arguments)
+{
+    std::exception exception;
+    void *noDocument = nullptr;
+    QVariantList values = arguments;
+    void *data[11] = {};
+    QVariant result(slot.returnType(), nullptr);
+    if (slot.returnType() != QMetaType::Void)
+        data[0] = result.data();
+    const QList<QByteArray> types = slot.parameterTypes();
+    for (int i = 0; i < slot.parameterCount(); ++i) {
+        if (bare(types.at(i)) == ExceptionType) {
+            data[i + 1] = &exception;
+        } else if (types.at(i) == DocumentType) {
+            data[i + 1] = &noDocument;
+        } else if (slot.parameterType(i) == QMetaType::QVariant) {
+            data[i + 1] = &values[i];
+        } else {
+            values[i].convert(slot.parameterType(i));
+            data[i + 1] = values[i].data();
+        }
+    }
+    QMetaObject::metacall(object, QMetaObject::InvokeMetaMethod, slot.methodIndex(), data);
+}
+
+void FaultMatrix::walkNatively(const PageClass &pageClass, const QVector<PageClass> &classes)
+{
+    NativeCaller caller(pageClass);
+    walk(*pageClass.meta, classes, caller);
+}
+
+void FaultMatrix::walk(const QMetaObject &meta, const QVector<PageClass> &classes, Caller &caller)
+{
+    QStringList done; // a slot that a subclass declares again
+    for (const QMetaObject *level = &meta; level; level = level->superClass()) {
+        // By name: a module brings a copy of its own.
+        const auto known =
+            std::find_if(classes.cbegin(), classes.cend(), [&](const PageClass &each) {
+                return qstrcmp(each.meta->className(), level->className()) == 0;
+            });
+        if (known == classes.cend())
+            continue;
+        for (int i = level->methodOffset(); i < level->methodCount(); ++i) {
+            const QMetaMethod slot = level->method(i);
+            const QString signature = QString::fromLatin1(slot.methodSignature());
+            if (slot.methodType() != QMetaMethod::Slot || done.contains(signature) ||
+                m_leftOut.contains(slot.methodSignature()))
+                continue;
+            done.append(signature);
+            ++m_slots;
+            int calls = 0;
+            bool called = false;
+            bool ok = false;
+            const QVariantList plain = plainArguments(slot, &ok);
+            if (ok) {
+                calls += walkWay({slot, plain, {}, false}, caller);
+                calls += walkWay({slot, plain, {}, true}, caller);
+                called = true;
+            }
+            for (const SlotCase &each : known->cases) {
+                if (each.slot != slot.methodSignature())
+                    continue;
+                calls += walkWay({slot, each.arguments, each.setup, true}, caller);
+                called = true;
+            }
+            const QString name =
+                QString::fromLatin1(level->className()) + QLatin1String("::") + signature;
+            if (!called)
+                m_problems.append(name + QLatin1String(": no arguments are known for it"));
+            else if (calls == 0)
+                m_withoutHostCall.append(name);
+        }
+    }
+}
+
+int FaultMatrix::walkWay(const Way &way, Caller &caller)
+{
+    const QStringList calls = run(way, caller, Form::NoFault, 0, QString());
+    for (int nth = 1; nth <= calls.size(); ++nth) {
+        run(way, caller, Form::Once, nth, QString());
+        run(way, caller, Form::FromThereOn, nth, QString());
+    }
+    QStringList operations;
+    for (const QString &line : calls)
+        operations.append(operationOf(line));
+    operations.removeDuplicates();
+    for (const QString &operation : operations) {
+        run(way, caller, Form::Null, 0, operation);
+        run(way, caller, Form::Empty, 0, operation);
+    }
+    m_callSites += calls.size();
+    return calls.size();
+}
+
+QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
+                             const QString &operation)
+{
+    ++m_runs;
+    LogCapture log;
+    FaultScene scene;
+    if (way.furnished)
+        scene.furnish();
+    if (way.setup)
+        way.setup(scene);
+    StandInHost &host = scene.host;
+    caller.begin(host);
+    host.clearJournal();
+    host.clearHandledErrors();
+    log.clear();
+    switch (form) {
+    case Form::NoFault:
+        break;
+    case Form::Once:
+        host.failAtCall(nth);
+        break;
+    case Form::FromThereOn:
+        host.failFromCall(nth);
+        break;
+    case Form::Null:
+        host.answerNullOn(operation, 0);
+        break;
+    case Form::Empty:
+        host.answerEmptyOn(operation, 0);
+        break;
+    }
+    QString escaped;
+    try {
+        caller.call(way.slot, way.arguments);
+    } catch (const std::exception &failure) {
+        escaped = QString::fromUtf8(failure.what());
+    } catch (...) {
+        escaped = QStringLiteral("something that is no exception");
+    }
+    host.clearFaults();
+    const QStringList calls = withoutErrorHandler(host.journal());
+    QStringList handled = host.handledErrors();
+    if (way.slot.parameterTypes().contains("std::exception&"))
+        handled.removeOne(QLatin1String("std::exception")); // what it is there for
+
+    QString when = QStringLiteral("without a fault");
+    if (form == Form::Once || form == Form::FromThereOn)
+        when = QStringLiteral("%1 call %2, %3")
+                   .arg(QLatin1String(form == Form::Once ? "at" : "from"))
+                   .arg(nth)
+                   .arg(calls.value(nth - 1));
+    else if (form == Form::Null || form == Form::Empty)
+        when = operation + QLatin1String(form == Form::Null ? " answers null" : " answers empty");
+    if (!escaped.isEmpty())
+        report(way, when, QLatin1String("escaped: ") + escaped);
+    if (!areBalanced(log.texts()))
+        report(way, when, QLatin1String("trace: ") + log.texts().join(QLatin1String(" | ")));
+
+    if (form == Form::Once && calls.size() >= nth) {
+        const QString failing = operationOf(calls.at(nth - 1));
+        const bool told =
+            handled.size() == 1 && (isTask(failing) || handled.first() == failing + " failed");
+        if (!told)
+            report(way, when, QLatin1String("handled: ") + handled.join(QLatin1String(" | ")));
+    } else if (form == Form::FromThereOn) {
+        QStringList expected;
+        for (const QString &line : calls.mid(nth - 1))
+            expected.append(operationOf(line) + QLatin1String(" failed"));
+        QStringList others = handled;
+        const bool task = expected.removeAll(QLatin1String("writeSupportFile failed")) > 0;
+        if (task && !expected.contains(QLatin1String("runWithProgress failed")))
+            others.removeAt(0); // the task's own, as the toolkit words it
+        // A scope inside a body reports before the body does.
+        expected.sort();
+        others.sort();
+        if (others != expected)
+            report(way, when, QLatin1String("handled: ") + handled.join(QLatin1String(" | ")));
+    } else if (!handled.isEmpty()) { // nothing is no failure
+        report(way, when, QLatin1String("handled: ") + handled.join(QLatin1String(" | ")));
+    }
+    caller.end();
+    return calls;
+}
+
+void FaultMatrix::report(const Way &way, const QString &when, const QString &what)
+{
+    m_problems.append(QString::fromLatin1(way.slot.enclosingMetaObject()->className()) +
+                      QLatin1String("::") + QString::fromLatin1(way.slot.methodSignature()) +
+                      QLatin1String(way.furnished ? " (furnished) " : " (empty) ") + when +
+                      QLatin1String(": ") + what);
+}
+
+QVector<PageClass> allPageClasses()
+{
+    return bridgePageClasses() + devicePageClasses();
+}

@@ -1,0 +1,239 @@
+#include "bridge/FileChoice.h"
+#include "bridge/JS_Mediator.h"
+#include "tests/bridge/support/FaultMatrix.h"
+#include "tests/support/TestLog.h"
+
+#include <QDirIterator>
+#include <QRegularExpression>
+
+#include <cstdio>
+
+// Every slot that a page can call, while each host call of it fails in turn; and what the engine
+// must know of each class.
+
+Q_DECLARE_METATYPE(PageClass)
+
+class TestFaultMatrix : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void nothingEscapes_data();
+    void nothingEscapes();
+    void engineKnowsTheTypes_data();
+    void engineKnowsTheTypes();
+    void signaturesAreNormalised_data();
+    void signaturesAreNormalised();
+    void noSignalIsHidden_data();
+    void noSignalIsHidden();
+    void everyClassIsRegistered();
+    void matrixNoticesAnEscape();
+    void matrixNoticesASwallowedFailure();
+    void matrixNoticesAMissingLeave();
+
+private:
+    int m_slots = 0;
+    int m_callSites = 0;
+    int m_runs = 0;
+    QStringList m_withoutHostCall;
+};
+
+namespace {
+
+void addClasses()
+{
+    QTest::addColumn<PageClass>("pageClass");
+    for (const PageClass &each : allPageClasses())
+        QTest::newRow(each.meta->className()) << each;
+}
+
+/// A class as nobody should write it.
+class CarelessMediator : public JS_Mediator
+{
+    Q_OBJECT
+
+public:
+    explicit CarelessMediator(HostServices *host) : JS_Mediator(host, QStringLiteral("page")) {}
+
+public slots:
+    void lets() { host()->isReady(); }
+    void swallows()
+    {
+        try {
+            host()->isReady();
+        } catch (const std::exception &) {
+        }
+    }
+    void forgets()
+    {
+        qInfo() << "[ENTER]" << QStringLiteral("CarelessMediator::forgets") << QString();
+        isReady();
+    }
+};
+
+QStringList problemsOf(const QByteArray &slot)
+{
+    const QVector<PageClass> classes = {
+        {&CarelessMediator::staticMetaObject,
+         [](StandInHost &host) -> QObject * { return new CarelessMediator(&host); },
+         {}}};
+    FaultMatrix matrix;
+    matrix.walkNatively(classes.first(), classes);
+    return matrix.problems().filter(QString::fromLatin1(slot));
+}
+
+}
+
+void TestFaultMatrix::initTestCase()
+{
+    FileChoice::setAnswer(
+        [](const FileChoice::Question &) { return QStringList(QStringLiteral("/o/s.zip")); });
+}
+
+void TestFaultMatrix::cleanupTestCase()
+{
+    FileChoice::setAnswer(FileChoice::Answer());
+    m_withoutHostCall.removeDuplicates();
+    std::printf("fault matrix: %d slots, %d call sites, %d runs\n", m_slots, m_callSites, m_runs);
+    std::printf("slots without a host call: %s\n",
+                qPrintable(m_withoutHostCall.join(QLatin1String(", "))));
+}
+
+void TestFaultMatrix::nothingEscapes_data()
+{
+    addClasses();
+}
+
+void TestFaultMatrix::nothingEscapes()
+{
+    QFETCH(PageClass, pageClass);
+    FaultMatrix matrix;
+    matrix.walkNatively(pageClass, allPageClasses());
+    m_slots += matrix.slotCount();
+    m_callSites += matrix.callSites();
+    m_runs += matrix.runs();
+    m_withoutHostCall += matrix.slotsWithoutHostCall();
+    QVERIFY2(matrix.problems().isEmpty(),
+             qPrintable(matrix.problems().mid(0, 10).join(QLatin1Char('\n'))));
+}
+
+void TestFaultMatrix::engineKnowsTheTypes_data()
+{
+    addClasses();
+}
+
+void TestFaultMatrix::engineKnowsTheTypes()
+{
+    QFETCH(PageClass, pageClass);
+    const QList<QByteArray> nativeAlone = {"std::exception&", "DOC_Interface*"};
+    const QMetaObject &meta = *pageClass.meta;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod method = meta.method(i);
+        QVERIFY2(method.returnType() != QMetaType::UnknownType, method.methodSignature());
+        const QList<QByteArray> types = method.parameterTypes();
+        for (int j = 0; j < method.parameterCount(); ++j) {
+            if (nativeAlone.contains(types.at(j)))
+                QCOMPARE(method.parameterType(j), int(QMetaType::UnknownType));
+            else
+                QVERIFY2(method.parameterType(j) != QMetaType::UnknownType,
+                         method.methodSignature());
+        }
+    }
+}
+
+void TestFaultMatrix::signaturesAreNormalised_data()
+{
+    addClasses();
+}
+
+void TestFaultMatrix::signaturesAreNormalised()
+{
+    QFETCH(PageClass, pageClass);
+    const QMetaObject &meta = *pageClass.meta;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QByteArray signature = meta.method(i).methodSignature();
+        QCOMPARE(QMetaObject::normalizedSignature(signature), signature);
+    }
+}
+
+void TestFaultMatrix::noSignalIsHidden_data()
+{
+    addClasses();
+}
+
+void TestFaultMatrix::noSignalIsHidden()
+{
+    QFETCH(PageClass, pageClass);
+    const QMetaObject &meta = *pageClass.meta;
+    for (int i = 0; i < meta.methodCount(); ++i) {
+        const QMetaMethod lower = meta.method(i);
+        for (int j = qMax(i + 1, meta.methodOffset()); j < meta.methodCount(); ++j) {
+            const QMetaMethod upper = meta.method(j);
+            const bool oneIsASignal = lower.methodType() == QMetaMethod::Signal ||
+                                      upper.methodType() == QMetaMethod::Signal;
+            QVERIFY2(!oneIsASignal || lower.methodSignature() != upper.methodSignature(),
+                     upper.methodSignature());
+        }
+    }
+}
+
+// A class that is missing from the lists would be missing from all of these tests.
+void TestFaultMatrix::everyClassIsRegistered()
+{
+    QStringList known;
+    for (const PageClass &each : allPageClasses())
+        known.append(QString::fromLatin1(each.meta->className()));
+    const QRegularExpression declaration(
+        QStringLiteral("^class ((?:GUI|JS_Mediator)[A-Za-z_0-9]*) : public"),
+        QRegularExpression::MultilineOption);
+    QStringList missing;
+    int found = 0;
+    for (const char *folder : {"bridge", "record", "device", "save", "plugin"}) {
+        QDirIterator files(QStringLiteral(SOURCE_ROOT "/") + QLatin1String(folder), {"*.h"},
+                           QDir::Files);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            auto match = declaration.globalMatch(QString::fromUtf8(file.readAll()));
+            while (match.hasNext()) {
+                const QString name = match.next().captured(1);
+                ++found;
+                if (!known.contains(name))
+                    missing.append(name);
+            }
+        }
+    }
+    QVERIFY(found >= 17);
+    QCOMPARE(missing, QStringList());
+}
+
+void TestFaultMatrix::matrixNoticesAnEscape()
+{
+    const QStringList problems = problemsOf("lets()");
+    QVERIFY(!problems.isEmpty());
+    QVERIFY(problems.first().contains("escaped: isReady failed"));
+}
+
+void TestFaultMatrix::matrixNoticesASwallowedFailure()
+{
+    const QStringList problems = problemsOf("swallows()");
+    QVERIFY(!problems.isEmpty());
+    QVERIFY(problems.first().contains("handled: "));
+}
+
+void TestFaultMatrix::matrixNoticesAMissingLeave()
+{
+    const QStringList problems = problemsOf("forgets()");
+    QVERIFY(!problems.isEmpty());
+    QVERIFY(problems.first().contains("trace: "));
+}
+
+int main(int argc, char **argv)
+{
+    TestFaultMatrix test;
+    return runTest(argc, argv, test);
+}
+
+#include "test_fault_matrix.moc"
