@@ -263,8 +263,7 @@ protected:
     bool m_closeCurrentOnFinish = false;
     bool m_closeOnForbiddenMode = true;
     qint32 m_userValue = 0;
-    qint32 m_anchorCorner =
-        4; ///< 0 top-left, 1 top-right, 2 bottom-left, 3 bottom-right, 4 none yet
+    qint32 m_anchorCorner = 4; ///< 0, 1 top left and right, 2, 3 bottom left and right, 4 none yet
     bool m_flagF = false;
 
 private:

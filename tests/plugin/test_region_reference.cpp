@@ -8,8 +8,8 @@
 
 using namespace RegionGeometry;
 
-// The same edits once more, step by step and side by side as a camera's manual would tell them, on
-// numbers far from any limit of their type. Random cases hold the two together.
+// The same edits once more, written out step by step and side by side, without what the two axes
+// have in common, on numbers far from any limit of their type. Random cases hold the two together.
 namespace Literal {
 
 struct Sides
