@@ -172,6 +172,8 @@ private slots:
     void worksThroughALink();
     void explainsItself();
     void refusesAnUnknownCommand();
+    void refusesAnUnknownFuzzSubject_data();
+    void refusesAnUnknownFuzzSubject();
 };
 
 void TestDevScript::configuresBuildsAndTests()
@@ -349,7 +351,7 @@ void TestDevScript::explainsItself()
     for (const QStringList &arguments :
          {QStringList(), QStringList("help"), QStringList("--help")}) {
         QCOMPARE(machine.dev(arguments), 0);
-        for (const char *command : {"run", "test", "sanitize", "bench", "lint", "help"})
+        for (const char *command : {"run", "test", "sanitize", "bench", "fuzz", "lint", "help"})
             QVERIFY2(machine.output().contains(QString("./dev %1 ").arg(command)), command);
     }
     QCOMPARE(machine.calls(), QStringList());
@@ -360,6 +362,23 @@ void TestDevScript::refusesAnUnknownCommand()
     Machine machine;
     QCOMPARE(machine.dev({"tset"}), 2);
     QVERIFY(machine.errors().startsWith("./dev tset: no such command\n"));
+    QCOMPARE(machine.calls(), QStringList());
+}
+
+void TestDevScript::refusesAnUnknownFuzzSubject_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("none") << QStringList{"fuzz"};
+    QTest::newRow("unknown") << QStringList{"fuzz", "nothing"};
+    QTest::newRow("no time") << QStringList{"fuzz", "region", "soon"};
+}
+
+void TestDevScript::refusesAnUnknownFuzzSubject()
+{
+    QFETCH(QStringList, arguments);
+    Machine machine;
+    QCOMPARE(machine.dev(arguments), 2);
+    QVERIFY(machine.errors().startsWith("./dev fuzz SUBJECT [SECONDS]; the subjects:\n"));
     QCOMPARE(machine.calls(), QStringList());
 }
 
