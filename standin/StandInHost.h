@@ -186,6 +186,14 @@ public:
 
     SavePlan &savePlan() { return m_savePlan; }
 
+    // Pages.
+
+    /// Does what attachMediator() does, for pages of a user interface around the host.
+    void showMediator(GUI_WebView *view, JS_Mediator *mediator);
+
+    /// The object that pages see as "main"; its properties are free for a user interface.
+    QObject *pageObject() { return &m_mainScriptObject; }
+
     // The contract.
 
     // HostMain

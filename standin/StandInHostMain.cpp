@@ -100,6 +100,11 @@ QObject *StandInHost::webPageEmbeddedMdi()
 void StandInHost::attachMediator(GUI_WebView *view, JS_Mediator *mediator)
 {
     told("attachMediator", view, mediator);
+    showMediator(view, mediator);
+}
+
+void StandInHost::showMediator(GUI_WebView *view, JS_Mediator *mediator)
+{
     if (!view || !mediator)
         return;
     mediator->setWebView(view);

@@ -8,6 +8,7 @@
 #include "workbench/LogPanel.h"
 #include "workbench/Look.h"
 #include "workbench/NoticeBar.h"
+#include "workbench/PagePanel.h"
 #include "workbench/StatusLine.h"
 #include "workbench/ToolBar.h"
 #include "workbench/ViewArea.h"
@@ -40,6 +41,7 @@ MainWindow::MainWindow(StandInHost &host, LogModel &log)
     resize(1280, 800);
     resizeDocks({m_logDock}, {230}, Qt::Vertical);
     resizeDocks({m_cameraDock}, {300}, Qt::Horizontal);
+    resizeDocks({m_cameraDock, m_deviceDock, m_statusDock}, {170, 230, 290}, Qt::Vertical);
     refresh();
 }
 
@@ -107,6 +109,11 @@ void MainWindow::refresh()
     m_previousView->setEnabled(several);
     m_tools->refresh();
     m_status->refresh();
+    const StandInDocument *current = m_host.document(m_host.currentKey());
+    m_host.pageObject()->setProperty("currentPartition",
+                                     current ? current->state().currentPartition : 0);
+    m_statusPanel->refresh();
+    m_devicePanel->refresh();
     m_hostCalls->collect();
 }
 
@@ -207,7 +214,7 @@ void MainWindow::makeMenus()
     view->addSeparator();
     view->addActions(m_styles->actions());
     view->addSeparator();
-    for (QDockWidget *dock : {m_cameraDock, m_logDock, m_callsDock})
+    for (QDockWidget *dock : {m_cameraDock, m_deviceDock, m_statusDock, m_logDock, m_callsDock})
         view->addAction(dock->toggleViewAction());
     m_toolMenu = menuBar()->addMenu(tr("&Tools"));
     m_toolMenu->setEnabled(false);
@@ -260,6 +267,10 @@ void MainWindow::makePanels()
     m_logPanel = new LogPanel(&m_log, this);
     m_hostCalls = new HostCallPanel(m_host, this);
     m_cameraDock = dock("cameraDock", tr("Camera"), m_cameraPanel, Qt::RightDockWidgetArea);
+    m_devicePanel = new PagePanel(m_host, "devicepanel", "qrc:/devices.html", tr("Devices"), this);
+    m_statusPanel = new PagePanel(m_host, "statuspanel", "qrc:/status.html", tr("Status"), this);
+    m_deviceDock = dock("deviceDock", tr("Devices"), m_devicePanel, Qt::RightDockWidgetArea);
+    m_statusDock = dock("statusDock", tr("Status"), m_statusPanel, Qt::RightDockWidgetArea);
     m_logDock = dock("logDock", tr("Log"), m_logPanel, Qt::BottomDockWidgetArea);
     m_callsDock = dock("callsDock", tr("Host calls"), m_hostCalls, Qt::BottomDockWidgetArea);
     tabifyDockWidget(m_logDock, m_callsDock);

@@ -9,6 +9,7 @@ class HostCallPanel;
 class LogModel;
 class LogPanel;
 class NoticeBar;
+class PagePanel;
 class QActionGroup;
 class QDockWidget;
 class QTimer;
@@ -34,6 +35,8 @@ public:
     HostCallPanel *hostCalls() const { return m_hostCalls; }
     NoticeBar *notice() const { return m_notice; }
     StatusLine *status() const { return m_status; }
+    PagePanel *statusPanel() const { return m_statusPanel; }
+    PagePanel *devicePanel() const { return m_devicePanel; }
 
     /// Adds and removes a tool that the host has.
     void addTool(PLG_Interface *tool);
@@ -75,9 +78,13 @@ private:
     HostCallPanel *m_hostCalls = nullptr;
     NoticeBar *m_notice = nullptr;
     StatusLine *m_status = nullptr;
+    PagePanel *m_statusPanel = nullptr;
+    PagePanel *m_devicePanel = nullptr;
     QDockWidget *m_cameraDock = nullptr;
     QDockWidget *m_logDock = nullptr;
     QDockWidget *m_callsDock = nullptr;
+    QDockWidget *m_statusDock = nullptr;
+    QDockWidget *m_deviceDock = nullptr;
     QMenu *m_toolMenu = nullptr;
 
     QAction *m_openFolder = nullptr;

@@ -1,0 +1,163 @@
+'use strict';
+
+// What all pages share: a page starts with Page.start('name of its mediator', setup), and talks to
+// the application through Page.bridge only. Nothing that a handler throws leaves it: it is told by
+// errorLog, and the page goes on.
+var Page = (function () {
+    var page = { bridge: null };
+
+    function textOf(error) {
+        var text = String(error);
+        if (error && error.sourceURL)
+            text += ' (' + error.sourceURL + ':' + error.line + ')';
+        return text;
+    }
+
+    function report(error) {
+        if (page.bridge)
+            page.bridge.errorLog(textOf(error));
+    }
+
+    page.guard = function (handler) {
+        return function () {
+            try {
+                return handler.apply(this, arguments);
+            } catch (error) {
+                report(error);
+            }
+        };
+    };
+
+    // A handler of a mediator's signal.
+    page.connect = function (signal, handler) {
+        signal.connect(page.guard(handler));
+    };
+
+    // A handler of an event in the page.
+    page.listen = function (element, type, handler) {
+        element.addEventListener(type, page.guard(handler));
+    };
+
+    page.get = function (id) {
+        return document.getElementById(id);
+    };
+
+    page.all = function (selector) {
+        return Array.from(document.querySelectorAll(selector));
+    };
+
+    page.translate = function (text) {
+        return page.bridge.translate(text);
+    };
+
+    // A translated text with something of the page's own in place of %1.
+    page.fill = function (text, value) {
+        return page.translate(text).split('%1').join(String(value));
+    };
+
+    // An element with a class and text, which is shown as it stands.
+    page.make = function (tag, className, text) {
+        var element = document.createElement(tag);
+        element.className = className;
+        element.textContent = text;
+        return element;
+    };
+
+    // Shows an element with a text of the kind 'empty' or 'error', or hides it for an empty text.
+    page.tell = function (id, kind, text) {
+        var element = page.get(id);
+        element.className = 'state ' + kind;
+        element.textContent = text;
+        element.hidden = text === '';
+        element.setAttribute('role', kind === 'error' ? 'alert' : 'status');
+    };
+
+    function takeStyle() {
+        var dark = page.bridge.getStyle().toLowerCase() === 'dark';
+        document.body.classList.remove(dark ? 'light' : 'dark');
+        document.body.classList.add(dark ? 'dark' : 'light');
+    }
+
+    // Marked texts: data-tr, and data-tr-label for what only screen readers and tips say. They are
+    // kept as they were, so that a page can be translated again.
+    function translateAll() {
+        page.all('[data-tr]').forEach(function (element) {
+            element.dataset.source = element.dataset.source || element.textContent;
+            element.textContent = page.translate(element.dataset.source);
+        });
+        page.all('[data-tr-label]').forEach(function (element) {
+            var text = page.translate(element.getAttribute('data-tr-label'));
+            element.setAttribute('aria-label', text);
+            element.title = text;
+        });
+    }
+
+    function isTextBox(element) {
+        return element.tagName === 'TEXTAREA' ||
+            (element.tagName === 'INPUT' && element.type === 'text');
+    }
+
+    // While the user types, the shortcuts of the main window stand aside.
+    function followTextBoxes() {
+        if (typeof page.bridge.setTextBoxFocusState !== 'function')
+            return;
+        page.listen(document, 'focusin', function (event) {
+            if (isTextBox(event.target))
+                page.bridge.setTextBoxFocusState(true);
+        });
+        page.listen(document, 'focusout', function (event) {
+            if (isTextBox(event.target))
+                page.bridge.setTextBoxFocusState(false);
+        });
+    }
+
+    function logOperation(operation, element, value) {
+        var name = element.type === 'checkbox' ? 'CheckBox' :
+            element.type === 'radio' ? 'RadioButton' :
+            element.tagName.charAt(0) + element.tagName.slice(1).toLowerCase();
+        page.bridge.userOperationLogWebView(location.href, operation, name, element.id,
+            element.className, value);
+    }
+
+    // What the user did comes before what follows from it, so this listens on the way down.
+    function followUser() {
+        document.addEventListener('click', page.guard(function (event) {
+            if (event.target.tagName === 'BUTTON')
+                logOperation('clicked', event.target, '');
+        }), true);
+        document.addEventListener('change', page.guard(function (event) {
+            var element = event.target;
+            logOperation('changed', element,
+                element.type === 'checkbox' ? element.checked : element.value);
+        }), true);
+    }
+
+    // `setup` prepares the page and gives the function that draws it: now, on `open`, and on each
+    // `update`.
+    page.start = function (name, setup) {
+        window.addEventListener('error', function (event) {
+            report(event.message + ' (' + event.filename + ':' + event.lineno + ')');
+        });
+        window.addEventListener('load', page.guard(function () {
+            page.bridge = window[name] || null;
+            if (!page.bridge) {
+                document.body.classList.add('light');
+                document.body.textContent = 'This page works in the application only.';
+                return;
+            }
+            takeStyle();
+            translateAll();
+            followTextBoxes();
+            followUser();
+            var draw = page.guard(setup());
+            page.connect(page.bridge.open, draw);
+            page.connect(page.bridge.update, function () {
+                takeStyle();
+                draw();
+            });
+            draw();
+        }));
+    };
+
+    return page;
+})();
