@@ -394,8 +394,9 @@ namespace RegionGeometry {
 int roundHalfAway(double value)
 {
     if (!(value < 0.0))
-        return truncated(value + 0.5);
+        return truncated(value + 0.5); // NOLINT(bugprone-incorrect-roundings): as documented
     const int base = truncated(value - 1.0);
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): as documented
     return toInt(qint64(base) + truncated(value - base + 0.5));
 }
 

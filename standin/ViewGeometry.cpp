@@ -1,13 +1,19 @@
 #include "standin/ViewGeometry.h"
 
-#include <QtMath>
-
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
 // Rounding noise of the transformation must not add a pixel.
 constexpr double Noise = 1e-6;
+
+// A rectangle far outside of any picture still has a width that fits into an int.
+int viewPixel(double coordinate)
+{
+    constexpr double Far = 1e9;
+    return std::isnan(coordinate) ? 0 : int(std::clamp(coordinate, -Far, Far));
+}
 
 int normalized(int quarterTurns)
 {
@@ -63,10 +69,12 @@ QPoint ViewGeometry::toImage(const QPoint &viewPoint) const
 
 QRect ViewGeometry::toView(const QRect &imageRect) const
 {
-    const QRectF area = transform().mapRect(
-        QRectF(imageRect.x(), imageRect.y(), imageRect.width(), imageRect.height()));
-    const QPoint topLeft(qFloor(area.left() + Noise), qFloor(area.top() + Noise));
-    const QPoint bottomRight(qCeil(area.right() - Noise) - 1, qCeil(area.bottom() - Noise) - 1);
+    const QRectF area = transform().mapRect(QRectF(
+        QPointF(imageRect.topLeft()), QPointF(imageRect.right() + 1.0, imageRect.bottom() + 1.0)));
+    const QPoint topLeft(viewPixel(std::floor(area.left() + Noise)),
+                         viewPixel(std::floor(area.top() + Noise)));
+    const QPoint bottomRight(viewPixel(std::ceil(area.right() - Noise) - 1.0),
+                             viewPixel(std::ceil(area.bottom() - Noise) - 1.0));
     return QRect(topLeft, bottomRight);
 }
 

@@ -105,9 +105,8 @@ void TestModuleUnload::hostReadsAndDestroysEverythingAfterwards()
         QCOMPARE(host->quickTool(), QStringLiteral("t_multilock"));
         kept << host->journal().join(QLatin1Char('\n'));
     }
-    QCOMPARE(kept.mid(0, 4),
-             QStringList({"t_multilock", "Do you want to accept?", "Lock Camera",
-                          "Not Found \":/t_multilock.html\""}));
+    QCOMPARE(kept.mid(0, 4), QStringList({"t_multilock", "Do you want to accept?", "Lock Camera",
+                                          "Not Found \":/t_multilock.html\""}));
 }
 
 void TestModuleUnload::moduleIsLoadedAndUnloadedAgainAndAgain()

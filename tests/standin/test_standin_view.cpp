@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QSignalSpy>
 
+#include <limits>
+
 class TestStandInView : public TestBase
 {
     Q_OBJECT
@@ -18,6 +20,7 @@ private slots:
     void mapPointStaysInside_data();
     void mapPointStaysInside();
     void mapsRectanglesAtScale();
+    void mapsRectanglesFarOutsideOfAnyPicture();
     void transposedAtQuarterTurns();
     void rotationIsAFractionOfATurn();
     void scaleFitsIntoTheView();
@@ -153,6 +156,20 @@ void TestStandInView::mapsRectanglesAtScale()
     QCOMPARE(camera->mapRect(QRect(4, 4, 8, 4)), QRect(2, 2, 4, 2));
     QCOMPARE(camera->mapRect(QRect(4, 4, 1, 1)), QRect(2, 2, 1, 1)); // never empty
     QCOMPARE(camera->mapRect(QRect(5, 5, 1, 1)), QRect(2, 2, 1, 1));
+}
+
+void TestStandInView::mapsRectanglesFarOutsideOfAnyPicture()
+{
+    constexpr int least = std::numeric_limits<int>::min();
+    constexpr int most = std::numeric_limits<int>::max();
+    ViewGeometry geometry;
+    geometry.picture = QSize(640, 480);
+    geometry.scale = 100.0;
+    const QRect everything(QPoint(least, least), QPoint(most, most));
+    QCOMPARE(geometry.toView(everything),
+             QRect(QPoint(-1000000000, -1000000000), QPoint(1000000000, 1000000000)));
+    geometry.scale = 1e300;
+    QCOMPARE(geometry.toView(everything).topLeft(), QPoint(-1000000000, -1000000000));
 }
 
 void TestStandInView::transposedAtQuarterTurns()
