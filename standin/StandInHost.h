@@ -481,6 +481,7 @@ private:
                      QWidget *parent);
     QWidget *messageParent(QWidget *parent) const;
     void refreshUI(uint flags, bool send);
+    void hideBoxes();
     QVariant pref(const QString &key, const QVariant &defaultValue) const;
     void storePref(const QString &key, const QVariant &value);
 

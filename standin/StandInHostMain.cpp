@@ -17,6 +17,7 @@ namespace {
 
 constexpr uint ResendSettings = 1;
 constexpr uint RefreshDisplay = 4;
+constexpr int ProgressDelay = 300; // milliseconds; a short task shows nothing
 constexpr char OwnContext[] = "Orvix";
 
 QString messageText(const QString &text, const QStringList &items)
@@ -60,6 +61,15 @@ void StandInHost::refreshUI(uint flags, bool send)
 void StandInHost::hideSelectBox()
 {
     told("hideSelectBox");
+    if (m_state.hideDropDown)
+        m_state.hideDropDown();
+}
+
+void StandInHost::hideBoxes()
+{
+    m_state.isShownDropBox = false;
+    if (m_state.hideDropDown)
+        m_state.hideDropDown();
 }
 
 bool StandInHost::isShownDropBox()
@@ -72,18 +82,20 @@ void StandInHost::showDropDownBox(const QString &key, const QRect &rect)
 {
     told("showDropDownBox", key, rect);
     m_state.isShownDropBox = true;
+    if (m_state.showDropDown)
+        m_state.showDropDown(key, rect);
 }
 
 void StandInHost::hideDropDownBox(const QString &key, const QPoint &pos)
 {
     told("hideDropDownBox", key, pos);
-    m_state.isShownDropBox = false;
+    hideBoxes();
 }
 
 void StandInHost::hideDropDownBox(const QString &key)
 {
     told("hideDropDownBox", key);
-    m_state.isShownDropBox = false;
+    hideBoxes();
 }
 
 bool StandInHost::needsDialogEnterNotice()
@@ -262,18 +274,24 @@ HostPrefsDialog *StandInHost::prefsDialog()
 void StandInHost::PrefsDialog::showPage(const QString &page)
 {
     m_host.m_journal.command(QStringLiteral("prefsDialog"), "showPage", page);
+    if (m_host.m_state.prefsDialog)
+        m_host.m_state.prefsDialog->showPage(page);
 }
 
 int StandInHost::PrefsDialog::exec()
 {
     m_host.m_journal.command(QStringLiteral("prefsDialog"), "exec");
+    if (m_host.m_state.prefsDialog)
+        return m_host.m_state.prefsDialog->exec();
     return m_host.m_state.prefsDialogResult;
 }
 
 void StandInHost::openAboutDialog()
 {
     told("openAboutDialog");
-    if (m_interactive)
+    if (m_state.showAbout)
+        m_state.showAbout();
+    else if (m_interactive)
         QMessageBox::about(messageParent(nullptr), QCoreApplication::applicationName(),
                            m_state.hostVersion);
 }
@@ -325,13 +343,14 @@ void StandInHost::deterUpdateUI(bool deter)
 void StandInHost::exportSupportSnapshot(SupportSnapshot &out)
 {
     asked("exportSupportSnapshot");
-    out = m_state.supportSnapshot;
+    out = m_state.takeSupportSnapshot ? m_state.takeSupportSnapshot() : m_state.supportSnapshot;
 }
 
 bool StandInHost::writeSupportFile(const QString &path, const SupportSnapshot &snapshot)
 {
     told("writeSupportFile", path, snapshot);
-    return m_state.supportFileSucceeds;
+    return m_state.supportFileSucceeds &&
+           (!m_state.writeSupportFile || m_state.writeSupportFile(path, snapshot));
 }
 
 bool StandInHost::isAutoCameraNameEnabled()
@@ -448,6 +467,8 @@ void StandInHost::runWithProgress(const QString &text, QFutureWatcher<void> &wat
     if (m_interactive) {
         progress = std::make_unique<QProgressDialog>(text, QString(), 0, 0, messageParent(nullptr));
         progress->setWindowModality(Qt::ApplicationModal);
+        progress->setMinimumDuration(ProgressDelay);
+        progress->setValue(0); // the delay begins here
     }
     QEventLoop loop;
     QObject::connect(&watcher, &QFutureWatcher<void>::finished, &loop, &QEventLoop::quit);
@@ -465,6 +486,8 @@ bool StandInHost::isTrelvikWindowShown()
 void StandInHost::openEthernetSettings()
 {
     told("openEthernetSettings");
+    if (m_state.showEthernetSettings)
+        m_state.showEthernetSettings();
 }
 
 QVariant StandInHost::prefDefault(const QString &key)

@@ -5,13 +5,16 @@
 #include <QHash>
 #include <QObject>
 #include <QPointer>
+#include <QRect>
 #include <QSet>
 #include <QStringList>
 #include <QVariant>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
+class HostPrefsDialog;
 class PLG_Interface;
 
 /// What the user is asked in one of the host's media drives.
@@ -47,6 +50,18 @@ struct HostMainState
     bool supportFileSucceeds = true;
     bool isTrelvikWindowShown = false;
     SupportSnapshot supportSnapshot;
+
+    // What a user interface around the host brings. While one is missing its call does nothing but
+    // leave its line in the journal.
+
+    HostPrefsDialog *prefsDialog = nullptr; ///< outlives the host's use of it
+    std::function<void()> showAbout;
+    std::function<void()> showEthernetSettings;
+    std::function<void(const QString &key, const QRect &rect)> showDropDown;
+    std::function<void()> hideDropDown;
+    std::function<SupportSnapshot()> takeSupportSnapshot; ///< missing: supportSnapshot
+    std::function<bool(const QString &path, const SupportSnapshot &)> writeSupportFile;
+
     QHash<QString, QString> translations;   ///< source text, translated text
     QHash<QString, QString> infoItemLabels; ///< by id; others have the label of the item table
     QStringList fontFamilies{QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif")};
