@@ -2,23 +2,30 @@
 
 #include "bridge/OperationLog.h"
 
+#include <QMap>
 #include <QMetaMethod>
+#include <QStringList>
 #include <QWebFrame>
 
 namespace {
 
 // A signal that script connects to is a function object with a connect() of its own, the same one
 // in page after page. The engine keeps it only while someone refers to it, so the window does.
+// Called with the names of the signals and the number of the page; false in a page that is guarded
+// already.
 const char *const Script =
-    "(function () {"
-    "    var handlers = window.__pageHandlers;"
+    "(function (names, page) {"
+    "    var handlers = window.__pageHandlers, object = window.__pageObject;"
     "    delete window.__pageHandlers;"
-    "    if (!window.__guardedSignals)"
-    "        Object.defineProperty(window, '__guardedSignals', { value: [] });"
+    "    delete window.__pageObject;"
     "    var kept = window.__guardedSignals;"
+    "    if (!kept) {"
+    "        kept = [];"
+    "        Object.defineProperty(window, '__guardedSignals', { value: kept });"
+    "    }"
     "    if (kept.indexOf(handlers) >= 0)"
-    "        return;"
-    "    var page = handlers.beginPage();"
+    "        return false;"
+    "    kept.push(handlers, object);"
     "    function textOf(error) {"
     "        var text = 'unknown';"
     "        try { text = String(error); } catch (second) { }"
@@ -54,50 +61,50 @@ const char *const Script =
     "        return to.both ? method(to.receiver, to.caught) : method(to.caught);"
     "    }"
     "    function guard(signal) {"
-    "        if (!signal.__native) {"
-    "            Object.defineProperty(signal, '__native', {"
-    "                value: { connect: signal.connect, disconnect: signal.disconnect }"
-    "            });"
+    "        var native = signal.__native, known = [];"
+    "        if (!native) {"
+    "            native = { connect: signal.connect, disconnect: signal.disconnect };"
+    "            signal.__native = native;"
     "        }"
-    "        var connect = signal.__native.connect, disconnect = signal.__native.disconnect;"
-    "        var known = [];"
     "        signal.connect = function () {"
     "            var to = split(arguments);"
     "            to.caught = caught(to.handler);"
-    "            forward(connect, to);"
+    "            forward(native.connect, to);"
     "            known.push(to);"
     "        };"
     "        signal.disconnect = function () {"
     "            var to = split(arguments);"
     "            for (var i = 0; i < known.length; ++i) {"
     "                if (known[i].handler === to.handler && known[i].receiver === to.receiver)"
-    "                    return forward(disconnect, known.splice(i, 1)[0]);"
+    "                    return forward(native.disconnect, known.splice(i, 1)[0]);"
     "            }"
     "            throw new Error('disconnect: the target is not connected');"
     "        };"
-    "    }"
-    "    var object = handlers.object;"
-    "    kept.push(handlers, object);"
-    "    handlers.names.forEach(function (name) {"
-    "        var signal = object[name];"
-    "        guard(signal);"
     "        kept.push(signal);"
-    "    });"
-    "})()";
+    "    }"
+    "    for (var i = 0; i < names.length; ++i)"
+    "        guard(object[names[i]]);"
+    "    return true;"
+    "})";
 
-QStringList signalNames(const QMetaObject &meta)
+// Script text of the names of all signals. By its signature a page gets another function object,
+// for which it has no use but where signals share a name.
+QString signalNames(const QMetaObject &meta)
 {
-    QStringList names;
+    QMap<QString, QStringList> signatures;
     for (int i = 0; i < meta.methodCount(); ++i) {
         const QMetaMethod method = meta.method(i);
-        if (method.methodType() != QMetaMethod::Signal)
-            continue;
-        const QString name = QString::fromLatin1(method.name());
-        if (!names.contains(name))
-            names.append(name);
-        names.append(QString::fromLatin1(method.methodSignature()));
+        if (method.methodType() == QMetaMethod::Signal)
+            signatures[QString::fromLatin1(method.name())].append(
+                QString::fromLatin1(method.methodSignature()));
     }
-    return names;
+    QStringList names;
+    for (auto signal = signatures.cbegin(); signal != signatures.cend(); ++signal) {
+        names.append(signal.key());
+        if (signal.value().size() > 1)
+            names.append(signal.value());
+    }
+    return QLatin1Char('\'') + names.join(QLatin1String("','")) + QLatin1Char('\'');
 }
 
 }
@@ -112,23 +119,24 @@ void PageHandlers::guard(QWebFrame *frame, QObject *object)
     }
     auto *handlers = new PageHandlers(frame, object);
     connect(frame, &QWebFrame::javaScriptWindowObjectCleared, handlers, &PageHandlers::install);
-    handlers->install();
+    if (!frame->url().isEmpty()) // else the first page is still to come
+        handlers->install();
 }
 
 PageHandlers::PageHandlers(QWebFrame *frame, QObject *object)
-    : QObject(object), m_frame(frame), m_names(signalNames(*object->metaObject()))
+    : QObject(object), m_frame(frame),
+      m_script(QLatin1String(Script) + QLatin1String("([") + signalNames(*object->metaObject()) +
+               QLatin1String("], "))
 {
 }
 
 void PageHandlers::install()
 {
+    const int page = m_pageNumber + 1;
     m_frame->addToJavaScriptWindowObject(QLatin1String("__pageHandlers"), this);
-    m_frame->evaluateJavaScript(QLatin1String(Script));
-}
-
-int PageHandlers::beginPage()
-{
-    return ++m_pageNumber;
+    m_frame->addToJavaScriptWindowObject(QLatin1String("__pageObject"), parent());
+    if (m_frame->evaluateJavaScript(m_script + QString::number(page) + QLatin1Char(')')).toBool())
+        m_pageNumber = page;
 }
 
 void PageHandlers::failed(const QString &error)

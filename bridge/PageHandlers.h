@@ -3,7 +3,6 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
-#include <QStringList>
 #include <QWebFrame>
 
 /// Catches what a page's handlers of an object's signals throw.
@@ -16,9 +15,7 @@
 class PageHandlers : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QObject *object READ object CONSTANT)
     Q_PROPERTY(QObject *frame READ frame CONSTANT)
-    Q_PROPERTY(QStringList names READ names CONSTANT)
     Q_PROPERTY(int pageNumber READ pageNumber)
 
 public:
@@ -27,15 +24,12 @@ public:
     /// page yet. A second call for the same frame changes nothing.
     static void guard(QWebFrame *frame, QObject *object);
 
-    // For the script in the page.
-
-    QObject *object() const { return parent(); }
     QObject *frame() const { return m_frame; }
-    QStringList names() const { return m_names; } ///< of signals, by name and by signature
+
+    /// Counts the pages; handlers of an earlier one hear nothing.
     int pageNumber() const { return m_pageNumber; }
 
 public slots:
-    int beginPage(); ///< handlers of an earlier page hear nothing from here on
     void failed(const QString &error);
 
 private:
@@ -44,6 +38,6 @@ private:
     void install();
 
     QPointer<QWebFrame> m_frame;
-    QStringList m_names;
+    QString m_script; ///< without the page's number
     int m_pageNumber = 0;
 };

@@ -14,7 +14,7 @@ private slots:
     void throwingHandlerIsLoggedWithItsPlace();
     void everySignalIsGuarded_data();
     void everySignalIsGuarded();
-    void signalBySignatureIsGuarded();
+    void overloadBySignatureIsGuarded();
     void reloadedPageIsGuarded();
     void handlersEndWithTheirPage();
     void secondViewIsGuarded();
@@ -71,13 +71,16 @@ void TestPageHandlers::everySignalIsGuarded()
     QCOMPARE(log.texts(QtCriticalMsg).size(), 1);
 }
 
-void TestPageHandlers::signalBySignatureIsGuarded()
+void TestPageHandlers::overloadBySignatureIsGuarded()
 {
     DialogPage shown;
-    shown.page.evaluate("bridge['update()'].connect(" + Throwing + ")");
+    auto *second = new JS_Mediator(&shown.host, QStringLiteral("second"));
+    shown.host.attachMediator(shown.dialog.webView(), second);
+    shown.page.evaluate("second['destroyed(QObject*)'].connect(" + Throwing + ");" +
+                        "second['destroyed()'].connect(" + Throwing + ")");
     LogCapture log;
-    emit shown.mediator->update();
-    QCOMPARE(log.texts(QtCriticalMsg).size(), 1);
+    delete second;
+    QCOMPARE(log.texts(QtCriticalMsg).size(), 2);
 }
 
 void TestPageHandlers::reloadedPageIsGuarded()

@@ -1,0 +1,306 @@
+#include "bench/BenchRatios.h"
+#include "bridge/GUI_WebView.h"
+#include "bridge/GUI_WebViewDialog.h"
+#include "bridge/JS_Mediator_Dialog.h"
+#include "foundation/Keys.h"
+#include "foundation/LogLines.h"
+#include "standin/StandInHost.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QWebFrame>
+#include <QWebView>
+
+#include <chrono>
+
+// Pages that call slots, and snapshots that pages redraw from.
+
+namespace {
+
+constexpr int CallsPerScript = 500;
+constexpr int Devices = 1000;
+constexpr int SkipDocuments = 64;
+constexpr int SkipPartitions = 16;
+const QUrl Page(QStringLiteral("qrc:/bench/page.html"));
+
+void dropMessage(QtMsgType, const QMessageLogContext &, const QString &) {}
+
+/// A host that answers at once, since its own time is not what is measured, and counts.
+class QuickHost : public StandInHost
+{
+public:
+    QuickHost() { setJournalEnabled(false); }
+
+    int calls() { return m_calls + callCount(); }
+
+    void addCameraDevice()
+    {
+        StandInCamera *camera = addCamera();
+        m_keys.append(camera->key());
+        m_byKey.insert(camera->key(), camera);
+    }
+
+    bool isLiveMode() override
+    {
+        ++m_calls;
+        return true;
+    }
+    int getPrefInt(const QString &, const QVariant &) override
+    {
+        ++m_calls;
+        return 7;
+    }
+    void setPrefInt(const QString &, int) override { ++m_calls; }
+    void updateUI(uint, bool) override { ++m_calls; }
+    void deviceKeys(QList<DOCKEY> &out, bool) override
+    {
+        ++m_calls;
+        out = m_keys;
+    }
+    DOC_Interface *documentByKey(DOCKEY key) override
+    {
+        ++m_calls;
+        return m_byKey.value(key);
+    }
+
+private:
+    int m_calls = 0;
+    QList<DOCKEY> m_keys;
+    QHash<DOCKEY, DOC_Interface *> m_byKey;
+};
+
+/// Slots as bare as a slot can be, with the arguments and results of those that are measured. The
+/// engine looks for them among as many others.
+class EmptySlots : public JS_Mediator
+{
+    Q_OBJECT
+
+public:
+    using JS_Mediator::JS_Mediator;
+
+public slots:
+    bool ask() { return true; }
+    int askValue(const QString &, const QVariant & = QVariant()) { return 7; }
+    void storeWithTwoLines(const QString &, int, bool = true)
+    {
+        static const QString name = QStringLiteral("JS_Mediator::setPrefInt");
+        LogLines::info() << "[ENTER]" << name << QString();
+        LogLines::info() << "[LEAVE]" << name;
+    }
+};
+
+/// A page in which scripts call the bridge and the empty slots.
+struct CallingPage
+{
+    explicit CallingPage(QuickHost &quickHost) : host(quickHost), view(&quickHost, nullptr)
+    {
+        host.attachMediator(&view, &mediator);
+        QEventLoop loop;
+        QObject::connect(&view, &QWebView::loadFinished, &loop, &QEventLoop::quit);
+        view.load(Page);
+        loop.exec();
+        frame()->addToJavaScriptWindowObject(QStringLiteral("empty"), &empty);
+    }
+
+    QWebFrame *frame() const { return view.page()->mainFrame(); }
+
+    BenchRatios::Body body(const QString &call) const
+    {
+        const QString script =
+            QStringLiteral("(function () { for (var i = 0; i < %1; ++i) %2; })()")
+                .arg(QString::number(CallsPerScript), call);
+        return [this, script](benchmark::State &state) {
+            for (auto _ : state)
+                frame()->evaluateJavaScript(script);
+        };
+    }
+
+    void add(BenchRatios &ratios, const std::string &name, double limit, const QString &ours,
+             const QString &plain, const std::function<void()> &once)
+    {
+        ratios.add(name, limit, body(ours), body(plain));
+        ratios.countCalls(name, {once, [this] { return host.calls(); }});
+    }
+
+    QuickHost &host;
+    JS_Mediator mediator{&host, QStringLiteral("bridge")};
+    EmptySlots empty{&host, QStringLiteral("empty")};
+    GUI_WebView view;
+};
+
+QString constantFlags(const QStringList &names)
+{
+    QJsonObject flags;
+    for (const QString &name : names)
+        flags.insert(name, true);
+    return QString::fromUtf8(QJsonDocument(flags).toJson(QJsonDocument::Compact));
+}
+
+void addStatus(BenchRatios &ratios, QuickHost &host, JS_Mediator &mediator)
+{
+    const QStringList names =
+        QJsonDocument::fromJson(mediator.getControlStatus().toUtf8()).object().keys();
+    ratios.add(
+        "getControlStatus", 1.5,
+        [&mediator](benchmark::State &state) {
+            for (auto _ : state)
+                benchmark::DoNotOptimize(mediator.getControlStatus());
+        },
+        [names](benchmark::State &state) {
+            for (auto _ : state)
+                benchmark::DoNotOptimize(constantFlags(names));
+        });
+    ratios.countCalls("getControlStatus", {[&mediator] { mediator.getControlStatus(); },
+                                           [&host] { return host.calls(); }});
+}
+
+QVariantList constantRows(const QStringList &names)
+{
+    QVariantList rows;
+    for (int i = 0; i < Devices; ++i) {
+        QJsonObject row;
+        for (const QString &name : names)
+            row.insert(name, QLatin1String("Camera 1000"));
+        rows.append(QString::fromUtf8(QJsonDocument(row).toJson(QJsonDocument::Compact)));
+    }
+    return rows;
+}
+
+void addDeviceList(BenchRatios &ratios, QuickHost &host, JS_Mediator &mediator)
+{
+    for (int i = 0; i < Devices; ++i)
+        host.addCameraDevice();
+    const QString first = mediator.getDeviceInfoList(false).first().toString();
+    const QStringList names = QJsonDocument::fromJson(first.toUtf8()).object().keys();
+    ratios.add(
+        "getDeviceInfoList of 1,000", 1.5,
+        [&mediator](benchmark::State &state) {
+            for (auto _ : state)
+                benchmark::DoNotOptimize(mediator.getDeviceInfoList(false));
+        },
+        [names](benchmark::State &state) {
+            for (auto _ : state)
+                benchmark::DoNotOptimize(constantRows(names));
+        });
+}
+
+// Time from before `make` to the end of the load.
+template <class Make> void timeLoad(benchmark::State &state, Make make)
+{
+    for (auto _ : state) {
+        QEventLoop loop;
+        const auto start = std::chrono::steady_clock::now();
+        auto shown = make(loop);
+        loop.exec();
+        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+        state.SetIterationTime(elapsed.count());
+        shown.reset();
+        QCoreApplication::processEvents();
+    }
+}
+
+void addDialog(BenchRatios &ratios, QuickHost &host)
+{
+    ratios.addTimedByItself(
+        "dialog to its loaded page", 1.2,
+        [&host](benchmark::State &state) {
+            timeLoad(state, [&host](QEventLoop &loop) {
+                auto dialog = std::make_unique<GUI_WebViewDialog>(
+                    &host, QStringLiteral("Page"), Page.toString(),
+                    new JS_Mediator_Dialog(&host, QStringLiteral("bridge")), nullptr);
+                QObject::connect(dialog->webView(), &QWebView::loadFinished, &loop,
+                                 &QEventLoop::quit);
+                dialog->show();
+                return dialog;
+            });
+        },
+        [](benchmark::State &state) {
+            timeLoad(state, [](QEventLoop &loop) {
+                auto view = std::make_unique<QWebView>();
+                QObject::connect(view.get(), &QWebView::loadFinished, &loop, &QEventLoop::quit);
+                view->load(Page);
+                view->show();
+                return view;
+            });
+        });
+}
+
+class SkipMediator : public JS_Mediator
+{
+public:
+    using JS_Mediator::JS_Mediator;
+    using JS_Mediator::refreshSkipRange;
+
+    int getSkipMode() override { return 1; }
+};
+
+void addSkipRange(BenchRatios &ratios, QuickHost &host, SkipMediator &mediator)
+{
+    QMap<DOC_Interface *, QList<PARTITIONNUMBER>> targets;
+    host.setMode(StandInHost::Mode::Memory);
+    for (int i = 0; i < SkipDocuments; ++i) {
+        StandInCamera *camera = host.addCamera();
+        QList<PARTITIONNUMBER> numbers;
+        camera->state().partitions.clear();
+        for (int number = 1; number <= SkipPartitions; ++number) {
+            camera->state().partitions.append({number, QString(), 5000, uint(500 * (i % 4 + 1))});
+            numbers.append(number);
+        }
+        targets.insert(camera, numbers);
+    }
+    ratios.add(
+        "skip range of 64 x 16 partitions", 0,
+        [&mediator, targets](benchmark::State &state) {
+            for (auto _ : state)
+                mediator.refreshSkipRange(targets);
+        },
+        [targets](benchmark::State &state) {
+            for (auto _ : state) {
+                uint sum = 0;
+                for (auto target = targets.cbegin(); target != targets.cend(); ++target) {
+                    for (PARTITIONNUMBER number : target.value())
+                        sum += target.key()->partitionRecordRate(number) +
+                               target.key()->partitionFrameCount(number);
+                }
+                benchmark::DoNotOptimize(sum);
+            }
+        });
+}
+
+}
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    // The offscreen platform tells of what it cannot do, dialogs of their loading.
+    QtMessageHandler previous = qInstallMessageHandler(dropMessage);
+    QuickHost host;
+    QuickHost devices;
+    QuickHost recordings;
+    JS_Mediator deviceMediator(&devices, QStringLiteral("page"));
+    SkipMediator skipMediator(&recordings, QStringLiteral("page"));
+    BenchRatios ratios;
+
+    CallingPage page(host);
+    JS_Mediator &mediator = page.mediator;
+    page.add(ratios, "getter from script", 1.3, QStringLiteral("bridge.isLiveMode()"),
+             QStringLiteral("empty.ask()"), [&] { mediator.isLiveMode(); });
+    page.add(ratios, "getPrefInt from script", 1.3, QStringLiteral("bridge.getPrefInt('a/b', 5)"),
+             QStringLiteral("empty.askValue('a/b', 5)"),
+             [&] { mediator.getPrefInt(Keys::recording.autoDownload, QVariant()); });
+    page.add(ratios, "setPrefInt with update", 1.4, QStringLiteral("bridge.setPrefInt('a/b', 5)"),
+             QStringLiteral("empty.storeWithTwoLines('a/b', 5)"),
+             [&] { mediator.setPrefInt(Keys::recording.autoDownload, 5); });
+    addStatus(ratios, host, mediator);
+    addDeviceList(ratios, devices, deviceMediator);
+    addDialog(ratios, host);
+    addSkipRange(ratios, recordings, skipMediator);
+
+    const int status = ratios.run(argc, argv);
+    qInstallMessageHandler(previous);
+    return status;
+}
+
+#include "bench_bridge.moc"
