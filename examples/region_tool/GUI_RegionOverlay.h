@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+class PLG_region;
+
+/// Draws the region of the current camera with its eight handles. The host lays it over the view;
+/// the pointer passes through it.
+class GUI_RegionOverlay : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Side of a handle, in view pixels.
+    static constexpr int HandleSize = 7;
+
+    /// The tool outlives the overlay.
+    explicit GUI_RegionOverlay(PLG_region &tool);
+
+    /// Middles of the eight handles of a rectangle in the view.
+    static QVector<QPoint> handlePoints(const QRect &rect);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    PLG_region &m_tool;
+};

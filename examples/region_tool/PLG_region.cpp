@@ -1,0 +1,312 @@
+#include "PLG_region.h"
+
+#include "GUI_RegionOverlay.h"
+#include "JS_Mediator_Region.h"
+#include "JS_Mediator_RegionOptions.h"
+#include "bridge/GUI_ModelessPatternDialog.h"
+#include "plugin/RegionGeometry.h"
+#include "plugin/contract/DOC_Interface.h"
+#include "plugin/contract/HostGuard.h"
+#include "plugin/contract/HostServices.h"
+
+namespace {
+
+constexpr int AvailableByDocument = 2; // the check kind of a tool with a transaction
+constexpr uint SendToAllDevices = 1;
+constexpr uint RefreshDisplay = 4;
+constexpr int NoLimit = 65535;
+
+// The same part of a picture of another size, which a change of binning brings.
+QRect scaledTo(const QRect &rect, const QSize &from, const QSize &to)
+{
+    if (from == to || from.isEmpty())
+        return rect;
+    const auto scaled = [](int value, int before, int now) {
+        return int(qint64(value) * now / before);
+    };
+    const QPoint first(scaled(rect.left(), from.width(), to.width()),
+                       scaled(rect.top(), from.height(), to.height()));
+    const QPoint last(scaled(rect.right() + 1, from.width(), to.width()) - 1,
+                      scaled(rect.bottom() + 1, from.height(), to.height()) - 1);
+    const QRect result(first, last);
+    return QRect(first, result.size().expandedTo(QSize(1, 1)));
+}
+
+}
+
+PLG_region::PLG_region()
+{
+    m_toolName = QLatin1String("t_region");
+    m_hasPanel = true;
+    m_checkKind = AvailableByDocument;
+    takeOptions();
+}
+
+PLG_region::~PLG_region()
+{
+    delete m_overlay;
+}
+
+void PLG_region::setHost(HostServices *host)
+{
+    PLG_Button::setHost(host);
+    m_mediator = std::make_unique<JS_Mediator_Region>(host, *this);
+}
+
+void PLG_region::activate()
+{
+    if (m_open)
+        return;
+    if (m_host->currentPlugin() != this) {
+        m_host->openPluginByName(name());
+        return;
+    }
+    PLG_Button::activate();
+    m_accepted = m_regions;
+    m_open = true;
+}
+
+void PLG_region::onClosed()
+{
+    const bool unanswered = m_open && m_transactionOpen;
+    m_open = false;
+    hideDialog();
+    // A panel that goes without an answer is cancelled.
+    if (unanswered)
+        guarded(m_host, [this] { restore(); });
+    PLG_Button::onClosed();
+}
+
+void PLG_region::onOk()
+{
+    m_accepted = m_regions;
+    PLG_Button::onOk();
+}
+
+void PLG_region::onAccept()
+{
+    m_accepted = m_regions;
+    PLG_Button::onAccept();
+}
+
+void PLG_region::onCancel()
+{
+    restore();
+    PLG_Button::onCancel();
+}
+
+// What was applied stays, whatever follows: the transaction ends here and another one begins.
+void PLG_region::onApply()
+{
+    PLG_Button::onApply();
+    if (!m_transactionOpen)
+        return;
+    m_host->commitTransaction(true, name());
+    m_transactionOpen = false;
+    m_accepted = m_regions;
+    m_host->beginTransaction(name(), true, true);
+    m_transactionOpen = true;
+}
+
+void PLG_region::onReset()
+{
+    PLG_Button::onReset();
+    if (!m_open)
+        return;
+    restore();
+    setModified(false);
+}
+
+// The view that it lies over may have gone, and the overlay with it.
+QWidget *PLG_region::viewWidget()
+{
+    if (m_open && !m_overlay)
+        m_overlay = new GUI_RegionOverlay(*this); // deleted in the destructor, or with the view
+    if (m_open)
+        m_viewWidget = m_overlay;
+    return PLG_Button::viewWidget();
+}
+
+bool PLG_region::editsRegion(DOC_Interface *doc)
+{
+    return doc && m_open;
+}
+
+QRect PLG_region::region(DOC_Interface *doc)
+{
+    if (!doc)
+        return PLG_Button::region(doc);
+    const QSize picture = doc->imageSize();
+    const auto stored = m_regions.constFind(m_host->documentKeyOf(doc));
+    if (stored != m_regions.constEnd())
+        return scaledTo(stored->rect, stored->picture, picture);
+    return QRect(picture.width() / 4, picture.height() / 4, qMax(1, picture.width() / 2),
+                 qMax(1, picture.height() / 2));
+}
+
+void PLG_region::setRegion(DOC_Interface *doc, const QRect &rect, bool fromUser)
+{
+    if (!doc)
+        return;
+    store(doc, rect);
+    if (fromUser) {
+        setModified(true);
+        storeOnLocked(doc, rect);
+    }
+    redraw();
+}
+
+bool PLG_region::isAspectFixed()
+{
+    return m_options.fixAspect;
+}
+
+double PLG_region::aspectRatio()
+{
+    return m_options.aspect;
+}
+
+GUI_ModelessPatternDialog *PLG_region::createModelessPatternDialog(bool)
+{
+    auto *dialog = new GUI_ModelessPatternDialog( // deleted by the base
+        m_host, QLatin1String("Region options"), QLatin1String("qrc:/t_region_options.html"),
+        new JS_Mediator_RegionOptions(m_host, *this), m_host->mainWidget());
+    dialog->resize(330, 420);
+    return dialog;
+}
+
+bool PLG_region::setOption(const QString &name, const QVariant &value)
+{
+    const bool known = m_options.set(name, value);
+    DOC_Interface *doc = known && m_open ? m_host->currentDocument() : nullptr;
+    if (known && name == QLatin1String("originalAspect") && m_options.originalAspect && doc) {
+        const QSize picture = doc->imageSize();
+        if (!picture.isEmpty())
+            m_options.set(QLatin1String("aspect"), double(picture.height()) / picture.width());
+    } else if (known && name == QLatin1String("aspect")) {
+        m_options.originalAspect = false;
+    }
+    takeOptions();
+    if (doc)
+        edit(doc, RegionGeometry::BottomRight, region(doc));
+    return known;
+}
+
+QVariantMap PLG_region::panelInfo()
+{
+    DOC_Interface *doc = m_host->currentDocument();
+    if (!doc || !editsRegion(doc))
+        return QVariantMap();
+    // The panel counts in image pixels, however the picture is turned in its view.
+    const QSize picture = doc->imageSize();
+    return regionInfo(doc, doc->isTransposed() ? picture.transposed() : picture, region(doc),
+                      m_options.fixAspect, m_options.originalAspect, m_options.aspect,
+                      qRound(doc->viewScale(true) * 100.0f));
+}
+
+void PLG_region::editValue(const QString &name, int value)
+{
+    DOC_Interface *doc = m_host->currentDocument();
+    if (!doc || !editsRegion(doc))
+        return;
+    QRect rect = region(doc);
+    if (name == QLatin1String("Width")) {
+        rect.setWidth(qBound(1, value, NoLimit));
+        edit(doc, RegionGeometry::RightEdge, rect);
+    } else if (name == QLatin1String("Height")) {
+        rect.setHeight(qBound(1, value, NoLimit));
+        edit(doc, RegionGeometry::BottomEdge, rect);
+    } else if (name == QLatin1String("PosX")) {
+        rect.moveLeft(qBound(0, value, NoLimit));
+        edit(doc, RegionGeometry::Inside, rect);
+    } else if (name == QLatin1String("PosY")) {
+        rect.moveTop(qBound(0, value, NoLimit));
+        edit(doc, RegionGeometry::Inside, rect);
+    }
+}
+
+QRect PLG_region::shownRegion()
+{
+    return guarded(m_host, QRect(), [&] {
+        DOC_Interface *doc = m_host->currentDocument();
+        return doc && editsRegion(doc) ? doc->mapRect(region(doc)) : QRect();
+    });
+}
+
+void PLG_region::slotModelessPatternDialogClosed()
+{
+    hideDialog();
+}
+
+void PLG_region::takeOptions()
+{
+    m_symmetricX = m_options.symmetricX;
+    m_symmetricY = m_options.symmetricY;
+    m_positionStep = m_options.positionStep;
+    m_sizeStep = m_options.sizeStep;
+    m_minSize = m_options.minimum;
+    m_maxSize = m_options.maximum;
+    // The base takes a maximum with one part missing for none at all.
+    if (m_maxSize.width() < 0 && m_maxSize.height() > 0)
+        m_maxSize.setWidth(NoLimit);
+    if (m_maxSize.height() < 0 && m_maxSize.width() > 0)
+        m_maxSize.setHeight(NoLimit);
+    setApplyToAllWhenLocked(m_options.applyToAll);
+}
+
+void PLG_region::store(DOC_Interface *doc, const QRect &rect)
+{
+    m_regions.insert(m_host->documentKeyOf(doc), {rect, doc->imageSize()});
+}
+
+void PLG_region::storeOnLocked(DOC_Interface *doc, const QRect &rect)
+{
+    if (!applyToAllWhenLocked() || !m_host->isTrelvikLocked() || !doc->isLocked())
+        return;
+    QList<DOCKEY> keys;
+    m_host->liveDocKeys(keys, true);
+    for (const DOCKEY key : qAsConst(keys)) {
+        DOC_Interface *other = m_host->deviceByKey(key, true);
+        if (!other || other == doc || !other->isLocked())
+            continue;
+        QRect fitting = rect;
+        clampRegion(other, fitting);
+        store(other, fitting);
+    }
+}
+
+void PLG_region::edit(DOC_Interface *doc, int handle, QRect rect)
+{
+    m_anchorCorner = RegionGeometry::AnchorUndecided;
+    constrainRegion(doc, handle, aspectRatio(), rect, region(doc));
+    m_anchorCorner = RegionGeometry::AnchorUndecided;
+    if (rect.isEmpty() || rect == region(doc))
+        return;
+    setRegion(doc, rect, true);
+    send(doc);
+}
+
+// As the base does behind a drag.
+void PLG_region::send(DOC_Interface *doc)
+{
+    if (applyToAllWhenLocked() && m_host->isTrelvikLocked())
+        m_host->updateUI(SendToAllDevices, false);
+    else
+        doc->notifyChange(1, false);
+    m_host->updateUI(RefreshDisplay, false);
+}
+
+// The devices have the edits already, and get back what was there before.
+void PLG_region::restore()
+{
+    m_regions = m_accepted;
+    redraw();
+    if (DOC_Interface *doc = m_host->currentDocument())
+        send(doc);
+}
+
+void PLG_region::redraw()
+{
+    if (m_overlay)
+        m_overlay->update();
+}
