@@ -25,6 +25,15 @@ void LogModel::clear()
     endResetModel();
 }
 
+QString LogModel::text() const
+{
+    QString text;
+    for (const LogEntry &entry : m_entries)
+        text += entry.time.toString("HH:mm:ss.zzz ") + levelName(levelOf(entry.type)) + ' ' +
+                entry.text + '\n';
+    return text;
+}
+
 int LogModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : m_entries.size();

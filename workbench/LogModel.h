@@ -24,6 +24,9 @@ public:
 
     void clear();
 
+    /// All lines: time, level, text.
+    QString text() const;
+
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;

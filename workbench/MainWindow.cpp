@@ -1,7 +1,9 @@
 #include "workbench/MainWindow.h"
 
+#include "bridge/JS_Mediator_Page.h"
 #include "bridge/OperationLog.h"
 #include "foundation/Keys.h"
+#include "foundation/Theme.h"
 #include "plugin/contract/HostGuard.h"
 #include "workbench/CameraPanel.h"
 #include "workbench/HostCallPanel.h"
@@ -16,7 +18,6 @@
 #include <QActionGroup>
 #include <QDockWidget>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -33,8 +34,8 @@ MainWindow::MainWindow(StandInHost &host, LogModel &log)
     m_refreshTimer->setInterval(0);
     connect(m_refreshTimer, &QTimer::timeout, this, &MainWindow::refresh);
 
-    makeActions();
     makePanels();
+    makeActions();
     makeMenus();
     followHost();
     m_host.state().mainWidget = this;
@@ -72,7 +73,10 @@ void MainWindow::applyStyle()
     Look::apply(dark);
     for (QToolBar *bar : findChildren<QToolBar *>())
         bar->setStyleSheet(Look::toolBarStyle(dark));
+    for (QDockWidget *dock : findChildren<QDockWidget *>())
+        guarded(&m_host, [&] { Theme::applyNativeStyle(&m_host, dock); });
     m_styles->actions().at(dark ? 1 : 0)->setChecked(true);
+    scheduleRefresh(false);
 }
 
 void MainWindow::saveLayout()
@@ -139,6 +143,15 @@ void MainWindow::makeActions()
     m_closeCurrent =
         makeAction("closeCurrent", tr("&Close camera or recording"), QKeySequence("Ctrl+W"));
     connect(m_closeCurrent, &QAction::triggered, this, &MainWindow::closeCurrent);
+    JS_Mediator *commands = m_statusPanel->mediator();
+    m_prefs = makeAction("prefs", tr("&Preferences..."), QKeySequence("Ctrl+,"));
+    connect(m_prefs, &QAction::triggered, commands, [commands] { commands->openPrefsDialog(); });
+    m_ethernet = makeAction("ethernet", tr("&Ethernet settings..."), {});
+    connect(m_ethernet, &QAction::triggered, commands, &JS_Mediator::openPrefsEthernetSettings);
+    m_support = makeAction("support", tr("&Support file..."), {});
+    connect(m_support, &QAction::triggered, commands, &JS_Mediator::openExportSupportFileDialog);
+    m_about = makeAction("about", tr("&About"), {});
+    connect(m_about, &QAction::triggered, commands, &JS_Mediator::openAbouOrvixDialog);
     m_quit = makeAction("quit", tr("&Quit"), QKeySequence("Ctrl+Q"));
     connect(m_quit, &QAction::triggered, this, &MainWindow::close);
 
@@ -205,10 +218,14 @@ void MainWindow::makeMenus()
     file->addActions({m_closeCurrent, m_quit});
     QMenu *edit = menuBar()->addMenu(tr("&Edit"));
     edit->addActions({m_undo, m_redo});
+    edit->addSeparator();
+    edit->addAction(m_prefs);
     QMenu *cameras = menuBar()->addMenu(tr("&Cameras"));
     cameras->addActions({m_addCamera, m_releaseAll});
     cameras->addSeparator();
     cameras->addActions({m_nextView, m_previousView});
+    cameras->addSeparator();
+    cameras->addAction(m_ethernet);
     QMenu *view = menuBar()->addMenu(tr("&View"));
     view->addActions(m_modes->actions());
     view->addSeparator();
@@ -219,9 +236,7 @@ void MainWindow::makeMenus()
     m_toolMenu = menuBar()->addMenu(tr("&Tools"));
     m_toolMenu->setEnabled(false);
     QMenu *help = menuBar()->addMenu(tr("&Help"));
-    QAction *about = makeAction("about", tr("&About"), {});
-    connect(about, &QAction::triggered, this, &MainWindow::showAbout);
-    help->addAction(about);
+    help->addActions({m_support, m_about});
 
     auto *modeBar = new QToolBar(tr("Mode"), this);
     modeBar->setObjectName("modes");
@@ -321,14 +336,6 @@ void MainWindow::showLog()
     m_logDock->show();
     m_logDock->raise();
     m_logPanel->setFocus();
-}
-
-void MainWindow::showAbout()
-{
-    QMessageBox::about(this, tr("About the workbench"),
-                       tr("Orvix Workbench: cameras, recordings and tools, without the cameras. "
-                          "It loads every tool that is built on the toolkit and shows what the "
-                          "tool asks of its host."));
 }
 
 void MainWindow::closeCurrent()

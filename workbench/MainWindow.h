@@ -65,7 +65,6 @@ private:
     void followHost();
     void scheduleRefresh(bool rebuild);
     void showLog();
-    void showAbout();
     void closeCurrent();
     QAction *makeAction(const char *name, const QString &text, const QKeySequence &shortcut);
 
@@ -90,6 +89,10 @@ private:
     QAction *m_openFolder = nullptr;
     QAction *m_loadTool = nullptr;
     QAction *m_closeCurrent = nullptr;
+    QAction *m_support = nullptr;
+    QAction *m_prefs = nullptr;
+    QAction *m_ethernet = nullptr;
+    QAction *m_about = nullptr;
     QAction *m_quit = nullptr;
     QAction *m_undo = nullptr;
     QAction *m_redo = nullptr;

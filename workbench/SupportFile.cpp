@@ -113,7 +113,7 @@ SupportSnapshot SupportFile::take(StandInHost &host, const Extras &extras)
     snapshot.texts = {{"settings.txt", toText(settingLines(host.settings()))},
                       {"cameras.txt", toText(cameraLines(host))},
                       {"operation-log.txt", extras.operationLog.toUtf8()},
-                      {"host-calls.txt", toText(host.journal())},
+                      {"host-calls.txt", toText(extras.hostCalls + host.journal())},
                       {"environment.txt", toText(environmentLines())},
                       {"version.txt", toText({state.hostVersion})}};
     for (StandInDocument *document : host.documents()) {

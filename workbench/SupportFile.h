@@ -14,6 +14,7 @@ namespace SupportFile {
 struct Extras
 {
     QString operationLog;            ///< lines of the message log
+    QStringList hostCalls;           ///< that have left the journal
     QImage frame;                    ///< as it is shown now; null: the current document's first
     QPointer<QWidget> trelvikWindow; ///< the window of several cameras
 };

@@ -73,6 +73,7 @@ void ViewArea::rebuild()
     m_views = views;
     arrange();
     refresh();
+    emit viewsChanged();
 }
 
 void ViewArea::refresh()

@@ -62,6 +62,7 @@ public:
 signals:
     void addCameraRequested();
     void openFolderRequested();
+    void viewsChanged(); ///< some came or went
 
 private:
     struct Position

@@ -4,9 +4,14 @@
 #include "foundation/Keys.h"
 #include "plugin/contract/HostGuard.h"
 #include "plugin/contract/PLG_Interface.h"
+#include "workbench/DocumentView.h"
+#include "workbench/HostCallPanel.h"
 #include "workbench/MainWindow.h"
 #include "workbench/NoticeBar.h"
 #include "workbench/Options.h"
+#include "workbench/PageDialogs.h"
+#include "workbench/SupportFile.h"
+#include "workbench/ViewArea.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -35,8 +40,12 @@ QString settingsFile(const Options &options)
 Workbench::Workbench(const Options &options)
     : m_recorder(LogLimit), m_log(LogLimit),
       m_host(std::make_unique<StandInHost>(settingsFile(options))),
-      m_window(std::make_unique<MainWindow>(*m_host, m_log))
+      m_window(std::make_unique<MainWindow>(*m_host, m_log)),
+      m_dialogs(std::make_unique<PageDialogs>(*m_host))
 {
+    m_host->state().hostVersion = QCoreApplication::applicationVersion();
+    m_host->state().takeSupportSnapshot = [this] { return takeSupportSnapshot(); };
+    m_host->state().writeSupportFile = SupportFile::write;
     connect(&m_recorder, &LogRecorder::recorded, this, [this] {
         QList<LogEntry> lines = m_recorder.take();
         lines.erase(std::remove_if(lines.begin(), lines.end(),
@@ -165,6 +174,16 @@ void Workbench::refuse(PLG_Interface *tool, const QString &reason)
     unloadTool(tool);
     qWarning().noquote() << failure.text();
     m_window->notice()->tell(failure.text());
+}
+
+SupportSnapshot Workbench::takeSupportSnapshot()
+{
+    SupportFile::Extras extras;
+    extras.operationLog = m_log.text();
+    extras.hostCalls = m_window->hostCalls()->lines();
+    if (const DocumentView *view = m_window->views()->view(m_host->currentKey()))
+        extras.frame = view->picture();
+    return SupportFile::take(*m_host, extras);
 }
 
 void Workbench::tellFailures()

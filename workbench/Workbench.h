@@ -10,6 +10,7 @@
 #include <memory>
 
 class MainWindow;
+class PageDialogs;
 struct Options;
 
 /// The application behind the window: it owns the host, the tools and the log, and does what the
@@ -56,6 +57,7 @@ private:
     void takeIn(PLG_Interface *tool);
     void refuse(PLG_Interface *tool, const QString &reason);
     void tellFailures();
+    SupportSnapshot takeSupportSnapshot();
     void followMode();
     void askForFolder();
     void askForTool();
@@ -65,6 +67,7 @@ private:
     std::unique_ptr<StandInHost> m_host;
     PluginLoader m_loader;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<PageDialogs> m_dialogs;
     int m_toldFailures = 0;
     DOCKEY m_lastCamera = NoDocKey;
     DOCKEY m_lastRecording = NoDocKey;
