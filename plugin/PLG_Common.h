@@ -182,7 +182,8 @@ public slots:
     void slotScreenShot(QString path) override;
 
 protected:
-    /// Aid for tools that measure text: the metrics are made by the tool that needs them.
+    /// Aid for tools that measure text: the metrics are made by the tool that needs them. They go
+    /// before the font that they measure.
     struct FontCache
     {
         std::unique_ptr<QFont> font = std::make_unique<QFont>();

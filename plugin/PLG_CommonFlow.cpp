@@ -1,5 +1,6 @@
 #include "plugin/PLG_Common.h"
 
+#include "foundation/Keys.h"
 #include "plugin/contract/DOC_Interface.h"
 #include "plugin/contract/HostServices.h"
 #include "plugin/contract/ViewPauseGuard.h"
@@ -24,9 +25,6 @@ constexpr int CustomToggle = 4;
 }
 
 constexpr int ExclusiveQuickTool = 1;
-
-const QLatin1String LockToolName("t_multilock");
-const QLatin1String ZoomFitToolName("t_zoomfit");
 
 }
 
@@ -165,7 +163,7 @@ bool PLG_Common::isChecked(DOC_Interface *doc, bool flag)
     }
     if (isLockTool())
         return m_host->isTrelvikLocked();
-    if (name() == ZoomFitToolName)
+    if (name() == Keys::tools.zoomFit)
         return m_host->zoomFactor(0) <= 0.0f;
     if (m_buttonKind == ButtonKind::CustomToggle)
         return customChecked();
@@ -174,7 +172,7 @@ bool PLG_Common::isChecked(DOC_Interface *doc, bool flag)
 
 bool PLG_Common::isLockTool()
 {
-    return name() == LockToolName;
+    return name() == Keys::tools.multiLock;
 }
 
 bool PLG_Common::usesTransaction() const

@@ -1,5 +1,6 @@
 #include "plugin/PLG_multilock.h"
 
+#include "foundation/Keys.h"
 #include "plugin/contract/HostServices.h"
 
 namespace {
@@ -8,7 +9,7 @@ constexpr int ToggleButton = 1;
 
 PLG_multilock::PLG_multilock()
 {
-    m_toolName = QLatin1String("t_multilock");
+    m_toolName = Keys::tools.multiLock;
     m_buttonKind = ToggleButton;
 }
 

@@ -20,7 +20,8 @@ class DOC_Interface;
 class DOC_HeadInterface
 {
 public:
-    /// How many heads the device has.
+    /// How many heads the device has. For: path composer, file dialog targets, device list and
+    /// control.
     virtual int headCount() = 0;
 
 protected:

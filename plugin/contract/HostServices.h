@@ -30,10 +30,11 @@ class QWidget;
 class HostPrefsDialog
 {
 public:
-    /// Goes to the page with this translated name; empty text: the first page.
+    /// Goes to the page with this translated name; empty text: the first page. For: mediator
+    /// commands.
     virtual void showPage(const QString &page) = 0;
 
-    /// Runs modally; the dialog's result.
+    /// Runs modally; the dialog's result. For: mediator commands.
     virtual int exec() = 0;
 
 protected:

@@ -3,6 +3,7 @@
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
 
+#include <QElapsedTimer>
 #include <QMutex>
 #include <QSemaphore>
 #include <QThread>
@@ -174,7 +175,10 @@ void TestViewPauseGuard::goesOnWhileTheMutexIsBusy()
     {
         const MutexHolder holder(mutex);
         {
+            QElapsedTimer timer;
+            timer.start();
             const ViewPauseGuard guard(&host, false, false);
+            QVERIFY2(timer.elapsed() < 500, "waits far longer than a millisecond");
             QCOMPARE(host.journal().size(), 3);
         }
         QCOMPARE(host.journal().size(), 4);

@@ -360,6 +360,11 @@ void TestPlgDialog::forbiddenModeClosesIt()
     tool.onModeChanged(1);
     QCOMPARE(tool.dialog()->modes, QList<int>({1}));
     QVERIFY(!tool.isDialogVisible());
+    tool.m_allowedModes = ~0u;
+    tool.showDialog();
+    tool.onModeChanged(3); // no such mode
+    QCOMPARE(tool.dialog()->modes, QList<int>({1, 3}));
+    QVERIFY(!tool.isDialogVisible());
 }
 
 void TestPlgDialog::forbiddenModeLeavesItWhenToldSo()

@@ -22,6 +22,8 @@ private slots:
     void modesAreBits_data();
     void modesAreBits();
     void currentModeIsTheHosts();
+    void unknownModeOfTheHostIsForbidden_data();
+    void unknownModeOfTheHostIsForbidden();
     void modeFlagsBelongToTheModeFamily();
     void secondModeFlagIsReadByFamily();
     void storedRectIsKeptAndCleared();
@@ -248,6 +250,41 @@ void TestPlgState::currentModeIsTheHosts()
     QVERIFY(tool.isAllowedInCurrentMode());
     host.setMode(StandInHost::Mode::Memory);
     QVERIFY(!tool.isAllowedInCurrentMode());
+}
+
+namespace {
+
+class HostInUnknownMode : public StandInHost
+{
+public:
+    explicit HostInUnknownMode(int mode) : m_mode(mode) {}
+    int currentMode() override { return m_mode; }
+
+private:
+    int m_mode;
+};
+
+}
+
+void TestPlgState::unknownModeOfTheHostIsForbidden_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("above") << 3;
+    QTest::newRow("below") << -1;
+    QTest::newRow("far above") << 33;
+}
+
+void TestPlgState::unknownModeOfTheHostIsForbidden()
+{
+    QFETCH(int, mode);
+    HostInUnknownMode host(mode);
+    StandInCamera *camera = host.addCamera();
+    ProbeTool tool;
+    tool.setHost(&host);
+    tool.m_allowedModes = ~0u;
+    tool.m_checkKind = 1;
+    QVERIFY(!tool.isAllowedInCurrentMode());
+    QVERIFY(!tool.isChecked(camera, false));
 }
 
 void TestPlgState::modeFlagsBelongToTheModeFamily()

@@ -12,6 +12,7 @@ private slots:
     void turningItOnChangesNoSettings();
     void changeReachesTheOtherCamera_data();
     void changeReachesTheOtherCamera();
+    void changeReachesAllThree_data();
     void changeReachesAllThree();
     void clampsToWhatEachCameraCanDo();
     void ownClampedValueIsWhatArrives();
@@ -112,15 +113,28 @@ void TestStandInLock::changeReachesTheOtherCamera()
     QCOMPARE(target->imageSize(), QSize(256, 128));
 }
 
+void TestStandInLock::changeReachesAllThree_data()
+{
+    QTest::addColumn<DOCKEY>("changed");
+    for (DOCKEY key = 1; key <= 3; ++key)
+        QTest::addRow("camera %d", int(key)) << key;
+}
+
 void TestStandInLock::changeReachesAllThree()
 {
+    QFETCH(DOCKEY, changed);
     StandInHost host;
     for (int i = 0; i < 3; ++i)
         host.addCamera();
     host.setTrelvikLock(true);
-    host.camera(2)->setShutterSpeed(8000);
-    for (const StandInCamera *camera : host.cameras())
+    host.camera(changed)->setShutterSpeed(8000);
+    host.camera(changed)->setRecordRate(2000);
+    host.camera(changed)->setSensorRegion(QRect(64, 32, 320, 240));
+    for (const StandInCamera *camera : host.cameras()) {
         QCOMPARE(camera->shutterSpeed(), 8000u);
+        QCOMPARE(camera->recordRate(), 2000u);
+        QCOMPARE(camera->sensorRegion(), QRect(64, 32, 320, 240));
+    }
 }
 
 void TestStandInLock::clampsToWhatEachCameraCanDo()
