@@ -29,16 +29,31 @@ void GUI_Dialog::slotEnableCloseButton()
 {
     if (windowFlags() & Qt::WindowCloseButtonHint)
         return;
-    setWindowFlags(windowFlags() | Qt::WindowCloseButtonHint);
-    show(); // changing flags hides a window
+    changeFlags(windowFlags() | Qt::WindowCloseButtonHint);
 }
 
 void GUI_Dialog::slotDisableCloseButton()
 {
     if (!(windowFlags() & Qt::WindowCloseButtonHint))
         return;
-    setWindowFlags(windowFlags() & ~Qt::WindowCloseButtonHint);
-    show();
+    changeFlags(windowFlags() & ~Qt::WindowCloseButtonHint);
+}
+
+void GUI_Dialog::setVisible(bool visible)
+{
+    // A dialog that hides ends its exec(); one that only changes its flags goes on.
+    if (m_changingFlags && !visible)
+        QWidget::setVisible(visible);
+    else
+        QDialog::setVisible(visible);
+}
+
+void GUI_Dialog::changeFlags(Qt::WindowFlags flags)
+{
+    m_changingFlags = true;
+    setWindowFlags(flags);
+    show(); // changing flags hides a window
+    m_changingFlags = false;
 }
 
 bool GUI_Dialog::eventFilter(QObject *watched, QEvent *event)

@@ -12,6 +12,8 @@ class GUI_Dialog : public QDialog
 public:
     GUI_Dialog(QWidget *parent, Qt::WindowFlags flags, bool ignoreEscape);
 
+    void setVisible(bool visible) override;
+
 signals:
     void signalEnableCloseButton();
     void signalDisableCloseButton();
@@ -28,6 +30,12 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
+    /// Whether the window hides and shows again only because its flags change.
+    bool isChangingFlags() const { return m_changingFlags; }
+
 private:
+    void changeFlags(Qt::WindowFlags flags);
+
     bool m_ignoreEscape;
+    bool m_changingFlags = false;
 };

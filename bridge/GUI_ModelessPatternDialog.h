@@ -14,6 +14,9 @@ public:
     /// Whether the dialog may be closed just now; while it may not, it stays on the screen.
     virtual bool mayFinish();
 
+    /// mayFinish(), and while the dialog closes the answer that let it: it may have asked the user.
+    bool mayFinishNow();
+
     /// The application's mode changed: 0 live, 1 memory, 2 file.
     virtual void modeChanged(int mode);
 
@@ -25,4 +28,8 @@ signals:
 
 protected:
     void showEvent(QShowEvent *event) override;
+
+private:
+    bool m_finishing = false;
+    bool m_finishGranted = false;
 };

@@ -52,6 +52,17 @@ void GUI_WebViewDialog::addMediator(JS_Mediator *mediator)
     m_host->attachMediator(m_webView, mediator);
 }
 
+void GUI_WebViewDialog::done(int result)
+{
+    if (m_closing)
+        return;
+    QPointer<GUI_WebViewDialog> self(this);
+    m_closing = true;
+    GUI_Dialog::done(result);
+    if (self)
+        m_closing = false;
+}
+
 void GUI_WebViewDialog::closeEvent(QCloseEvent *event)
 {
     rejectOnClose(QLatin1String("GUI_WebViewDialog::closeEvent"), event);

@@ -38,6 +38,9 @@ public:
     JS_Mediator_Dialog *mediator() const { return m_mediator.get(); }
     GUI_WebView *webView() const { return m_webView; }
 
+    /// Accepts or rejects once: what a page asks for in its handler of `rejected` comes too late.
+    void done(int result) override;
+
 protected:
     HostServices *host() const { return m_host; }
 
@@ -63,5 +66,6 @@ private:
     GUI_WebView *m_webView;
     std::optional<DialogEnterScope> m_entered;
     bool m_refreshOnLoad = true;
+    bool m_closing = false;
     std::optional<DeterUpdateScope> m_heldWhileLoading;
 };

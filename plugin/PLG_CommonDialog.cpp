@@ -88,7 +88,7 @@ void PLG_Common::slotModelessPatternDialogClosed()
 {
     // The page may have closed the dialog from script, where no failure may arrive.
     guarded(m_host, [&] {
-        if (m_modelessDialog && !m_modelessDialog->mayFinish())
+        if (m_modelessDialog && !m_modelessDialog->mayFinishNow())
             return;
         releaseView();
         DeterUpdateScope deter(m_host);

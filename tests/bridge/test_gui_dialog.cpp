@@ -29,6 +29,7 @@ private slots:
     void disablingTwiceShowsOnce();
     void enablingWhatIsEnabledDoesNothing();
     void signalsReachTheSlots();
+    void runningDialogGoesOnWithoutItsCloseButton();
     void classesAreNamed_data();
     void classesAreNamed();
     void syncProgressEndsWithItsResult_data();
@@ -207,6 +208,23 @@ void TestGuiDialog::signalsReachTheSlots()
     QVERIFY(!hasCloseButton(dialog));
     emit dialog.signalEnableCloseButton();
     QVERIFY(hasCloseButton(dialog));
+}
+
+void TestGuiDialog::runningDialogGoesOnWithoutItsCloseButton()
+{
+    GUI_Dialog dialog(nullptr, Framed, true);
+    bool wentOn = false;
+    QTimer::singleShot(0, &dialog, [&] {
+        dialog.slotDisableCloseButton();
+        dialog.slotEnableCloseButton();
+        dialog.slotDisableCloseButton();
+        QTimer::singleShot(0, &dialog, [&] {
+            wentOn = dialog.isVisible() && dialog.isModal();
+            dialog.done(7);
+        });
+    });
+    QCOMPARE(dialog.exec(), 7);
+    QVERIFY(wentOn);
 }
 
 void TestGuiDialog::classesAreNamed_data()

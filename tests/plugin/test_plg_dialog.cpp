@@ -31,6 +31,9 @@ private slots:
     void closeOnAHiddenDialogDoesNothing();
     void closedReleasesViewAndClosesThePlugin();
     void dialogThatMayNotFinishStays();
+    void dialogIsAskedOnceWhetherItMayFinish();
+    void pageThatClosesAHiddenDialogClosesNothing();
+    void pageThatClosesAgainClosesOnce();
     void failureWhileClosingIsHandedToTheHost();
     void deferralEndsWhenClosingFails();
     void modeGoesToAVisibleDialog();
@@ -54,10 +57,15 @@ public:
     {
     }
 
-    bool mayFinish() override { return finishes; }
+    bool mayFinish() override
+    {
+        ++questions;
+        return finishes;
+    }
     void modeChanged(int mode) override { modes.append(mode); }
 
     bool finishes = true;
+    int questions = 0;
     QList<int> modes;
 };
 
@@ -312,6 +320,45 @@ void TestPlgDialog::dialogThatMayNotFinishStays()
     tool.dialog()->finishes = true;
     tool.closeDialog();
     QVERIFY(!tool.isDialogVisible());
+}
+
+void TestPlgDialog::dialogIsAskedOnceWhetherItMayFinish()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.closeDialog();
+    QCOMPARE(tool.dialog()->questions, 1);
+    QVERIFY(!tool.isDialogVisible());
+}
+
+void TestPlgDialog::pageThatClosesAHiddenDialogClosesNothing()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    QSignalSpy closings(tool.ensureDialog(true), &GUI_ModelessPatternDialog::closed);
+    tool.showDialog();
+    tool.hideDialog();
+    host.clearJournal();
+    emit tool.dialog()->mediator()->reject();
+    emit tool.dialog()->mediator()->accept();
+    QCOMPARE(closings.count(), 0);
+    QCOMPARE(host.commands(), QStringList());
+}
+
+void TestPlgDialog::pageThatClosesAgainClosesOnce()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    QSignalSpy closings(tool.ensureDialog(true), &GUI_ModelessPatternDialog::closed);
+    JS_Mediator_Dialog *mediator = tool.dialog()->mediator();
+    QSignalSpy rejections(mediator, &JS_Mediator_Dialog::rejected);
+    connect(mediator, &JS_Mediator_Dialog::rejected, mediator, &JS_Mediator_Dialog::reject);
+    tool.showDialog();
+    tool.closeDialog();
+    QCOMPARE(closings.count(), 1);
+    QCOMPARE(rejections.count(), 1);
 }
 
 void TestPlgDialog::failureWhileClosingIsHandedToTheHost()
