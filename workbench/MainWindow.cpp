@@ -49,6 +49,8 @@ MainWindow::MainWindow(StandInHost &host, LogModel &log)
 MainWindow::~MainWindow()
 {
     disconnect(m_host.events(), nullptr, this, nullptr);
+    delete m_viewPage; // lets go of the views
+    delete m_views;
 }
 
 void MainWindow::addTool(PLG_Interface *tool)
@@ -116,6 +118,7 @@ void MainWindow::refresh()
     const StandInDocument *current = m_host.document(m_host.currentKey());
     m_host.pageObject()->setProperty("currentPartition",
                                      current ? current->state().currentPartition : 0);
+    m_viewPage->refresh();
     m_statusPanel->refresh();
     m_devicePanel->refresh();
     m_hostCalls->collect();
@@ -264,7 +267,9 @@ void MainWindow::makePanels()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_notice);
-    layout->addWidget(m_views, 1);
+    m_host.state().webPageEmbeddedMdi = m_views; // the page takes it in
+    m_viewPage = new PagePanel(m_host, "viewareapage", "qrc:/viewarea.html", tr("Views"), this);
+    layout->addWidget(m_viewPage, 1);
     setCentralWidget(centre);
     connect(m_views, &ViewArea::addCameraRequested, this, &MainWindow::addCameraRequested);
     connect(m_views, &ViewArea::openFolderRequested, this, &MainWindow::openFolderRequested);

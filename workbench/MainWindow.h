@@ -35,6 +35,7 @@ public:
     HostCallPanel *hostCalls() const { return m_hostCalls; }
     NoticeBar *notice() const { return m_notice; }
     StatusLine *status() const { return m_status; }
+    PagePanel *viewPage() const { return m_viewPage; }
     PagePanel *statusPanel() const { return m_statusPanel; }
     PagePanel *devicePanel() const { return m_devicePanel; }
 
@@ -77,6 +78,7 @@ private:
     HostCallPanel *m_hostCalls = nullptr;
     NoticeBar *m_notice = nullptr;
     StatusLine *m_status = nullptr;
+    PagePanel *m_viewPage = nullptr;
     PagePanel *m_statusPanel = nullptr;
     PagePanel *m_devicePanel = nullptr;
     QDockWidget *m_cameraDock = nullptr;
