@@ -230,8 +230,17 @@ void JS_Mediator::deterUpdateUI(bool deter)
 
 void JS_Mediator::addPrefsJSObject()
 {
-    if (GUI_WebView *view = webView())
-        view->page()->mainFrame()->addToJavaScriptWindowObject(QLatin1String("prefs"), this);
+    GUI_WebView *view = webView();
+    if (!view)
+        return;
+    QWebFrame *frame = view->page()->mainFrame();
+    const auto show = [this, frame] {
+        frame->addToJavaScriptWindowObject(QLatin1String("prefs"), this);
+    };
+    show();
+    if (m_prefsFrame != frame) // from now on in each page that the frame loads
+        connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, show);
+    m_prefsFrame = frame;
 }
 
 void JS_Mediator::log(const QString &) {}

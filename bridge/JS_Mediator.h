@@ -160,6 +160,7 @@ private:
 
     HostServices *m_host;
     QPointer<QObject> m_webView;
+    QPointer<QObject> m_prefsFrame; ///< shows the mediator as "prefs" too
     QString m_name;
     uint m_rangeMax = 0;
     int m_updateFlags = RefreshEverything;

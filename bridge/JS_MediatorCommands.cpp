@@ -96,11 +96,12 @@ int JS_Mediator::openPrefsDialog(const QString &page)
 {
     OperationLogScope scope(QLatin1String("JS_Mediator::openPrefsDialog"),
                             LogGroups::group(QLatin1String("page"), page));
-    return guarded(m_host, 0, [&] {
-        if (m_host->isLiveMode())
-            m_host->prepareLiveForPrefs();
-        HostPrefsDialog *dialog = m_host->prefsDialog();
-        dialog->showPage(m_host->translate(page));
+    HostServices *host = m_host; // the mediator may go while the dialog runs
+    return guarded(host, 0, [&] {
+        if (host->isLiveMode())
+            host->prepareLiveForPrefs();
+        HostPrefsDialog *dialog = host->prefsDialog();
+        dialog->showPage(host->translate(page));
         return dialog->exec();
     });
 }
@@ -142,10 +143,11 @@ void JS_Mediator::copySelectAreaToClipboard()
 void JS_Mediator::setDisableAllQuickTool()
 {
     OperationLogScope scope(QLatin1String("JS_Mediator::setDisableAllQuickTool"));
-    guarded(m_host, [&] {
-        m_host->setQuickTool(QString());
-        m_host->refreshDocumentInfo(true);
-        m_host->setAllQuickToolsDisabledRefresh();
+    HostServices *host = m_host; // the mediator may go with the tool
+    guarded(host, [&] {
+        host->setQuickTool(QString());
+        host->refreshDocumentInfo(true);
+        host->setAllQuickToolsDisabledRefresh();
     });
 }
 

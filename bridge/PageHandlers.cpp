@@ -2,6 +2,7 @@
 
 #include "bridge/OperationLog.h"
 
+#include <QEvent>
 #include <QMap>
 #include <QMetaMethod>
 #include <QStringList>
@@ -35,12 +36,11 @@ const char *const Script =
     "    }"
     "    function caught(handler) {"
     "        return function () {"
-    "            if (handlers.pageNumber !== page)"
-    "                return;"
     "            try {"
-    "                handler.apply(this, arguments);"
+    "                if (handlers.pageNumber === page)"
+    "                    handler.apply(this, arguments);"
     "            } catch (error) {"
-    "                handlers.failed(textOf(error));"
+    "                try { handlers.failed(textOf(error)); } catch (second) { }"
     "            }"
     "        };"
     "    }"
@@ -128,6 +128,12 @@ PageHandlers::PageHandlers(QWebFrame *frame, QObject *object)
       m_script(QLatin1String(Script) + QLatin1String("([") + signalNames(*object->metaObject()) +
                QLatin1String("], "))
 {
+}
+
+bool PageHandlers::event(QEvent *event)
+{
+    // Script that calls deleteLater() on it deletes nothing; it goes with its mediator.
+    return event->type() == QEvent::DeferredDelete || QObject::event(event);
 }
 
 void PageHandlers::install()

@@ -29,6 +29,8 @@ public:
     /// Counts the pages; handlers of an earlier one hear nothing.
     int pageNumber() const { return m_pageNumber; }
 
+    bool event(QEvent *event) override;
+
 public slots:
     void failed(const QString &error);
 

@@ -29,6 +29,7 @@ private slots:
     void rotationTells();
     void rangeMaxTells_data();
     void rangeMaxTells();
+    void rangeMaxIsKeptForSubclasses();
     void styleOfAnOpenMobileDialogFollows();
     void styleWithoutMobileDialogIsOnlyStored();
     void prefsNameIsGivenOnRequest();
@@ -654,11 +655,35 @@ void TestMediatorSlots::styleWithoutMobileDialogIsOnlyStored()
              QStringLiteral("dark"));
 }
 
+namespace {
+
+class RangeMediator : public JS_Mediator
+{
+public:
+    using JS_Mediator::JS_Mediator;
+    using JS_Mediator::rangeMax;
+};
+
+}
+
+void TestMediatorSlots::rangeMaxIsKeptForSubclasses()
+{
+    StandInHost host;
+    RangeMediator mediator(&host, QStringLiteral("range"));
+    QCOMPARE(mediator.getRangeMax(), 255);
+    QCOMPARE(mediator.rangeMax(), 255u);
+}
+
 void TestMediatorSlots::prefsNameIsGivenOnRequest()
 {
     DialogPage shown;
     QCOMPARE(shown.page.call("typeof prefs"), QStringLiteral("\"undefined\""));
     shown.page.call("bridge.addPrefsJSObject()");
+    QCOMPARE(shown.page.call("prefs.getPrefInt('a/b', 4)"), QStringLiteral("4"));
+    shown.page.call("bridge.addPrefsJSObject()");
+    shown.dialog.webView()->reload();
+    QVERIFY(shown.page.waitLoaded());
+    QTRY_COMPARE(shown.page.call("typeof prefs"), QStringLiteral("\"object\""));
     QCOMPARE(shown.page.call("prefs.getPrefInt('a/b', 4)"), QStringLiteral("4"));
 
     JS_Mediator unattached(&shown.host, QStringLiteral("page"));

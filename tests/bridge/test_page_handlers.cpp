@@ -21,6 +21,7 @@ private slots:
     void attachedTwiceIsLoggedOnce();
     void guardOutlivesTheCollector();
     void mediatorMayGoWhileItsPageLives();
+    void pageCannotDeleteTheGuard();
     void pageConnectsAsEver_data();
     void pageConnectsAsEver();
     void badConnectionFailsAsEver_data();
@@ -168,6 +169,23 @@ void TestPageHandlers::mediatorMayGoWhileItsPageLives()
     page.evaluate("location.reload()");
     QVERIFY(page.waitLoaded());
     QCOMPARE(page.call("typeof bridge"), QStringLiteral("\"undefined\""));
+}
+
+void TestPageHandlers::pageCannotDeleteTheGuard()
+{
+    DialogPage shown;
+    const auto *guard = shown.mediator->findChild<PageHandlers *>();
+    QVERIFY(guard);
+    shown.page.evaluate("Object.getOwnPropertyNames(window).forEach(function (name) {"
+                        "    var kept = window[name];"
+                        "    if (kept && kept[0] && kept[0].deleteLater) kept[0].deleteLater();"
+                        "}); bridge.update.connect(function () { throw new Error('late'); })");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(shown.mediator->findChild<PageHandlers *>(), guard);
+    LogCapture log;
+    emit shown.mediator->update();
+    QCOMPARE(log.texts(QtCriticalMsg).size(), 1);
+    QVERIFY(log.texts(QtCriticalMsg).first().contains("late"));
 }
 
 void TestPageHandlers::pageConnectsAsEver_data()
