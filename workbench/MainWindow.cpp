@@ -13,6 +13,9 @@
 #include "workbench/PagePanel.h"
 #include "workbench/StatusLine.h"
 #include "workbench/ToolBar.h"
+#include "workbench/ToolPanel.h"
+#include "workbench/ToolView.h"
+#include "workbench/ViewActions.h"
 #include "workbench/ViewArea.h"
 
 #include <QActionGroup>
@@ -38,6 +41,9 @@ MainWindow::MainWindow(StandInHost &host, LogModel &log)
     makeActions();
     makeMenus();
     followHost();
+    new ViewActions(m_host, this);
+    new ToolView(m_host, *m_views, this);
+    addDockWidget(Qt::RightDockWidgetArea, new ToolPanel(m_host, this));
     m_host.state().mainWidget = this;
     resize(1280, 800);
     resizeDocks({m_logDock}, {230}, Qt::Vertical);

@@ -1,7 +1,6 @@
 #include "workbench/ToolView.h"
 
 #include "plugin/contract/HostGuard.h"
-#include "plugin/contract/PLG_Interface.h"
 #include "standin/StandInHost.h"
 #include "workbench/DocumentView.h"
 #include "workbench/PictureArea.h"
@@ -10,6 +9,25 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QUndoCommand>
+
+namespace {
+
+// The same part of a picture of another size, which a change of binning brings.
+QRect scaledTo(const QRect &rect, const QSize &from, const QSize &to)
+{
+    if (from == to || from.isEmpty())
+        return rect;
+    const auto part = [](int value, int before, int now) {
+        return int(qint64(value) * now / before);
+    };
+    const int left = part(rect.left(), from.width(), to.width());
+    const int top = part(rect.top(), from.height(), to.height());
+    const int width = part(rect.right() + 1, from.width(), to.width()) - left;
+    const int height = part(rect.bottom() + 1, from.height(), to.height()) - top;
+    return QRect(left, top, qMax(1, width), qMax(1, height));
+}
+
+}
 
 /// What a tool's regions were before and after a change.
 class ToolView::RegionStep : public QUndoCommand
@@ -51,7 +69,9 @@ ToolView::ToolView(StandInHost &host, ViewArea &views, QObject *parent)
     const StandInEvents *events = m_host.events();
     connect(events, &StandInEvents::pluginsChanged, this, &ToolView::followTool);
     connect(events, &StandInEvents::currentDocumentChanged, this, &ToolView::place);
-    connect(events, &StandInEvents::viewChanged, this, &ToolView::place);
+    // A picture that has changed its size is no edit.
+    connect(events, &StandInEvents::viewChanged, this, &ToolView::takeRegions);
+    connect(events, &StandInEvents::cameraSettingsChanged, this, &ToolView::takeRegions);
     connect(events, &StandInEvents::updated, this, [this] {
         recordChange();
         place();
@@ -68,7 +88,7 @@ ToolView::~ToolView()
 
 bool ToolView::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize && watched->inherits("PictureArea")) {
+    if (event->type() == QEvent::Resize && qobject_cast<PictureArea *>(watched)) {
         place();
         return false;
     }
@@ -105,6 +125,11 @@ void ToolView::followTool()
     finishDrag();
     takeDrawingAway();
     m_tool = tool;
+    takeRegions();
+}
+
+void ToolView::takeRegions()
+{
     m_known = regions();
     place();
 }
@@ -242,13 +267,14 @@ ToolView::Regions ToolView::regions()
     for (StandInDocument *document : m_host.documents()) {
         if (edits(document->key()))
             guarded(&m_host, [&] {
-                result.insert(document->key(), m_tool->region(document->contract()));
+                result.insert(document->key(),
+                              {m_tool->region(document->contract()), document->pictureSize()});
             });
     }
     return result;
 }
 
-// A document that came or went, or whose picture has another size, is no edit.
+// A document that came or went is no edit.
 void ToolView::recordChange()
 {
     if (!m_tool || m_puttingBack)
@@ -272,13 +298,14 @@ void ToolView::putBack(const Regions &regions)
 {
     m_puttingBack = true;
     for (auto entry = regions.cbegin(); entry != regions.cend(); ++entry) {
-        if (StandInDocument *document = m_host.document(entry.key()))
-            guarded(&m_host, [&] {
-                m_tool->setRegion(document->contract(), entry.value(), false);
-                document->contract()->notifyChange(1, false);
-            });
+        StandInDocument *document = m_host.document(entry.key());
+        if (!document || !edits(entry.key()))
+            continue;
+        const QRect rect = scaledTo(entry->rect, entry->picture, document->pictureSize());
+        guarded(&m_host, [&] { m_tool->setRegion(document->contract(), rect, false); });
+        document->sendSettings();
     }
+    guarded(&m_host, [&] { m_tool->update(); });
     m_puttingBack = false;
-    m_known = this->regions();
-    guarded(&m_host, [&] { m_host.updateUI(4, false); });
+    takeRegions();
 }

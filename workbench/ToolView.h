@@ -1,14 +1,15 @@
 #pragma once
 
 #include "plugin/contract/HostTypes.h"
+#include "plugin/contract/PLG_Interface.h"
 
 #include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <QSize>
 
 class DocumentView;
-class PLG_Interface;
 class PictureArea;
 class QWidget;
 class StandInHost;
@@ -33,7 +34,18 @@ public:
 
 private:
     class RegionStep;
-    using Regions = QHash<DOCKEY, QRect>;
+
+    struct Region
+    {
+        QRect rect;
+        QSize picture; ///< of which `rect` is a part
+
+        bool operator!=(const Region &other) const
+        {
+            return rect != other.rect || picture != other.picture;
+        }
+    };
+    using Regions = QHash<DOCKEY, Region>;
 
     void followViews();
     void followTool();
@@ -45,6 +57,7 @@ private:
     void finishDrag();
     void dropEmptyStep();
     Regions regions();
+    void takeRegions();
     void recordChange();
     void putBack(const Regions &regions);
 

@@ -1,0 +1,621 @@
+#include "bridge/GUI_ModelessPatternDialog.h"
+#include "bridge/JS_Mediator_Dialog.h"
+#include "standin/StandInCamera.h"
+#include "tests/support/TestLog.h"
+#include "workbench/DocumentView.h"
+#include "workbench/MainWindow.h"
+#include "workbench/Options.h"
+#include "workbench/PictureArea.h"
+#include "workbench/ToolBar.h"
+#include "workbench/ToolPanel.h"
+#include "workbench/ViewArea.h"
+#include "workbench/Workbench.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QUndoStack>
+#include <QWebFrame>
+#include <QWindow>
+
+#include <memory>
+
+// The region tool as another team has it: the toolkit is installed, the project of the tool is
+// built against it outside of the checkout, and the module is loaded into the workbench, where it
+// is worked by mouse, keys and its own page.
+class TestRegionTool : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void installsNothingOfThisBuild();
+    void showsOneSymbol();
+    void opensItsPanelByItsButton();
+    void drawsRegionAndHandles();
+    void drawsNothingWhenItIsLeft();
+    void handlesLandWhereTheyAreDragged_data();
+    void handlesLandWhereTheyAreDragged();
+    void aDragIsOneUndoStep();
+    void aPressAloneIsNoUndoStep();
+    void arrowKeysMoveAndResize();
+    void reachesAllLockedCameras();
+    void staysOnOneCameraWhenToldTo();
+    void cameraThatGoesInMidDragEndsIt();
+    void panelShowsAndSetsTheRegion();
+    void cancelTakesBackAndLeaves();
+    void resetTakesBackAndStays();
+    void appliedRegionSurvivesCancel();
+    void okKeepsTheRegion();
+    void closingThePanelAsksWhenSomethingChanged();
+    void optionsLimitTheRegion_data();
+    void optionsLimitTheRegion();
+    void failingHostHarmsNothing();
+
+private:
+    PLG_Interface *tool() const { return m_workbench->loader().tools().value(0); }
+    StandInHost &host() const { return m_workbench->host(); }
+    StandInCamera *camera(int index) const { return host().cameras().at(index); }
+    PictureArea *picture(int index) const;
+    QRect regionOf(int index) const { return tool()->region(camera(index)->contract()); }
+    void setRegion(int index, const QRect &rect) const;
+    void open() const;
+    void press(int index, const QPoint &pixel) const;
+    void drag(int index, const QPoint &from, const QPoint &to) const;
+    QWindow *window() const;
+    QPoint inWindow(int index, const QPoint &pixel) const;
+    QPoint inView(int index, const QPoint &pixel) const;
+    ToolPanel *panel() const { return m_workbench->window().findChild<ToolPanel *>(); }
+    bool waitForPanel() const;
+    QVariant evaluate(const QString &script) const;
+    void click(const QString &id) const;
+    bool setOption(const QString &name, const QVariant &value) const;
+
+    std::unique_ptr<QTemporaryDir> m_place; // of installation and build
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<Workbench> m_workbench;
+};
+
+namespace {
+
+const QSize Picture(320, 240);
+
+QRect corners(int left, int top, int right, int bottom)
+{
+    return QRect(QPoint(left, top), QPoint(right, bottom));
+}
+
+// A command that ends with status 0 within five minutes, else its output is told.
+bool run(const QStringList &command)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(command.first(), command.mid(1));
+    if (process.waitForFinished(300000) && process.exitStatus() == QProcess::NormalExit &&
+        process.exitCode() == 0)
+        return true;
+    qInfo().noquote() << command.join(' ') << process.readAll();
+    return false;
+}
+
+}
+
+void TestRegionTool::initTestCase()
+{
+    m_place = std::make_unique<QTemporaryDir>();
+    QVERIFY(run({CMAKE, "--install", BUILD, "--prefix", m_place->filePath("prefix")}));
+
+    QDir(m_place->path()).mkdir("project");
+    for (const QFileInfo &file : QDir(EXAMPLE).entryInfoList(QDir::Files))
+        QVERIFY(QFile::copy(file.filePath(), m_place->filePath("project/" + file.fileName())));
+    QVERIFY(run({CMAKE, "-S", m_place->filePath("project"), "-B", m_place->filePath("build"), "-G",
+                 "Ninja", "-DCMAKE_PREFIX_PATH=" + m_place->filePath("prefix"),
+                 "-DCMAKE_CXX_COMPILER=" COMPILER, "-DCMAKE_CXX_COMPILER_LAUNCHER=" LAUNCHER}));
+    QVERIFY(run({CMAKE, "--build", m_place->filePath("build")}));
+    QVERIFY(QFileInfo::exists(m_place->filePath("build/t_region.orvix")));
+}
+
+void TestRegionTool::init()
+{
+    TestBase::init();
+    m_dir = std::make_unique<QTemporaryDir>();
+    Options options;
+    options.settingsFile = m_dir->filePath("settings.ini");
+    options.pluginFolder = m_place->filePath("build");
+    options.cameras = 0;
+    m_workbench = std::make_unique<Workbench>(options);
+    m_workbench->start(options);
+    StandInCamera::Description description;
+    description.limits.sensorSize = Picture;
+    description.region = QRect(QPoint(0, 0), Picture);
+    for (int i = 0; i < 2; ++i)
+        host().addCamera(description)->setZoom(1.0);
+    m_workbench->window().resize(1500, 900);
+    m_workbench->window().show();
+    m_workbench->window().views()->setRunning(false);
+    m_workbench->window().refresh();
+    // The views stand in a page, which has to load.
+    QVERIFY(QTest::qWaitFor([this] { return picture(1)->width() > 340; }, 10000));
+    QVERIFY(tool());
+    QCOMPARE(tool()->name(), QString("t_region"));
+}
+
+void TestRegionTool::cleanup()
+{
+    m_workbench.reset();
+    m_dir.reset();
+    TestBase::cleanup();
+}
+
+PictureArea *TestRegionTool::picture(int index) const
+{
+    return m_workbench->window().views()->view(camera(index)->key())->findChild<PictureArea *>();
+}
+
+void TestRegionTool::setRegion(int index, const QRect &rect) const
+{
+    tool()->setRegion(camera(index)->contract(), rect, false);
+    host().events()->viewChanged(camera(index)->key());
+}
+
+void TestRegionTool::open() const
+{
+    m_workbench->window().tools()->action(tool())->trigger();
+}
+
+// Events as the window system sends them: the window finds the widget.
+void TestRegionTool::press(int index, const QPoint &pixel) const
+{
+    QTest::mouseMove(window(), inWindow(index, pixel));
+    QTest::mousePress(window(), Qt::LeftButton, Qt::NoModifier, inWindow(index, pixel));
+}
+
+void TestRegionTool::drag(int index, const QPoint &from, const QPoint &to) const
+{
+    press(index, from);
+    // Some way between, as a hand does it.
+    QTest::mouseMove(window(), inWindow(index, from + (to - from) / 2));
+    QTest::mouseMove(window(), inWindow(index, to));
+    QTest::mouseRelease(window(), Qt::LeftButton, Qt::NoModifier, inWindow(index, to));
+}
+
+QWindow *TestRegionTool::window() const
+{
+    return m_workbench->window().windowHandle();
+}
+
+QPoint TestRegionTool::inWindow(int index, const QPoint &pixel) const
+{
+    return picture(index)->mapTo(&m_workbench->window(), inView(index, pixel));
+}
+
+// A pixel of the picture at one view pixel each, which lies in the middle of its view: turned
+// clockwise, then flipped as it is seen.
+QPoint TestRegionTool::inView(int index, const QPoint &pixel) const
+{
+    const DocumentState &state = camera(index)->state();
+    QPoint point = pixel;
+    QSize size = Picture;
+    for (int turn = 0; turn < state.quarterTurns; ++turn) {
+        point = QPoint(size.height() - 1 - point.y(), point.x());
+        size.transpose();
+    }
+    if (state.isFlippedHorizontally)
+        point.setX(size.width() - 1 - point.x());
+    if (state.isFlippedVertically)
+        point.setY(size.height() - 1 - point.y());
+    const QSize view = picture(index)->size();
+    return point + QPoint((view.width() - size.width()) / 2, (view.height() - size.height()) / 2);
+}
+
+bool TestRegionTool::waitForPanel() const
+{
+    return QTest::qWaitFor([this] { return panel()->isLoaded(); }, 10000);
+}
+
+QVariant TestRegionTool::evaluate(const QString &script) const
+{
+    return panel()->view()->page()->mainFrame()->evaluateJavaScript(script);
+}
+
+void TestRegionTool::click(const QString &id) const
+{
+    evaluate(QStringLiteral("document.getElementById('%1').click()").arg(id));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+bool TestRegionTool::setOption(const QString &name, const QVariant &value) const
+{
+    bool known = false;
+    const bool called = QMetaObject::invokeMethod(
+        tool()->ensureDialog(!tool()->ensureDialog(false))->mediator(), "setOption",
+        Q_RETURN_ARG(bool, known), Q_ARG(QString, name), Q_ARG(QVariant, value));
+    return called && known;
+}
+
+void TestRegionTool::installsNothingOfThisBuild()
+{
+    const QDir prefix(m_place->filePath("prefix"));
+    for (const char *file :
+         {"include/orvix/plugin/PLG_Button.h",
+          "include/orvix/plugin/contract/"
+          "HostServices.h",
+          "include/orvix/bridge/JS_Mediator_Plugin.h", "include/orvix/standin/StandInHost.h",
+          "include/orvix/plugin/makeButtonPlugin.h"})
+        QVERIFY2(prefix.exists(file), file);
+    QVERIFY(!prefix.exists("include/orvix/plugin/PLG_multilock.h"));
+    QVERIFY(!prefix.exists("include/orvix/tests"));
+    QVERIFY(!prefix.exists("include/orvix/workbench"));
+    QFile package;
+    for (const char *folder : {"lib", "lib64", "lib/x86_64-linux-gnu"}) {
+        package.setFileName(
+            prefix.filePath(QString(folder) + "/cmake/OrvixToolkit/OrvixToolkitConfig.cmake"));
+        if (package.exists())
+            break;
+    }
+    QVERIFY(package.open(QIODevice::ReadOnly));
+    const QByteArray text = package.readAll();
+    QVERIFY(!text.contains(BUILD));
+    QVERIFY(!text.contains(m_place->path().toUtf8())); // the folder can be moved
+    QVERIFY(!text.contains("orvix_contract"));
+}
+
+void TestRegionTool::showsOneSymbol()
+{
+    QProcess nm;
+    nm.start("nm", {"-D", "--defined-only", m_place->filePath("build/t_region.orvix")});
+    QVERIFY(nm.waitForFinished());
+    const QByteArrayList lines = nm.readAllStandardOutput().trimmed().split('\n');
+    QCOMPARE(lines.size(), 1);
+    QVERIFY(lines.first().endsWith(" T makeButtonPlugin"));
+}
+
+void TestRegionTool::opensItsPanelByItsButton()
+{
+    QVERIFY(panel()->isHidden());
+    open();
+    QVERIFY(host().isPluginOpen(tool()));
+    QVERIFY(host().isTransactionOpen("t_region"));
+    QVERIFY(!panel()->isHidden());
+    QVERIFY(waitForPanel());
+    // Half as large as the picture, in its middle.
+    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+    // Another press begins no other transaction.
+    drag(0, {80, 60}, {31, 41});
+    open();
+    tool()->onCancel();
+    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+}
+
+void TestRegionTool::drawsRegionAndHandles()
+{
+    open();
+    setRegion(0, corners(80, 60, 199, 159));
+    const QImage image = picture(0)->grab().toImage();
+    const QColor yellow(0xffd23c);
+    QCOMPARE(image.pixelColor(inView(0, {100, 60})), yellow);  // the top side
+    QCOMPARE(image.pixelColor(inView(0, {199, 120})), yellow); // the right side
+    for (const QPoint &handle :
+         {QPoint(80, 60), QPoint(139, 60), QPoint(199, 60), QPoint(80, 109), QPoint(199, 109),
+          QPoint(80, 159), QPoint(139, 159), QPoint(199, 159)}) {
+        // Wider than the line.
+        QCOMPARE(image.pixelColor(inView(0, handle + QPoint(2, 2))), yellow);
+        QCOMPARE(image.pixelColor(inView(0, handle - QPoint(2, 2))), yellow);
+    }
+}
+
+void TestRegionTool::drawsNothingWhenItIsLeft()
+{
+    const QImage before = picture(0)->grab().toImage();
+    open();
+    QVERIFY(picture(0)->grab().toImage() != before);
+    tool()->onCancel();
+    QVERIFY(picture(0)->findChildren<QWidget *>().isEmpty());
+    drag(0, {80, 60}, {31, 41});
+    open();
+    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+}
+
+void TestRegionTool::handlesLandWhereTheyAreDragged_data()
+{
+    QTest::addColumn<int>("quarterTurns");
+    QTest::addColumn<bool>("horizontally");
+    QTest::addColumn<bool>("vertically");
+    QTest::addColumn<QPoint>("from"); // in the picture
+    QTest::addColumn<QPoint>("to");
+    QTest::addColumn<QRect>("result");
+    for (int turns = 0; turns < 4; ++turns) {
+        for (int flips = 0; flips < 4; ++flips) {
+            const auto row = [&](const char *handle, QPoint from, QPoint to, QRect result) {
+                const QString name = QStringLiteral("%1%2%3: %4")
+                                         .arg(turns * 90)
+                                         .arg(flips & 1 ? " left to right" : "",
+                                              flips & 2 ? " top to bottom" : "", handle);
+                QTest::newRow(qPrintable(name))
+                    << turns << bool(flips & 1) << bool(flips & 2) << from << to << result;
+            };
+            // The region is at 80 to 199, 60 to 159.
+            row("top", {140, 60}, {150, 41}, corners(80, 41, 199, 159));
+            row("bottom", {140, 159}, {130, 201}, corners(80, 60, 199, 201));
+            row("left", {80, 110}, {31, 120}, corners(31, 60, 199, 159));
+            row("right", {199, 110}, {271, 100}, corners(80, 60, 271, 159));
+            row("top left", {80, 60}, {31, 41}, corners(31, 41, 199, 159));
+            row("top right", {199, 60}, {271, 41}, corners(80, 41, 271, 159));
+            row("bottom left", {80, 159}, {31, 201}, corners(31, 60, 199, 201));
+            row("bottom right", {199, 159}, {271, 201}, corners(80, 60, 271, 201));
+            row("inside", {140, 110}, {147, 99}, corners(87, 49, 206, 148));
+            row("outside", {20, 20}, {40, 50}, corners(80, 60, 199, 159));
+        }
+    }
+}
+
+void TestRegionTool::handlesLandWhereTheyAreDragged()
+{
+    QFETCH(int, quarterTurns);
+    QFETCH(bool, horizontally);
+    QFETCH(bool, vertically);
+    QFETCH(QPoint, from);
+    QFETCH(QPoint, to);
+    camera(0)->setQuarterTurns(quarterTurns);
+    camera(0)->setFlips(horizontally, vertically);
+    open();
+    setRegion(0, corners(80, 60, 199, 159));
+    drag(0, from, to);
+    QTEST(regionOf(0), "result");
+    QCOMPARE(regionOf(1), corners(80, 60, 239, 179));
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QCOMPARE(host().openMacros(), 0);
+}
+
+void TestRegionTool::aDragIsOneUndoStep()
+{
+    open();
+    setRegion(0, corners(80, 60, 199, 159));
+    QStringList calls; // the panel of the calls takes them out of the journal
+    connect(host().events(), &StandInEvents::callJournalled, this,
+            [&calls](const QString &line) { calls.append(line); });
+    drag(0, {199, 159}, {271, 201});
+    disconnect(host().events(), nullptr, this, nullptr);
+    QVERIFY(calls.contains("[1].notifyChange(1, false)"));
+    QCOMPARE(host().undoSteps()->count(), 1);
+    host().undoSteps()->undo();
+    QCOMPARE(regionOf(0), corners(80, 60, 199, 159));
+    host().undoSteps()->redo();
+    QCOMPARE(regionOf(0), corners(80, 60, 271, 201));
+    QVERIFY(!host().undoSteps()->canRedo());
+}
+
+void TestRegionTool::aPressAloneIsNoUndoStep()
+{
+    open();
+    drag(0, {10, 10}, {10, 10});
+    QCOMPARE(host().undoSteps()->count(), 0);
+    drag(1, {10, 10}, {10, 10});
+    QCOMPARE(host().currentKey(), camera(1)->key());
+}
+
+void TestRegionTool::arrowKeysMoveAndResize()
+{
+    open();
+    setRegion(0, corners(80, 60, 199, 159));
+    DocumentView *view = m_workbench->window().views()->view(camera(0)->key());
+    QTest::keyClick(view, Qt::Key_Right);
+    QCOMPARE(regionOf(0), corners(81, 60, 200, 159));
+    QTest::keyClick(view, Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(regionOf(0), corners(81, 60, 200, 160));
+    QTest::keyClick(view, Qt::Key_Left, Qt::ShiftModifier | Qt::ControlModifier);
+    QCOMPARE(regionOf(0), corners(82, 60, 200, 160));
+    QVERIFY(!tool()->isKeyHeld());
+    QCOMPARE(host().undoSteps()->count(), 3);
+    host().undoSteps()->undo();
+    QCOMPARE(regionOf(0), corners(81, 60, 200, 160));
+}
+
+void TestRegionTool::reachesAllLockedCameras()
+{
+    host().setTrelvikLock(true);
+    open();
+    setRegion(0, corners(80, 60, 199, 159));
+    QStringList calls; // the panel of the calls takes them out of the journal
+    connect(host().events(), &StandInEvents::callJournalled, this,
+            [&calls](const QString &line) { calls.append(line); });
+    drag(0, {199, 159}, {271, 201});
+    disconnect(host().events(), nullptr, this, nullptr);
+    QCOMPARE(regionOf(0), corners(80, 60, 271, 201));
+    QCOMPARE(regionOf(1), corners(80, 60, 271, 201));
+    QVERIFY(calls.contains("updateUI(1, false)"));
+    host().undoSteps()->undo();
+    QCOMPARE(regionOf(0), corners(80, 60, 199, 159));
+    QCOMPARE(regionOf(1), corners(80, 60, 239, 179));
+}
+
+void TestRegionTool::staysOnOneCameraWhenToldTo()
+{
+    host().setTrelvikLock(true);
+    open();
+    QVERIFY(setOption("applyToAll", false));
+    setRegion(0, corners(80, 60, 199, 159));
+    drag(0, {199, 159}, {271, 201});
+    QCOMPARE(regionOf(0), corners(80, 60, 271, 201));
+    QCOMPARE(regionOf(1), corners(80, 60, 239, 179));
+}
+
+void TestRegionTool::cameraThatGoesInMidDragEndsIt()
+{
+    open();
+    press(0, {140, 110});
+    QCOMPARE(host().openMacros(), 1);
+    host().closeDocument(camera(0)->key());
+    m_workbench->window().refresh();
+    QCOMPARE(host().openMacros(), 0);
+    QVERIFY(!tool()->isDragging());
+    QCOMPARE(host().handledErrors(), QStringList());
+    drag(0, {80, 60}, {60, 50}); // the other camera
+    QCOMPARE(regionOf(0), corners(60, 50, 239, 179));
+}
+
+void TestRegionTool::panelShowsAndSetsTheRegion()
+{
+    open();
+    QVERIFY(waitForPanel());
+    const auto value = [this](const char *id) {
+        return evaluate(QStringLiteral("document.getElementById('%1').value").arg(id)).toInt();
+    };
+    QCOMPARE(value("Width"), 160);
+    QCOMPARE(value("PosX"), 80);
+    drag(0, {239, 120}, {219, 120}); // the right side
+    QCOMPARE(value("Width"), 140);
+    evaluate("var box = document.getElementById('Width'); box.value = '100';"
+             "box.dispatchEvent(new Event('change'))");
+    QCOMPARE(regionOf(0), corners(80, 60, 179, 179));
+    evaluate("box = document.getElementById('PosY'); box.value = '500';"
+             "box.dispatchEvent(new Event('change'))");
+    QCOMPARE(regionOf(0), corners(80, 120, 179, 239)); // stops at the lower side of the picture
+    evaluate("box = document.getElementById('Width'); box.value = 'wide';"
+             "box.dispatchEvent(new Event('change'))");
+    QCOMPARE(value("Width"), 100);
+    QCOMPARE(evaluate("document.getElementById('camera').textContent").toString(),
+             QString("Camera 1"));
+    QCOMPARE(evaluate("document.getElementById('zoom').textContent").toString(),
+             QStringLiteral("100 %1 120 (100 %)").arg(QChar(0xd7)));
+}
+
+void TestRegionTool::cancelTakesBackAndLeaves()
+{
+    open();
+    QVERIFY(waitForPanel());
+    drag(0, {80, 60}, {31, 41});
+    QVERIFY(tool()->isModified());
+    click("cancel");
+    QVERIFY(panel()->isHidden());
+    QVERIFY(!host().isTransactionOpen("t_region"));
+    QVERIFY(!tool()->isModified());
+    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+    QCOMPARE(host().undoSteps()->count(), 0);
+}
+
+void TestRegionTool::resetTakesBackAndStays()
+{
+    open();
+    QVERIFY(waitForPanel());
+    drag(0, {80, 60}, {31, 41});
+    click("reset");
+    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+    QVERIFY(!panel()->isHidden());
+    QVERIFY(host().isTransactionOpen("t_region"));
+    QVERIFY(!tool()->isModified());
+    host().undoSteps()->undo(); // the reset
+    QCOMPARE(regionOf(0), corners(31, 41, 239, 179));
+}
+
+void TestRegionTool::appliedRegionSurvivesCancel()
+{
+    open();
+    QVERIFY(waitForPanel());
+    drag(0, {80, 60}, {31, 41});
+    click("apply");
+    QVERIFY(host().isTransactionOpen("t_region"));
+    QCOMPARE(host().undoSteps()->count(), 0);
+    drag(0, {31, 41}, {50, 50});
+    QCOMPARE(regionOf(0), corners(50, 50, 239, 179));
+    click("cancel");
+    QCOMPARE(regionOf(0), corners(31, 41, 239, 179));
+}
+
+void TestRegionTool::okKeepsTheRegion()
+{
+    open();
+    QVERIFY(waitForPanel());
+    drag(0, {80, 60}, {31, 41});
+    click("ok");
+    QVERIFY(panel()->isHidden());
+    QVERIFY(!host().isTransactionOpen("t_region"));
+    QCOMPARE(regionOf(0), corners(31, 41, 239, 179));
+    open(); // as often as one likes
+    QVERIFY(waitForPanel());
+    QCOMPARE(regionOf(0), corners(31, 41, 239, 179));
+}
+
+void TestRegionTool::closingThePanelAsksWhenSomethingChanged()
+{
+    open();
+    panel()->close();
+    QVERIFY(panel()->isHidden());
+    QCOMPARE(host().messages().size(), 0);
+
+    open();
+    drag(0, {239, 179}, {200, 150});
+    panel()->close(); // no
+    QCOMPARE(host().messages().size(), 1);
+    QCOMPARE(host().messages().first().text, QString("Do you want to accept?"));
+    QVERIFY(panel()->isHidden());
+    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+
+    host().answerConfirm(true);
+    open();
+    drag(0, {239, 179}, {200, 150});
+    panel()->close();
+    QCOMPARE(regionOf(0), corners(80, 60, 200, 150));
+    QVERIFY(!host().isTransactionOpen("t_region"));
+}
+
+void TestRegionTool::optionsLimitTheRegion_data()
+{
+    QTest::addColumn<QVariantMap>("options");
+    QTest::addColumn<QRect>(
+        "result"); // of the bottom right corner dragged from 199, 159 to 232, 201
+    QTest::newRow("none") << QVariantMap() << corners(80, 60, 232, 201);
+    QTest::newRow("maximum") << QVariantMap{{"maxWidth", 130}, {"maxHeight", 110}}
+                             << corners(80, 60, 209, 169);
+    QTest::newRow("maximum of one side")
+        << QVariantMap{{"maxWidth", 130}} << corners(80, 60, 209, 201);
+    // 16 and a whole number of steps: 153 becomes 144, 142 becomes 136.
+    QTest::newRow("size step") << QVariantMap{{"sizeStepX", 16}, {"sizeStepY", 8}}
+                               << corners(80, 60, 223, 195);
+    // 142 high would be 284 wide, which ends at the side of the picture: 240 wide and 120 high.
+    QTest::newRow("aspect") << QVariantMap{{"aspect", 0.5}, {"fixAspect", true}}
+                            << corners(80, 60, 319, 179);
+}
+
+void TestRegionTool::optionsLimitTheRegion()
+{
+    QFETCH(QVariantMap, options);
+    open();
+    setRegion(0, corners(80, 60, 199, 159));
+    for (auto option = options.cbegin(); option != options.cend(); ++option)
+        QVERIFY(setOption(option.key(), option.value()));
+    setRegion(0, corners(80, 60, 199, 159));
+    drag(0, {199, 159}, {232, 201});
+    QTEST(regionOf(0), "result");
+    QVERIFY(!setOption("color", 3));
+    QVERIFY(!setOption("maxWidth", "wide"));
+}
+
+void TestRegionTool::failingHostHarmsNothing()
+{
+    open();
+    QVERIFY(waitForPanel());
+    LogCapture log; // pages tell what they miss
+    host().failFromCall(1);
+    drag(0, {80, 60}, {31, 41});
+    click("options");
+    host().clearFaults();
+    QVERIFY(!host().handledErrors().isEmpty());
+    QCOMPARE(host().openMacros(), 0);
+    drag(0, {239, 179}, {200, 150});
+    QCOMPARE(regionOf(0), corners(80, 60, 200, 150));
+}
+
+int main(int argc, char **argv)
+{
+    TestRegionTool test;
+    return runTest(argc, argv, test);
+}
+
+#include "test_region_tool.moc"
