@@ -37,6 +37,13 @@ QString braces(const QStringList &fields)
 
 }
 
+QString text(const Setting &setting)
+{
+    const bool secret = LogGroups::isSecretName(setting.key.section(QLatin1Char('/'), -1));
+    return text(setting.key) + QLatin1String(", ") +
+           (secret ? text(Secret()) : text(setting.value));
+}
+
 QString text(Secret)
 {
     return LogGroups::masked();
@@ -139,7 +146,9 @@ QString text(const QVariantMap &value)
 {
     QStringList fields;
     for (auto entry = value.begin(); entry != value.end(); ++entry)
-        fields.append(entry.key() + QLatin1String(": ") + text(entry.value()));
+        fields.append(
+            entry.key() + QLatin1String(": ") +
+            (LogGroups::isSecretName(entry.key()) ? text(Secret()) : text(entry.value())));
     return braces(fields);
 }
 

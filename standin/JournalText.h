@@ -30,6 +30,15 @@ struct Secret
 };
 
 QString text(Secret);
+
+/// A setting that is stored: key and value, the value masked where the key names a password.
+struct Setting
+{
+    QString key;
+    QVariant value;
+};
+
+QString text(const Setting &setting);
 QString text(bool value);
 QString text(int value);
 QString text(uint value);

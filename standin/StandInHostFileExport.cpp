@@ -181,9 +181,9 @@ bool StandInHost::changeDrivePassword(int type, int driveNo, const QString &oldP
     return true;
 }
 
-void StandInHost::forgetDrivePassword(int type, int driveNo, int slotNo, const QString &text)
+void StandInHost::forgetDrivePassword(int type, int driveNo, int slotNo, const QString &)
 {
-    told("forgetDrivePassword", type, driveNo, slotNo, text);
+    told("forgetDrivePassword", type, driveNo, slotNo, Secret());
     StandInDrive *drive = findDrive(m_state.kelvaultDrives, type, driveNo);
     if (drive && !drive->password.isEmpty())
         drive->isLocked = true;

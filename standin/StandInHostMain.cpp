@@ -402,31 +402,31 @@ QString StandInHost::getPrefString(const QString &key, const QVariant &defaultVa
 
 void StandInHost::setPref(const QString &key, const QVariant &value)
 {
-    told("setPref", key, value);
+    told("setPref", JournalText::Setting{key, value});
     storePref(key, value);
 }
 
 void StandInHost::setPrefInt(const QString &key, int value)
 {
-    told("setPrefInt", key, value);
+    told("setPrefInt", JournalText::Setting{key, value});
     storePref(key, value);
 }
 
 void StandInHost::setPrefBool(const QString &key, bool value)
 {
-    told("setPrefBool", key, value);
+    told("setPrefBool", JournalText::Setting{key, value});
     storePref(key, value);
 }
 
 void StandInHost::setPrefFloat(const QString &key, double value)
 {
-    told("setPrefFloat", key, value);
+    told("setPrefFloat", JournalText::Setting{key, value});
     storePref(key, value);
 }
 
 void StandInHost::setPrefString(const QString &key, const QString &value)
 {
-    told("setPrefString", key, value);
+    told("setPrefString", JournalText::Setting{key, value});
     storePref(key, value);
 }
 

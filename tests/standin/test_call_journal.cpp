@@ -146,6 +146,15 @@ void TestCallJournal::masksPasswords()
     QCOMPARE(host.journal(), QStringList({"unlockKelvaultDrive(1, 2, ***)",
                                           "changeDrivePassword(1, 2, ***, ***)"}));
     QCOMPARE(LogGroups::masked(), QString("***"));
+    host.clearJournal();
+    host.setPref("usercustom/drivePassword", "hunter2");
+    host.setPrefString("usercustom/drivePassword", "hunter2");
+    host.setPrefString("passage/name", "shown");
+    QCOMPARE(host.journal(), QStringList({"setPref(\"usercustom/drivePassword\", ***)",
+                                          "setPrefString(\"usercustom/drivePassword\", ***)",
+                                          "setPrefString(\"passage/name\", \"shown\")"}));
+    QCOMPARE(JournalText::text(QVariantMap{{"password", "hunter2"}, {"user", "lab"}}),
+             QString("{password: ***, user: \"lab\"}"));
 }
 
 void TestCallJournal::commandsLeaveOutQuestions()

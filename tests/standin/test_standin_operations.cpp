@@ -372,7 +372,7 @@ const HostCall HostFileExportCalls[] = {
      },
      "changeDrivePassword(3, 4, ***, ***)", Command},
     {[](StandInHost &h) { h.forgetDrivePassword(3, 4, 5, QStringLiteral("text")); },
-     "forgetDrivePassword(3, 4, 5, \"text\")", Command},
+     "forgetDrivePassword(3, 4, 5, ***)", Command},
     {[](StandInHost &h) {
          int out1 = 0;
          int out2 = 0;
