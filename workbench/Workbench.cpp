@@ -17,6 +17,7 @@
 #include <QDebug>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -163,7 +164,7 @@ void Workbench::takeIn(PLG_Interface *tool)
     }
     const QString file = m_loader.fileOf(tool);
     if (reason.isEmpty())
-        qInfo().noquote() << tr("Loaded %1: tool \"%2\"").arg(file, tool->name());
+        qInfo().noquote() << tr("Loaded %1: tool \"%2\"").arg(QFileInfo(file).fileName(), tool->name());
     else
         refuse(tool, reason);
 }
