@@ -49,9 +49,8 @@ ViewActions::ViewActions(StandInHost &host, QMainWindow *window) : QObject(windo
     }
     menu->addActions(m_binnings);
 
-    // Before the tools and the help.
     const QList<QAction *> menus = window->menuBar()->actions();
-    window->menuBar()->insertMenu(menus.value(menus.size() - 2), menu);
+    window->menuBar()->insertMenu(menus.value(menus.size() - 1), menu);
 
     const StandInEvents *events = m_host.events();
     connect(events, &StandInEvents::documentsChanged, this, &ViewActions::refresh);

@@ -17,7 +17,7 @@ public:
     static constexpr double SmallestZoom = 0.125;
     static constexpr double LargestZoom = 16.0;
 
-    /// The menu comes before the one of the tools. The host outlives it.
+    /// The menu comes before the last one, the help. The host outlives it.
     ViewActions(StandInHost &host, QMainWindow *window);
 
 private:
