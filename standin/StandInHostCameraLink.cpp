@@ -105,6 +105,7 @@ void StandInHost::selectCameraPartition(int partitionNo, bool flag)
                 camera->state().currentPartition = i + 1;
         }
     }
+    emit m_events.documentInfoChanged();
 }
 
 void StandInHost::selectVariable(uint number)

@@ -5,11 +5,13 @@
 #include "plugin/contract/HostGuard.h"
 #include "plugin/contract/PLG_Interface.h"
 #include "workbench/DocumentView.h"
+#include "workbench/DropDownBoxes.h"
 #include "workbench/HostCallPanel.h"
 #include "workbench/MainWindow.h"
 #include "workbench/NoticeBar.h"
 #include "workbench/Options.h"
 #include "workbench/PageDialogs.h"
+#include "workbench/PagePanel.h"
 #include "workbench/SupportFile.h"
 #include "workbench/ViewArea.h"
 
@@ -24,7 +26,7 @@
 
 namespace {
 
-// Frames that each camera of the workbench has in its memory.
+// Frames that each camera of the workbench has in its first partition.
 constexpr uint RecordedFrames = 200;
 
 QString settingsFile(const Options &options)
@@ -42,7 +44,8 @@ Workbench::Workbench(const Options &options)
     : m_recorder(LogLimit), m_log(LogLimit),
       m_host(std::make_unique<StandInHost>(settingsFile(options))),
       m_window(std::make_unique<MainWindow>(*m_host, m_log)),
-      m_dialogs(std::make_unique<PageDialogs>(*m_host))
+      m_dialogs(std::make_unique<PageDialogs>(*m_host)),
+      m_boxes(std::make_unique<DropDownBoxes>(*m_host, *m_window->statusPanel()->view()))
 {
     m_host->state().hostVersion = QCoreApplication::applicationVersion();
     m_host->state().takeSupportSnapshot = [this] { return takeSupportSnapshot(); };
@@ -97,7 +100,8 @@ void Workbench::start(const Options &options)
 void Workbench::addCamera()
 {
     StandInCamera::Description camera;
-    camera.partitions = {{1, QStringLiteral("Partition1"), RecordedFrames, 1000}};
+    camera.partitions = {{1, QStringLiteral("Partition1"), RecordedFrames, 1000},
+                         {2, QStringLiteral("Partition2"), RecordedFrames / 2, 1000}};
     m_host->addCamera(camera);
 }
 

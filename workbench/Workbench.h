@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class DropDownBoxes;
 class MainWindow;
 class PageDialogs;
 struct Options;
@@ -68,6 +69,7 @@ private:
     PluginLoader m_loader;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<PageDialogs> m_dialogs;
+    std::unique_ptr<DropDownBoxes> m_boxes;
     int m_toldFailures = 0;
     DOCKEY m_lastCamera = NoDocKey;
     DOCKEY m_lastRecording = NoDocKey;
