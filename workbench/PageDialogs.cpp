@@ -72,7 +72,7 @@ void PageDialogs::showAbout()
 void PageDialogs::showEthernetSettings()
 {
     run(QStringLiteral("Ethernet settings"), QStringLiteral("qrc:/ethernet.html"),
-        QStringLiteral("ethernet"), {400, 210});
+        QStringLiteral("ethernet"), {430, 250});
 }
 
 int PageDialogs::run(const QString &title, const QString &url, const QString &mediator, QSize size)

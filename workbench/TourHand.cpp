@@ -153,6 +153,8 @@ bool TourHand::choosePath(QDialog *dialog, const QString &path)
     name->setText(path);
     settle();
     QPushButton *accept = buttons->button(QDialogButtonBox::Open);
+    if (!accept)
+        accept = buttons->button(QDialogButtonBox::Save);
     if (!accept || !accept->isEnabled())
         return false;
     QTest::mouseClick(accept, Qt::LeftButton);

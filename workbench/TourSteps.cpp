@@ -52,7 +52,15 @@ void TourSteps::walk()
     filtersTheLog();
     dismissesTheNotice();
     showsTheHostCalls();
+    choosesInTheDeviceList();
+    commandsFromTheStatus();
+    choosesAPartition();
+    reloadsTheViews();
+    changesPreferences();
+    showsAboutAndEthernet();
+    writesASupportFile();
     turnsDark();
+    showsDarkPages();
     showsNoCamera();
     turnsLight();
 }

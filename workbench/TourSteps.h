@@ -7,10 +7,12 @@
 #include <functional>
 
 class DocumentView;
+class GUI_WebView;
 class MainWindow;
 class PLG_Interface;
 class QAction;
 class QComboBox;
+class QWebView;
 class QWidget;
 class StandInHost;
 class TourReport;
@@ -68,6 +70,19 @@ private:
     void playsARecording();
     void tellsThatAFolderHasNoPictures();
     void closesARecording();
+
+    // TourStepsPages.cpp: panels, dialogs and lists that are pages.
+    void clickInPage(QWebView *view, const QString &selector, const QString &what);
+    void visitDialog(const QString &menu, const QString &entry, const QString &picture,
+                     const std::function<void(GUI_WebView *)> &body);
+    void choosesInTheDeviceList();
+    void commandsFromTheStatus();
+    void choosesAPartition();
+    void reloadsTheViews();
+    void changesPreferences();
+    void showsAboutAndEthernet();
+    void writesASupportFile();
+    void showsDarkPages();
 
     // TourStepsWindow.cpp: tools that fail, log, style.
     void reportsABrokenTool();

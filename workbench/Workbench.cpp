@@ -100,8 +100,8 @@ void Workbench::start(const Options &options)
 void Workbench::addCamera()
 {
     StandInCamera::Description camera;
-    camera.partitions = {{1, QStringLiteral("Partition1"), RecordedFrames, 1000},
-                         {2, QStringLiteral("Partition2"), RecordedFrames / 2, 1000}};
+    camera.partitions = {{1, QStringLiteral("Partition 1"), RecordedFrames, 1000},
+                         {2, QStringLiteral("Partition 2"), RecordedFrames / 2, 1000}};
     m_host->addCamera(camera);
 }
 

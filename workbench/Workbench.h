@@ -32,6 +32,7 @@ public:
 
     MainWindow &window() { return *m_window; }
     StandInHost &host() { return *m_host; }
+    DropDownBoxes *boxes() { return m_boxes.get(); }
     PluginLoader &loader() { return m_loader; }
 
     /// Does what the options ask for at the start: style, cameras, tools, a folder of pictures.
