@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QVariant>
 #include <QWebElement>
 #include <QWebFrame>
 #include <QWebPage>
@@ -11,37 +10,26 @@
 
 namespace {
 
-// How often the engine is going to ask for the widget's deletion. It stands at the widget, since
-// two pages can hold it for a moment: of two copies of this library, too.
-constexpr char Embeddings[] = "orvixEmbeddings";
+// By this name another page finds it, of another copy of this library too.
+const QLatin1String TokenName("orvixEmbeddedWidget");
 
-int embeddingsOf(const QWidget *widget)
-{
-    return widget->property(Embeddings).toInt();
-}
-
-void setEmbeddings(QWidget *widget, int count)
-{
-    widget->setProperty(Embeddings, count > 0 ? QVariant(count) : QVariant());
-}
-
-// What the engine has asked for is done at once, while it is known which tag it was for.
-void deliverDeletion(QWidget *widget)
-{
-    if (embeddingsOf(widget) > 0)
-        QCoreApplication::sendPostedEvents(widget, QEvent::DeferredDelete);
-}
-
-void removeTagsIn(QWebFrame *frame, const QString &classid)
+void collectTags(QWebFrame *frame, const QStringList &classids, QList<QWebElement> &tags)
 {
     const auto objects = frame->findAllElements(QLatin1String("object")).toList();
-    for (QWebElement object : objects) {
-        if (object.attribute(QLatin1String("classid")) == classid)
-            object.removeFromDocument();
+    for (const QWebElement &object : objects) {
+        if (classids.contains(object.attribute(QLatin1String("classid"))))
+            tags.append(object);
     }
     const auto children = frame->childFrames();
     for (QWebFrame *child : children)
-        removeTagsIn(child, classid);
+        collectTags(child, classids, tags);
+}
+
+QList<QWebElement> tagsOf(QWebPage *page, const QStringList &classids)
+{
+    QList<QWebElement> tags;
+    collectTags(page->mainFrame(), classids, tags);
+    return tags;
 }
 
 }
@@ -50,56 +38,84 @@ EmbeddedWidgets::EmbeddedWidgets(QWebPage *page) : QObject(page), m_page(page) {
 
 EmbeddedWidgets::~EmbeddedWidgets()
 {
-    for (const Entry &entry : qAsConst(m_entries)) {
-        if (entry.sentinel)
-            disconnect(entry.sentinel, nullptr, this, nullptr);
-        delete entry.sentinel;
-        QWidget *widget = entry.widget;
-        if (!widget)
-            continue;
-        deliverDeletion(widget);
-        widget->removeEventFilter(this);
-        if (m_view && widget->parentWidget() == m_view) { // a tag that died with another one
-            setEmbeddings(widget, 0);
-            widget->setParent(nullptr);
-        }
+    while (!m_entries.isEmpty()) {
+        if (QWidget *widget = m_entries.last().widget)
+            QCoreApplication::removePostedEvents(widget, QEvent::DeferredDelete);
+        release(m_entries.size() - 1);
     }
 }
 
 void EmbeddedWidgets::add(QWidget *widget, const QString &classid)
 {
-    deliverDeletion(widget);
-    setEmbeddings(widget, embeddingsOf(widget) + 1);
-    widget->installEventFilter(this);
     m_view = m_page->view();
-    const bool known = std::any_of(m_entries.cbegin(), m_entries.cend(),
-                                   [&](const Entry &entry) { return entry.widget == widget; });
-    if (known)
-        return;
-    // A widget deletes its children while it is still one. Later the engine would touch a widget
-    // that has gone.
-    auto *sentinel = new QObject(widget);
-    connect(sentinel, &QObject::destroyed, this, [this, classid] { removeTags(classid); });
-    m_entries.append({widget, sentinel});
+    int index = indexOf(widget);
+    if (index < 0) {
+        delete widget->findChild<QObject *>(TokenName, Qt::FindDirectChildrenOnly);
+        auto *token = new QObject(widget);
+        token->setObjectName(TokenName);
+        // A widget deletes its children while it is still one. Later the engine would touch a
+        // widget that has gone.
+        connect(token, &QObject::destroyed, this, &EmbeddedWidgets::giveUp);
+        widget->installEventFilter(this);
+        m_entries.append({widget, token, {}});
+        index = m_entries.size() - 1;
+    }
+    if (!m_entries.at(index).classids.contains(classid))
+        m_entries[index].classids.append(classid);
 }
 
 bool EmbeddedWidgets::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::DeferredDelete)
         return QObject::eventFilter(watched, event);
-    auto *widget = static_cast<QWidget *>(watched);
-    const int count = embeddingsOf(widget);
-    if (count == 0)
-        return false; // nobody but its owner asks
-    setEmbeddings(widget, count - 1);
-    if (count == 1)
-        widget->setParent(nullptr);
+    const int index = indexOf(watched);
+    if (index < 0)
+        return false;
+    if (isShown(m_entries.at(index).classids))
+        static_cast<QWidget *>(watched)->show(); // the tag that went has hidden it
     else
-        widget->show(); // the tag that went has hidden it
+        release(index);
     return true;
 }
 
-void EmbeddedWidgets::removeTags(const QString &classid)
+int EmbeddedWidgets::indexOf(const QObject *widget) const
 {
-    removeTagsIn(m_page->mainFrame(), classid);
+    const auto found = std::find_if(m_entries.cbegin(), m_entries.cend(),
+                                    [&](const Entry &entry) { return entry.widget == widget; });
+    return found == m_entries.cend() ? -1 : int(found - m_entries.cbegin());
+}
+
+void EmbeddedWidgets::release(int index)
+{
+    const Entry entry = m_entries.takeAt(index);
+    entry.token->disconnect(this);
+    delete entry.token;
+    if (!entry.widget)
+        return;
+    entry.widget->removeEventFilter(this);
+    if (m_view && entry.widget->parentWidget() == m_view)
+        entry.widget->setParent(nullptr);
+}
+
+void EmbeddedWidgets::giveUp(const QObject *token)
+{
+    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
+                                    [&](const Entry &entry) { return entry.token == token; });
+    if (found == m_entries.end())
+        return;
+    const Entry entry = *found;
+    m_entries.erase(found);
+    if (entry.widget)
+        entry.widget->removeEventFilter(this);
+    const auto tags = tagsOf(m_page, entry.classids);
+    for (QWebElement tag : tags)
+        tag.removeFromDocument();
+}
+
+bool EmbeddedWidgets::isShown(const QStringList &classids) const
+{
+    const auto tags = tagsOf(m_page, classids);
+    return std::any_of(tags.cbegin(), tags.cend(), [](QWebElement tag) {
+        return tag.evaluateJavaScript(QLatin1String("this.getClientRects().length > 0")).toBool();
+    });
 }

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 #include <QVector>
 #include <QWidget>
 
@@ -11,8 +12,9 @@ class QWebPage;
 ///
 /// The engine deletes a widget whose tag has gone, and a view deletes its children; but the widgets
 /// are the host's. They leave the page instead, hidden and without a parent, and can be embedded
-/// again, in this page or in another one. The host in turn may delete a widget that stands in the
-/// page: its tag goes with it. Owned by the page, and goes last of what the page holds. GUI thread.
+/// again. A widget stands in one page: when another one embeds it, or the host deletes it, its tags
+/// go. While its tag is shown, deleteLater() from anywhere deletes nothing. Owned by the page, and
+/// goes last of what the page holds. GUI thread.
 class EmbeddedWidgets : public QObject
 {
     Q_OBJECT
@@ -30,10 +32,14 @@ private:
     struct Entry
     {
         QPointer<QWidget> widget;
-        QPointer<QObject> sentinel; ///< child of the widget
+        QObject *token; ///< child of the widget, goes when the page is to give it up
+        QStringList classids;
     };
 
-    void removeTags(const QString &classid);
+    int indexOf(const QObject *widget) const;
+    void release(int index);
+    void giveUp(const QObject *token);
+    bool isShown(const QStringList &classids) const;
 
     QWebPage *m_page;
     QPointer<QWidget> m_view; ///< that the page was shown in last

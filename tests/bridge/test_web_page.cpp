@@ -32,6 +32,7 @@ private slots:
     void widgetLivesOnAfterADialog();
     void widgetMovesToAnotherPage();
     void sameWidgetTwiceInAPage();
+    void oneWidgetUnderTwoClassIds();
     void ownerStillDeletesIt();
     void ownerDeletesItLaterWhenItIsFree();
     void consoleMessageLeavesNoTrace();
@@ -285,6 +286,16 @@ void TestWebPage::widgetComesBackWhenItsTagIsShownAgain()
               "w.offsetHeight; w.style.display = 'inline'; w.offsetHeight;");
     settle();
     QTRY_VERIFY(shown.isShown());
+
+    // Several times, which the engine asks for as one deletion.
+    shown.run("for (var i = 0; i < 3; ++i) {"
+              "    w.style.display = 'none'; w.offsetHeight;"
+              "    w.style.display = 'inline'; w.offsetHeight; }");
+    settle();
+    QTRY_VERIFY(shown.isShown());
+    shown.run("w.remove()");
+    settle();
+    QVERIFY(shown.isFree());
 }
 
 void TestWebPage::widgetLivesOnAfterTheView()
@@ -323,9 +334,9 @@ void TestWebPage::widgetMovesToAnotherPage()
     QScopedPointer<GUI_WebView> first(shown.view.take());
     shown.load();
     QVERIFY(shown.isShown());
-    first->page()->mainFrame()->evaluateJavaScript("document.getElementById('widget').remove()");
     settle();
     QVERIFY(shown.isShown());
+    QVERIFY(first->page()->mainFrame()->findFirstElement("#widget").isNull());
     first.reset();
     settle();
     QVERIFY(shown.isShown());
@@ -344,6 +355,31 @@ void TestWebPage::sameWidgetTwiceInAPage()
     shown.view.reset();
     settle();
     QVERIFY(shown.isFree());
+}
+
+void TestWebPage::oneWidgetUnderTwoClassIds()
+{
+    StandInHost host;
+    Tool tool(QStringLiteral("livecontrol"));
+    QPointer<QWidget> widget(new QWidget);
+    host.addPlugin(&tool);
+    host.state().embeddedWidgets.insert(&tool, widget);
+    GUI_WebView view(&host, nullptr);
+    view.show();
+    const QString tag = QStringLiteral("<object type='application/x-qt-plugin' classid='%1' "
+                                       "width='20' height='10'></object>");
+    view.setHtml(tag.arg(QLatin1String("livecontrol_hwimage_trigger_histogram")) +
+                 tag.arg(QLatin1String("livecontrol_auto_exposure_histogram")));
+    QTRY_COMPARE(widget->parentWidget(), static_cast<QWidget *>(&view));
+    QWebFrame *frame = view.page()->mainFrame();
+    frame->evaluateJavaScript("document.querySelector('object').remove()");
+    settle();
+    QVERIFY(widget && widget->parentWidget() == &view && widget->isVisible());
+    frame->evaluateJavaScript("document.querySelector('object').remove()");
+    settle();
+    QVERIFY(widget && !widget->parentWidget());
+    host.removePlugin(&tool);
+    delete widget;
 }
 
 void TestWebPage::ownerStillDeletesIt()

@@ -18,6 +18,7 @@ private slots:
     void hostIsAskedInOrder();
     void windowIsAsTold();
     void loadingIsTraced();
+    void pageIsNotSeenWhileItLoads();
     void pageFadesIn();
     void refreshCanBeLeftOut();
     void missingPageGivesAnEmptyDialog();
@@ -153,6 +154,18 @@ void TestWebViewDialog::loadingIsTraced()
                                        "[LEAVE] \"GUI_WebViewDialog::loadStarted\"",
                                        "[ENTER] \"GUI_WebViewDialog::loadFinished\" \"[ok:true]\"",
                                        "[LEAVE] \"GUI_WebViewDialog::loadFinished\""}));
+}
+
+void TestWebViewDialog::pageIsNotSeenWhileItLoads()
+{
+    DialogPage shown;
+    QTRY_COMPARE(shown.dialog.windowOpacity(), 1.0);
+    shown.dialog.setFocus();
+    QVERIFY(QMetaObject::invokeMethod(&shown.dialog, "loadStarted"));
+    QCOMPARE(shown.dialog.windowOpacity(), 0.0);
+    QCOMPARE(shown.dialog.focusWidget(), static_cast<QWidget *>(shown.dialog.webView()));
+    QVERIFY(QMetaObject::invokeMethod(&shown.dialog, "loadFinished", Q_ARG(bool, true)));
+    QTRY_COMPARE(shown.dialog.windowOpacity(), 1.0);
 }
 
 void TestWebViewDialog::pageFadesIn()
