@@ -4,6 +4,7 @@
 #include "tests/support/TestLog.h"
 
 #include <QLabel>
+#include <QWebElement>
 #include <QWebFrame>
 
 // Native widgets in pages, and what a page may not do.
