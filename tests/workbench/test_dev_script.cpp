@@ -9,7 +9,7 @@
 
 namespace {
 
-// A checkout that holds nothing but the script, on a machine whose every command is a stub that
+// A checkout that holds nothing but the script, on a machine whose every command is a fake that
 // writes its call into a file.
 class Machine
 {
@@ -25,15 +25,15 @@ public:
         for (const char *tool : {"bash", "cat", "chmod", "dirname", "env", "find", "grep", "mkdir",
                                  "readlink", "sed", "sort", "touch", "xargs"})
             QFile::link(QStandardPaths::findExecutable(tool), path("bin/") + tool);
-        stub("apt-get");
-        stub("clang-format");
-        stub("clang-tidy");
-        stub("ctest");
-        stub("nproc", "echo 3");
-        stub("id", "echo 1000");
-        stub("dpkg-query", "cat " + path("installed"));
+        fake("apt-get");
+        fake("clang-format");
+        fake("clang-tidy");
+        fake("ctest");
+        fake("nproc", "echo 3");
+        fake("id", "echo 1000");
+        fake("dpkg-query", "cat " + path("installed"));
         // A configured folder, and a workbench that can be built in it.
-        stub("cmake", "case \"$*\" in --fresh*)\n"
+        fake("cmake", "case \"$*\" in --fresh*)\n"
                       "mkdir -p build/$3\n"
                       "echo \"CMAKE_HOME_DIRECTORY:INTERNAL=$PWD\" > build/$3/CMakeCache.txt\n"
                       "echo '    \"file\": \"'$PWD'/foundation/Text.cpp\"' "
@@ -53,7 +53,7 @@ public:
     QString path(const QString &name) const { return m_dir.filePath(name); }
 
     // A command that writes its call, then runs the body.
-    void stub(const QString &name, const QString &body = QString())
+    void fake(const QString &name, const QString &body = QString())
     {
         write("bin/" + name, "#!/usr/bin/env bash\necho \"" + name + " $*\" >> " + path("calls") +
                                  "\n" + body + "\n");
@@ -211,7 +211,7 @@ void TestDevScript::testsUnderTheSanitizers()
 void TestDevScript::endsWithTheStatusOfTheTests()
 {
     Machine machine;
-    machine.stub("ctest", "exit 8");
+    machine.fake("ctest", "exit 8");
     QCOMPARE(machine.dev({"test"}), 8);
 }
 
@@ -234,9 +234,9 @@ void TestDevScript::checksLayoutContractAndSources()
                           "^test_contract_places$",
                           "clang-tidy --quiet -p build/clang foundation/Text.cpp"}));
 
-    machine.stub("clang-tidy", "exit 1");
+    machine.fake("clang-tidy", "exit 1");
     QVERIFY(machine.dev({"lint"}) != 0);
-    machine.stub("clang-format", "exit 1");
+    machine.fake("clang-format", "exit 1");
     QVERIFY(machine.dev({"lint"}) != 0);
     QCOMPARE(machine.calls().size(), 1);
 }
@@ -248,7 +248,7 @@ void TestDevScript::installsWhatIsMissingAsRoot()
     QVERIFY(installed.removeOne("cmake"));
     QVERIFY(installed.removeOne("libqt5webkit5-dev"));
     machine.setInstalled(installed);
-    machine.stub("id", "echo 0");
+    machine.fake("id", "echo 0");
     QCOMPARE(machine.dev({"test"}), 0);
     QCOMPARE(machine.calls().mid(0, 3),
              QStringList({"apt-get update",
@@ -262,7 +262,7 @@ void TestDevScript::installsWhatIsMissingThroughSudo()
     QStringList installed = machine.packages();
     QVERIFY(installed.removeOne("ccache"));
     machine.setInstalled(installed);
-    machine.stub("sudo");
+    machine.fake("sudo");
     QCOMPARE(machine.dev({"test"}), 0);
     QCOMPARE(machine.calls().mid(0, 3),
              QStringList({"sudo -n true", "sudo apt-get update",
@@ -283,7 +283,7 @@ void TestDevScript::printsTheLineToRunWithoutTheRight()
     QVERIFY2(machine.errors().endsWith("\n" + line), qPrintable(machine.errors()));
 
     // A sudo that would ask for a password, and nobody there to answer.
-    machine.stub("sudo", "exit 1");
+    machine.fake("sudo", "exit 1");
     QCOMPARE(machine.dev({"test"}), 1);
     QCOMPARE(machine.calls(), QStringList("sudo -n true"));
     QVERIFY2(machine.errors().endsWith("\n" + line), qPrintable(machine.errors()));
@@ -295,7 +295,7 @@ void TestDevScript::installsTheSecondCompilerOnlyForLint()
     QStringList installed = machine.packages();
     QVERIFY(installed.removeOne("clang"));
     machine.setInstalled(installed);
-    machine.stub("id", "echo 0");
+    machine.fake("id", "echo 0");
     for (const char *command : {"run", "test", "sanitize", "bench"}) {
         QCOMPARE(machine.dev({command}), 0);
         QVERIFY2(!machine.calls().contains("apt-get update"), command);
