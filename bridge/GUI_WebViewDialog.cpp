@@ -33,8 +33,7 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostServices *host, const QString &title, c
         connect(mediator, &JS_Mediator_Dialog::accept, this, &QDialog::accept);
         connect(mediator, &JS_Mediator_Dialog::reject, this, &QDialog::reject);
     }
-    if (m_mediator)
-        m_host->attachMediator(m_webView, mediator);
+    m_host->attachMediator(m_webView, mediator); // without one the page still gets the host's own
     m_webView->load(QUrl(url));
 }
 

@@ -117,22 +117,28 @@ void StandInHost::attachMediator(GUI_WebView *view, JS_Mediator *mediator)
 
 void StandInHost::showMediator(GUI_WebView *view, JS_Mediator *mediator)
 {
-    if (!view || !mediator)
+    if (!view)
         return;
-    mediator->setWebView(view);
     QWebFrame *frame = view->page()->mainFrame();
-    const QString name = mediator->inherits("JS_Mediator_SaveFile") ? QStringLiteral("savefile")
-                                                                    : mediator->objectName();
+    QObject *owner = frame; // of the connection, which ends with it
+    QString name;
+    if (mediator) {
+        mediator->setWebView(view);
+        owner = mediator;
+        name = mediator->inherits("JS_Mediator_SaveFile") ? QStringLiteral("savefile")
+                                                          : mediator->objectName();
+    }
     const auto show = [frame, mediator, name, app = QPointer<QObject>(&m_appScriptObject),
                        main = QPointer<QObject>(&m_mainScriptObject)] {
-        frame->addToJavaScriptWindowObject(name, mediator);
+        if (mediator)
+            frame->addToJavaScriptWindowObject(name, mediator);
         if (app)
             frame->addToJavaScriptWindowObject(QStringLiteral("app"), app);
         if (main)
             frame->addToJavaScriptWindowObject(QStringLiteral("main"), main);
     };
     show();
-    QObject::connect(frame, &QWebFrame::javaScriptWindowObjectCleared, mediator, show);
+    QObject::connect(frame, &QWebFrame::javaScriptWindowObjectCleared, owner, show);
 }
 
 int StandInHost::currentMode()

@@ -75,8 +75,8 @@ public:
     virtual QObject *webPageEmbeddedMdi() = 0;
 
     /// Stores the view in the mediator and shows the mediator to the page under its `objectName()`,
-    /// which is its page name, and "savefile" for JS_Mediator_SaveFile; beside it "app" and "main";
-    /// again whenever the page's window object is cleared. For: mediators, web dialogs.
+    /// which is its page name, "savefile" for JS_Mediator_SaveFile; beside it, or alone for null,
+    /// "app" and "main"; again when the window object is cleared. For: mediators, web dialogs.
     virtual void attachMediator(GUI_WebView *view, JS_Mediator *mediator) = 0;
 
     /// 0 live, 1 memory, 2 file. For: the tool base, device rows and control status, info display

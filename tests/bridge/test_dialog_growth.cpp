@@ -143,6 +143,12 @@ void TestDialogGrowth::nothingGrows_data()
                                  new JS_Mediator_Dialog(&host, QStringLiteral("bridge")), nullptr);
         execAndClose(dialog, QString());
     });
+    QTest::newRow("dialog without a mediator") << Cycle([](StandInHost &host) {
+        GUI_WebViewDialog dialog(&host, QStringLiteral("Calls"), Calls, nullptr, nullptr);
+        QObject::connect(dialog.webView(), &QWebView::loadFinished, &dialog,
+                         [&] { QTimer::singleShot(0, &dialog, [&] { dialog.close(); }); });
+        dialog.exec();
+    });
     QTest::newRow("dialog that goes while it loads") << Cycle([](StandInHost &host) {
         GUI_WebViewDialog dialog(&host, QStringLiteral("Calls"), Calls,
                                  new JS_Mediator_Dialog(&host, QStringLiteral("bridge")), nullptr);

@@ -195,7 +195,8 @@ void TestWebViewDialog::refreshCanBeLeftOut()
     dialog.setRefreshOnLoad(false);
     PageProbe page(dialog.webView());
     QVERIFY(page.waitLoaded());
-    QCOMPARE(host.commands(), QStringList({"deterUpdateUI(true)", "deterUpdateUI(false)"}));
+    QCOMPARE(host.commands(), QStringList({"attachMediator(GUI_WebView, null)",
+                                           "deterUpdateUI(true)", "deterUpdateUI(false)"}));
 }
 
 void TestWebViewDialog::missingPageGivesAnEmptyDialog()
@@ -331,9 +332,12 @@ void TestWebViewDialog::dialogWithoutMediator()
     StandInHost host;
     OpenDialog dialog(&host);
     PageProbe page(dialog.webView());
+    dialog.resize(400, 300);
     dialog.show();
     QVERIFY(page.waitLoaded());
     QCOMPARE(dialog.mediator(), static_cast<JS_Mediator_Dialog *>(nullptr));
+    QCOMPARE(host.commands().first(), QStringLiteral("attachMediator(GUI_WebView, null)"));
+    QCOMPARE(page.call("app.objectName + ' ' + main.objectName"), QStringLiteral("\"app main\""));
     QVERIFY(dialog.close());
     QCOMPARE(dialog.result(), int(QDialog::Rejected));
 }

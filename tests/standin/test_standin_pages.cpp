@@ -31,6 +31,7 @@ private slots:
     void mediatorsOfOneViewStandSideBySide();
     void goneMediatorComesBackNoMore();
     void viewOutlivesTheHost();
+    void withoutAMediatorTheHostObjectsStand();
     void nullIsTolerated();
 };
 
@@ -141,13 +142,29 @@ void TestStandInPages::viewOutlivesTheHost()
     QCOMPARE(run(view, "typeof app").toString(), QString("undefined"));
 }
 
+void TestStandInPages::withoutAMediatorTheHostObjectsStand()
+{
+    auto host = std::make_unique<StandInHost>();
+    GUI_WebView view(host.get(), nullptr);
+    host->attachMediator(&view, nullptr);
+    QCOMPARE(host->journal(), QStringList("attachMediator(GUI_WebView, null)"));
+    QCOMPARE(run(view, "app.objectName + ' ' + main.objectName").toString(), QString("app main"));
+    load(view, "one");
+    load(view, "two");
+    QCOMPARE(run(view, "app.objectName + ' ' + main.objectName").toString(), QString("app main"));
+    host.reset();
+    load(view, "three");
+    QCOMPARE(run(view, "typeof app + ' ' + typeof main").toString(),
+             QString("undefined undefined"));
+}
+
 void TestStandInPages::nullIsTolerated()
 {
     StandInHost host;
     GUI_WebView view(&host, nullptr);
     JS_Mediator mediator(&host, "x");
     host.attachMediator(nullptr, &mediator);
-    host.attachMediator(&view, nullptr);
+    host.attachMediator(nullptr, nullptr);
     QCOMPARE(mediator.webView(), nullptr);
 }
 
