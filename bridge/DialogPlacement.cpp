@@ -7,34 +7,33 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-namespace {
-
-int screenNumberOf(const QDialog *dialog, const QList<QScreen *> &screens)
-{
-    QScreen *screen = QGuiApplication::screenAt(dialog->geometry().center());
-    return std::max(0, screens.indexOf(screen ? screen : QGuiApplication::primaryScreen()));
-}
-
-}
+#include <algorithm>
 
 void centerDialog(HostServices *host, QDialog *dialog)
 {
     if (!dialog || host->mainWidget())
         return;
     const int wanted = host->getPrefInt(Keys::application.screenNumber, QVariant());
-    const QList<QScreen *> screens = QGuiApplication::screens();
+    QList<QRect> screens;
+    for (const QScreen *screen : QGuiApplication::screens())
+        screens.append(screen->geometry());
     if (screens.isEmpty())
         return;
-    const int number =
-        DialogPlacement::screenNumber(wanted, screenNumberOf(dialog, screens), screens.size());
-    dialog->move(DialogPlacement::centered(screens.at(number)->geometry(), dialog->geometry()));
+    const QRect window = dialog->geometry();
+    const QRect screen = screens.at(DialogPlacement::screenNumber(wanted, window, screens));
+    dialog->move(DialogPlacement::centered(screen, window));
 }
 
 namespace DialogPlacement {
 
-int screenNumber(int wanted, int own, int count)
+int screenNumber(int wanted, const QRect &window, const QList<QRect> &screens)
 {
-    return wanted >= 0 && wanted < count ? wanted : own;
+    if (wanted >= 0 && wanted < screens.size())
+        return wanted;
+    const auto own = std::find_if(screens.cbegin(), screens.cend(), [&](const QRect &screen) {
+        return screen.contains(window.center());
+    });
+    return own == screens.cend() ? 0 : int(own - screens.cbegin());
 }
 
 QPoint centered(const QRect &screen, const QRect &window)

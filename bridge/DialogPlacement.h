@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QPoint>
 #include <QRect>
 
@@ -14,8 +15,11 @@ void centerDialog(HostServices *host, QDialog *dialog);
 /// How centerDialog() counts.
 namespace DialogPlacement {
 
-/// The screen that is meant: `wanted`, or `own` when it is none of the `count` screens, from 0.
-int screenNumber(int wanted, int own, int count);
+/// Index of the screen that is meant: `wanted`, or when there is no such screen the one that
+/// `window` is on, which is the one that holds its centre; the first, which is the primary one,
+/// when none does. `screens` and `window` in pixels of the virtual desktop, frames not counted;
+/// there is at least one screen.
+int screenNumber(int wanted, const QRect &window, const QList<QRect> &screens);
 
 /// Top left corner that puts `window` into the middle of `screen`; both without frames, in pixels.
 /// Halves are cut off towards zero.

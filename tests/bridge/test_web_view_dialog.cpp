@@ -46,6 +46,7 @@ private slots:
     void staysWithAMainWidget();
     void unknownScreenMeansItsOwn_data();
     void unknownScreenMeansItsOwn();
+    void unknownScreenCentresWhereTheDialogIs();
     void middleIsCounted_data();
     void middleIsCounted();
     void noDialogIsLeft();
@@ -510,18 +511,47 @@ void TestWebViewDialog::staysWithAMainWidget()
 void TestWebViewDialog::unknownScreenMeansItsOwn_data()
 {
     QTest::addColumn<int>("wanted");
+    QTest::addColumn<QRect>("dialog");
     QTest::addColumn<int>("number");
-    QTest::newRow("first") << 0 << 0;
-    QTest::newRow("second") << 1 << 1;
-    QTest::newRow("sixth of two") << 5 << 1;
-    QTest::newRow("just behind the last") << 2 << 1;
-    QTest::newRow("negative") << -1 << 1;
+    const QRect onFirst(100, 100, 300, 150);
+    const QRect onSecond(2000, 200, 300, 150);
+    QTest::newRow("first") << 0 << onSecond << 0;
+    QTest::newRow("second") << 1 << onFirst << 1;
+    QTest::newRow("no sixth, on the first") << 5 << onFirst << 0;
+    QTest::newRow("no sixth, on the second") << 5 << onSecond << 1;
+    QTest::newRow("just behind the last, on the first") << 2 << onFirst << 0;
+    QTest::newRow("just behind the last, on the second") << 2 << onSecond << 1;
+    QTest::newRow("negative, on the first") << -1 << onFirst << 0;
+    QTest::newRow("negative, on the second") << -1 << onSecond << 1;
+    // The screens meet between columns 1919 and 1920; a dialog 301 wide has its centre 150 further.
+    QTest::newRow("across, centre on the last column") << -1 << QRect(1769, 200, 301, 151) << 0;
+    QTest::newRow("across, centre on the first column") << -1 << QRect(1770, 200, 301, 151) << 1;
+    QTest::newRow("left of both") << -1 << QRect(-900, 200, 300, 150) << 0;
+    QTest::newRow("right of both") << -1 << QRect(5000, 200, 300, 150) << 0;
+    QTest::newRow("beside the lower end of the second") << -1 << QRect(2000, 1125, 300, 150) << 0;
 }
 
 void TestWebViewDialog::unknownScreenMeansItsOwn()
 {
     QFETCH(int, wanted);
-    QTEST(DialogPlacement::screenNumber(wanted, 1, 2), "number"); // two screens, on the second
+    QFETCH(QRect, dialog);
+    const QList<QRect> screens = {QRect(0, 0, 1920, 1080), QRect(1920, 100, 1280, 1024)};
+    QTEST(DialogPlacement::screenNumber(wanted, dialog, screens), "number");
+}
+
+void TestWebViewDialog::unknownScreenCentresWhereTheDialogIs()
+{
+    StandInHost host;
+    host.settings().setValue("main/scrno", 5);
+    OpenDialog dialog(&host);
+    PageProbe page(dialog.webView());
+    dialog.setFixedSize(200, 100);
+    dialog.move(5, 7);
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    const QRect screen = QGuiApplication::screenAt(QPoint(5, 7))->geometry();
+    QCOMPARE(dialog.pos(),
+             screen.topLeft() + QPoint((screen.width() - 200) / 2, (screen.height() - 100) / 2));
 }
 
 void TestWebViewDialog::middleIsCounted_data()
