@@ -50,7 +50,7 @@ GUI_SelectBox::GUI_SelectBox(HostServices *host, QWidget *parent)
     connect(m_mediator.get(), &JS_Mediator::close, this, &GUI_SelectBox::onClose);
     connect(m_mediator.get(), &JS_Mediator::update, this, &GUI_SelectBox::onUpdate);
     onUpdate();
-    m_webView->load(QUrl(QLatin1String("qrc:/selectbox.html")));
+    loadPage();
 }
 
 GUI_SelectBox::~GUI_SelectBox() = default;
@@ -72,15 +72,23 @@ void GUI_SelectBox::showVariableRegistration(const QString &variable, const QRec
          [this, variable] { emit m_mediator->signalShowVariableRegist(variable); });
 }
 
+void GUI_SelectBox::loadPage()
+{
+    m_loading = true;
+    m_webView->load(QUrl(QLatin1String("qrc:/selectbox.html")));
+}
+
 void GUI_SelectBox::open(int rows, const QRect &field, const std::function<void()> &fill)
 {
     setGeometry(SelectBoxPlacement::place(field, rows, screenOf(field)));
     m_fill = fill;
     m_wantedVisible = true;
-    if (!m_loaded)
-        return;
-    fillPage();
-    setVisible(true);
+    if (m_loaded) {
+        fillPage();
+        setVisible(true);
+    } else if (!m_loading) {
+        loadPage(); // a page that was not there before may be there now
+    }
 }
 
 void GUI_SelectBox::fillPage()
@@ -124,6 +132,7 @@ void GUI_SelectBox::addJSObject()
 
 void GUI_SelectBox::onLoadFinish(bool ok)
 {
+    m_loading = false;
     m_loaded = ok;
     if (m_loaded)
         fillPage();

@@ -15,7 +15,8 @@ class JS_Mediator_SelectBox;
 ///
 /// It loads its page once, "qrc:/selectbox.html", where the mediator stands as "items"; a box that
 /// is asked for before its page is ready shows when it is. It goes when the user has chosen,
-/// presses Escape, or turns to another window. The host makes it. GUI thread.
+/// presses Escape, or turns to another window. A page that fails to load leaves the box empty; the
+/// next time that the box is asked for it loads again. The host makes it. GUI thread.
 class GUI_SelectBox : public QWidget
 {
     Q_OBJECT
@@ -45,6 +46,7 @@ private slots:
     void onUpdate();
 
 private:
+    void loadPage();
     void open(int rows, const QRect &field, const std::function<void()> &fill);
     void fillPage();
 
@@ -53,5 +55,6 @@ private:
     std::unique_ptr<JS_Mediator_SelectBox> m_mediator;
     bool m_wantedVisible = false;
     bool m_loaded = false;
+    bool m_loading = false;       ///< from loadPage() to the end of that load
     std::function<void()> m_fill; ///< what the page is still to be told
 };

@@ -7,10 +7,13 @@
 #include "tests/bridge/support/PageProbe.h"
 #include "tests/support/TestLog.h"
 
+#include <QDir> // Q_INIT_RESOURCE
 #include <QMetaMethod>
 #include <QWebFrame>
+#include <QWebSettings>
 
 #include <functional>
+#include <optional>
 
 // The pop-up list for partitions and variables, chosen from by real clicks.
 
@@ -40,6 +43,12 @@ private slots:
     void boxWaitsForItsPage();
     void boxThatIsReadyShowsAtOnce();
     void closedBoxStaysClosedAfterAReload();
+    void boxHasItsPage();
+    void emptyBoxCloses_data();
+    void emptyBoxCloses();
+    void emptyBoxThatNobodyWantsStaysHidden();
+    void missingPageIsLoadedWhenItIsThere();
+    void missingPageIsTriedOncePerRequest();
     void pageIsFilled_data();
     void pageIsFilled();
     void clickChooses();
@@ -55,7 +64,29 @@ private slots:
     void boxLeavesNothingBehind();
 };
 
+// In no namespace, since that is where the functions of a resource are.
+static void takePageAway()
+{
+    Q_CLEANUP_RESOURCE(selectbox);
+}
+
+static void putPageBack()
+{
+    Q_INIT_RESOURCE(selectbox);
+}
+
 namespace {
+
+/// While it lives there is no page for a box.
+struct MissingPage
+{
+    MissingPage()
+    {
+        takePageAway();
+        QWebSettings::clearMemoryCaches();
+    }
+    ~MissingPage() { putPageBack(); }
+};
 
 class LiveTool : public PLG_Common
 {
@@ -408,6 +439,94 @@ void TestSelectBox::closedBoxStaysClosedAfterAReload()
     shown.box.webView()->reload();
     QVERIFY(shown.page.waitLoaded());
     QVERIFY(!shown.box.isVisible());
+}
+
+void TestSelectBox::boxHasItsPage()
+{
+    Box shown;
+    QVERIFY(shown.page.isFound());
+    QCOMPARE(shown.box.webView()->url(), QUrl(QStringLiteral("qrc:/selectbox.html")));
+}
+
+void TestSelectBox::emptyBoxCloses_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::newRow("Escape") << "escape";
+    QTest::newRow("other window") << "window";
+    QTest::newRow("mediator") << "mediator";
+}
+
+void TestSelectBox::emptyBoxCloses()
+{
+    QFETCH(QString, way);
+    MissingPage missing;
+    StandInHost host;
+    GUI_SelectBox box(&host);
+    PageProbe page(box.webView());
+    box.showPartitions({1, 2}, Field);
+    QVERIFY(page.waitLoaded());
+    QVERIFY(!page.isFound());
+    QVERIFY(box.isVisible()); // as it was wanted, with nothing in it
+    if (way == QLatin1String("escape")) {
+        QTest::keyClick(box.webView(), Qt::Key_Escape);
+    } else if (way == QLatin1String("window")) {
+        QEvent deactivated(QEvent::WindowDeactivate);
+        QCoreApplication::sendEvent(&box, &deactivated);
+    } else {
+        emit box.mediator()->close();
+    }
+    QVERIFY(!box.isVisible());
+}
+
+void TestSelectBox::emptyBoxThatNobodyWantsStaysHidden()
+{
+    MissingPage missing;
+    StandInHost host;
+    GUI_SelectBox box(&host);
+    PageProbe page(box.webView());
+    box.showPartitions({1, 2}, Field);
+    emit box.mediator()->close();
+    QVERIFY(page.waitLoaded());
+    QVERIFY(!page.isFound());
+    QVERIFY(!box.isVisible());
+}
+
+void TestSelectBox::missingPageIsLoadedWhenItIsThere()
+{
+    StandInHost host;
+    std::optional<MissingPage> missing(std::in_place);
+    GUI_SelectBox box(&host);
+    PageProbe page(box.webView());
+    box.showPartitions({1, 2}, Field);
+    QVERIFY(page.waitLoaded());
+    QVERIFY(!page.isFound());
+    emit box.mediator()->close();
+    missing.reset();
+    box.showPartitions({5}, Field);
+    QVERIFY(!box.isVisible());
+    QVERIFY(page.waitLoaded());
+    QVERIFY(box.isVisible());
+    QCOMPARE(page.text(QStringLiteral("list")), QStringLiteral("5"));
+    page.click(QStringLiteral("row-5"));
+    QVERIFY(!box.isVisible());
+}
+
+void TestSelectBox::missingPageIsTriedOncePerRequest()
+{
+    MissingPage missing;
+    StandInHost host;
+    GUI_SelectBox box(&host);
+    QSignalSpy loads(box.webView(), &QWebView::loadFinished);
+    box.showPartitions({1}, Field);
+    box.showPartitions({1, 2}, Field); // while the first load is under way
+    QTRY_COMPARE(loads.count(), 1);
+    QTest::qWait(50);
+    QCOMPARE(loads.count(), 1);
+    box.showPartitions({1, 2, 3}, Field);
+    QTRY_COMPARE(loads.count(), 2);
+    QTest::qWait(50);
+    QCOMPARE(loads.count(), 2);
+    QVERIFY(box.isVisible());
 }
 
 void TestSelectBox::pageIsFilled_data()
