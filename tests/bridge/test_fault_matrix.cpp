@@ -1,5 +1,6 @@
 #include "bridge/FileChoice.h"
 #include "bridge/JS_Mediator.h"
+#include "plugin/contract/DOC_Interface.h"
 #include "tests/bridge/support/FaultMatrix.h"
 #include "tests/support/TestLog.h"
 
@@ -18,7 +19,7 @@ class TestFaultMatrix : public TestBase
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void init();
     void cleanupTestCase();
     void nothingEscapes_data();
     void nothingEscapes();
@@ -32,11 +33,13 @@ private slots:
     void matrixNoticesAnEscape();
     void matrixNoticesASwallowedFailure();
     void matrixNoticesAMissingLeave();
+    void matrixGivesTheDocumentOfACase();
 
 private:
     int m_slots = 0;
     int m_callSites = 0;
     int m_runs = 0;
+    int m_escapes = 0;
     QStringList m_withoutHostCall;
 };
 
@@ -71,6 +74,11 @@ public slots:
         qInfo() << "[ENTER]" << QStringLiteral("CarelessMediator::forgets") << QString();
         isReady();
     }
+    void looks(DOC_Interface *doc)
+    {
+        if (doc)
+            doc->isFound();
+    }
 };
 
 QStringList problemsOf(const QByteArray &slot)
@@ -78,7 +86,7 @@ QStringList problemsOf(const QByteArray &slot)
     const QVector<PageClass> classes = {
         {&CarelessMediator::staticMetaObject,
          [](StandInHost &host) -> QObject * { return new CarelessMediator(&host); },
-         {}}};
+         {{"looks(DOC_Interface*)", {2}, {}}}}};
     FaultMatrix matrix;
     matrix.walkNatively(classes.first(), classes);
     return matrix.problems().filter(QString::fromLatin1(slot));
@@ -86,8 +94,10 @@ QStringList problemsOf(const QByteArray &slot)
 
 }
 
-void TestFaultMatrix::initTestCase()
+// Anew for each class: a case may have set another answer.
+void TestFaultMatrix::init()
 {
+    TestBase::init();
     FileChoice::setAnswer(
         [](const FileChoice::Question &) { return QStringList(QStringLiteral("/o/s.zip")); });
 }
@@ -96,7 +106,8 @@ void TestFaultMatrix::cleanupTestCase()
 {
     FileChoice::setAnswer(FileChoice::Answer());
     m_withoutHostCall.removeDuplicates();
-    std::printf("fault matrix: %d slots, %d call sites, %d runs\n", m_slots, m_callSites, m_runs);
+    std::printf("fault matrix: %d slots, %d call sites, %d runs, %d escapes\n", m_slots,
+                m_callSites, m_runs, m_escapes);
     std::printf("slots without a host call: %s\n",
                 qPrintable(m_withoutHostCall.join(QLatin1String(", "))));
 }
@@ -115,6 +126,7 @@ void TestFaultMatrix::nothingEscapes()
     m_callSites += matrix.callSites();
     m_runs += matrix.runs();
     m_withoutHostCall += matrix.slotsWithoutHostCall();
+    m_escapes += matrix.problems().filter(QStringLiteral("escaped: ")).size();
     QVERIFY2(matrix.problems().isEmpty(),
              qPrintable(matrix.problems().mid(0, 10).join(QLatin1Char('\n'))));
 }
@@ -228,6 +240,14 @@ void TestFaultMatrix::matrixNoticesAMissingLeave()
     const QStringList problems = problemsOf("forgets()");
     QVERIFY(!problems.isEmpty());
     QVERIFY(problems.first().contains("trace: "));
+}
+
+void TestFaultMatrix::matrixGivesTheDocumentOfACase()
+{
+    const QStringList problems = problemsOf("looks(DOC_Interface*)");
+    QVERIFY(!problems.isEmpty());
+    QVERIFY(problems.first().contains("[2].isFound()"));
+    QVERIFY(problems.first().contains("escaped: isFound failed"));
 }
 
 int main(int argc, char **argv)

@@ -95,10 +95,11 @@ QVector<SlotCase> mediatorCases()
     const auto metric = [](FaultScene &scene) {
         scene.host.settings().setValue("customize/unitSystem", 1);
     };
-    const auto noFallback = [](FaultScene &scene) {
+    const auto noDeviceName = [](FaultScene &scene) {
         scene.host.camera(1)->state().deviceName.clear();
     };
-    const auto document = [](FaultScene &scene) {
+    const auto notFound = [](FaultScene &scene) { scene.host.camera(1)->state().isFound = false; };
+    const auto fileChosen = [](FaultScene &scene) {
         scene.host.answerConfirm(true);
         FileChoice::setAnswer(
             [](const FileChoice::Question &) { return QStringList(QStringLiteral("/o/s.zip")); });
@@ -111,7 +112,9 @@ QVector<SlotCase> mediatorCases()
         {"openPlugin(QString)", {"binning"}, fileMode},
         {"openPrefsDialog(QString)", {"display"}, fileMode},
         {"getDeviceInfoList(bool)", {true}, fileMode},
-        {"getDeviceInfoList(bool)", {false}, noFallback},
+        {"getDeviceInfoList(bool)", {true}, notFound},
+        {"getDeviceInfoList(bool)", {false}, noDeviceName},
+        {"getControlStatus(DOC_Interface*)", {2}, {}},
         {"setSelectDoc(QString)", {"no number"}, {}},
         {"getCalibrationUnits()", {}, metric},
         {"setPrefInt(QString,int,bool)", {"a/b", 1, false}, {}},
@@ -119,7 +122,7 @@ QVector<SlotCase> mediatorCases()
         {"setPrefFloat(QString,double,bool)", {"a/b", 1.5, false}, {}},
         {"setPrefString(QString,QString,bool)", {"a/b", "c", false}, {}},
         {"setPrefDQString(QString,QString,bool)", {"a/b", "c", false}, {}},
-        {"openExportSupportFileDialog()", {}, document},
+        {"openExportSupportFileDialog()", {}, fileChosen},
         {"openExportSupportFileDialog()", {}, cancelled},
     };
 }

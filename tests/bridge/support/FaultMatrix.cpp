@@ -69,6 +69,19 @@ bool isTask(const QString &operation)
     return operation == QLatin1String("writeSupportFile");
 }
 
+// A document is given by its key, since it comes with the scene; native callers get its address.
+QVariantList withDocuments(QVariantList arguments, const QMetaMethod &slot, StandInHost &host)
+{
+    const QList<QByteArray> types = slot.parameterTypes();
+    for (int i = 0; i < slot.parameterCount(); ++i) {
+        if (types.at(i) != DocumentType || !arguments.at(i).isValid())
+            continue;
+        DOC_Interface *document = host.camera(arguments.at(i).toULongLong());
+        arguments[i] = QVariant::fromValue(static_cast<void *>(document));
+    }
+    return arguments;
+}
+
 bool areBalanced(const QStringList &lines)
 {
     QStringList open;
@@ -148,7 +161,7 @@ QVariantList plainArguments(const QMetaMethod &slot, bool *ok)
 void callSlot(QObject *object, const QMetaMethod &slot, const QVariantList &arguments)
 {
     std::exception exception;
-    void *noDocument = nullptr;
+    void *documents[10] = {};
     QVariantList values = arguments;
     void *data[11] = {};
     QVariant result(slot.returnType(), nullptr);
@@ -159,7 +172,8 @@ void callSlot(QObject *object, const QMetaMethod &slot, const QVariantList &argu
         if (bare(types.at(i)) == ExceptionType) {
             data[i + 1] = &exception;
         } else if (types.at(i) == DocumentType) {
-            data[i + 1] = &noDocument;
+            documents[i] = values.at(i).value<void *>(); // null where there is none
+            data[i + 1] = &documents[i];
         } else if (slot.parameterType(i) == QMetaType::QVariant) {
             data[i + 1] = &values[i];
         } else {
@@ -272,7 +286,7 @@ QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
     }
     QString escaped;
     try {
-        caller.call(way.slot, way.arguments);
+        caller.call(way.slot, withDocuments(way.arguments, way.slot, host));
     } catch (const std::exception &failure) {
         escaped = QString::fromUtf8(failure.what());
     } catch (...) {

@@ -28,8 +28,8 @@ struct FaultScene
 /// One way in which a slot is called, to reach a branch that the plain calls do not.
 struct SlotCase
 {
-    QByteArray slot; ///< signature
-    QVariantList arguments;
+    QByteArray slot;        ///< signature
+    QVariantList arguments; ///< a document by its key
     std::function<void(FaultScene &)> setup;
 };
 
@@ -111,5 +111,6 @@ private:
 /// Arguments of plain values for the slot's types; empty when one of the types has none.
 QVariantList plainArguments(const QMetaMethod &slot, bool *ok);
 
-/// Calls a slot with these arguments, converted to its types. Lets failures pass.
+/// Calls a slot with these arguments, converted to its types; a document is given as `void *`, of
+/// its DOC_Interface. Lets failures pass.
 void callSlot(QObject *object, const QMetaMethod &slot, const QVariantList &arguments);
