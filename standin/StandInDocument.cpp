@@ -127,6 +127,11 @@ bool StandInDocument::isToolOnHere(const QString &tool) const
     return own != m_state.toolOn.end() ? *own : m_host.toolState(tool);
 }
 
+bool StandInDocument::isInTransaction(const QString &tool) const
+{
+    return m_host.isTransactionOpen(tool);
+}
+
 bool StandInDocument::isSelectedHere() const
 {
     return m_host.selection().contains(m_key);

@@ -101,6 +101,7 @@ protected:
     const StandInData *dataAt(int slot, int index) const;
     int indexOfCustomInfo(const QString &name) const;
     bool isToolOnHere(const QString &tool) const;
+    bool isInTransaction(const QString &tool) const;
     bool isSelectedHere() const;
     int selectedCount() const;
     int cameraCountOfHost() const;

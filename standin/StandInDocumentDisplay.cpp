@@ -4,7 +4,7 @@ template <class Contract>
 bool StandInDocumentDisplay<Contract>::isToolAvailable(const QString &tool, bool flag)
 {
     this->asked("isToolAvailable", tool, flag);
-    return this->state().availableTools.contains(tool);
+    return this->state().availableTools.contains(tool) || this->isInTransaction(tool);
 }
 
 template <class Contract> bool StandInDocumentDisplay<Contract>::isToolOn(const QString &tool)

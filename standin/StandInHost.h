@@ -150,10 +150,16 @@ public:
     /// Closes the plug-in and forgets it, with its translations. Nothing for one that is not here.
     void removePlugin(PLG_Interface *plugin);
 
+    /// Opens it as openPluginByName() does, without a line in the journal: what a press of the
+    /// button of a tool with a panel or dialog does. Nothing for null and the current one. Throws
+    /// what the tool throws.
+    void openPlugin(PLG_Interface *plugin);
+
     QList<PLG_Interface *> plugins() const { return m_plugins; }
     bool isPluginOpen(PLG_Interface *plugin) const { return m_openPlugins.contains(plugin); }
 
-    /// Text on the tool's button, translated; its name when the host knows none.
+    /// Text on the tool's button, translated: as the host knows it, else as the mediator of the
+    /// tool's page says, else the tool's name.
     QString toolLabel(PLG_Interface *plugin);
 
     /// Names of the translation files in use.

@@ -1,5 +1,6 @@
 #include "standin/StandInHost.h"
 
+#include "bridge/JS_Mediator_Plugin.h"
 #include "plugin/contract/PLG_Interface.h"
 
 namespace {
@@ -52,7 +53,15 @@ void StandInHost::forgetPlugin(PLG_Interface *plugin)
 
 QString StandInHost::toolLabel(PLG_Interface *plugin)
 {
-    return plugin ? ToolTranslations::label(plugin->name()) : QString();
+    if (!plugin)
+        return QString();
+    const QString name = plugin->name();
+    const QString known = ToolTranslations::label(name);
+    if (known != name)
+        return known;
+    auto *mediator = dynamic_cast<JS_Mediator_Plugin *>(plugin->mediator());
+    const QString told = mediator ? mediator->uiName() : QString();
+    return told.isEmpty() ? name : told;
 }
 
 // The tool may call back: it is left before it hears of it.
@@ -87,7 +96,11 @@ void StandInHost::returnFromPlugin()
 void StandInHost::openPluginByName(const QString &tool)
 {
     told("openPluginByName", tool);
-    PLG_Interface *plugin = findPlugin(tool);
+    openPlugin(findPlugin(tool));
+}
+
+void StandInHost::openPlugin(PLG_Interface *plugin)
+{
     if (!plugin || plugin == m_currentPlugin)
         return;
     if (plugin->hasPanel()) {

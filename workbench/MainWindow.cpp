@@ -43,7 +43,9 @@ MainWindow::MainWindow(StandInHost &host, LogModel &log)
     followHost();
     new ViewActions(m_host, this);
     new ToolView(m_host, *m_views, this);
-    addDockWidget(Qt::RightDockWidgetArea, new ToolPanel(m_host, this));
+    auto *toolPanel = new ToolPanel(m_host, this);
+    addDockWidget(Qt::RightDockWidgetArea, toolPanel);
+    connect(m_tools, &ToolBar::panelCloseRequested, toolPanel, &ToolPanel::close);
     m_host.state().mainWidget = this;
     resize(1280, 800);
     resizeDocks({m_logDock}, {230}, Qt::Vertical);

@@ -12,11 +12,19 @@
 
 namespace {
 
-// Kinds of button that stay down.
+constexpr int DialogTool = 6; // the check kind of a tool that is on while its dialog is shown
+
+// Has a panel or a dialog, which the host opens and closes.
+bool opens(PLG_Interface *tool)
+{
+    return tool->hasPanel() || tool->checkKind() == DialogTool;
+}
+
+// Has a button that stays down.
 bool isToggle(PLG_Interface *tool)
 {
     const int kind = tool->buttonKind();
-    return kind == 1 || kind == 4;
+    return kind == 1 || kind == 4 || opens(tool);
 }
 
 }
@@ -100,10 +108,23 @@ void ToolBar::press(PLG_Interface *tool, bool on)
                                 tool->name(), QString(),
                                 isToggle(tool) ? QVariant(on) : QVariant());
     guarded(&m_host, [&] {
-        if (on || !isToggle(tool))
+        if (opens(tool))
+            switchOpen(tool, on);
+        else if (on || !isToggle(tool))
             tool->activate();
         else
             tool->deactivate();
     });
     refresh();
+}
+
+// A panel closes as if by its own button, which may ask; a dialog may refuse.
+void ToolBar::switchOpen(PLG_Interface *tool, bool on)
+{
+    if (on || (tool->hasPanel() && m_host.currentPlugin() != tool))
+        m_host.openPlugin(tool);
+    else if (tool->hasPanel())
+        emit panelCloseRequested();
+    else
+        tool->closeTool();
 }

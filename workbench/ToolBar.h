@@ -10,9 +10,10 @@ class StandInHost;
 /// The buttons of the loaded tools.
 ///
 /// A press calls the tool's `activate` when its button became on and `deactivate` when it became
-/// off. What a button shows is what the tool's `isChecked` answers for the current document, asked
-/// anew at each refresh, never what was pressed last. A tool that is not allowed in the present
-/// mode has a disabled button, and so has one that cannot answer.
+/// off; a tool with a panel or dialog is opened and closed by the host. What a button shows is what
+/// the tool's `isChecked` answers for the current document, asked anew at each refresh, never what
+/// was pressed last. A tool that is not allowed in the present mode has a disabled button, and so
+/// has one that cannot answer.
 class ToolBar : public QToolBar
 {
     Q_OBJECT
@@ -33,6 +34,10 @@ public:
     /// Asks every tool how its button stands.
     void refresh();
 
+signals:
+    /// The open tool's button was pressed once more.
+    void panelCloseRequested();
+
 private:
     struct Button
     {
@@ -42,6 +47,7 @@ private:
     };
 
     void press(PLG_Interface *tool, bool on);
+    void switchOpen(PLG_Interface *tool, bool on);
 
     StandInHost &m_host;
     QList<Button> m_buttons;

@@ -38,6 +38,7 @@ private slots:
     void installsNothingOfThisBuild();
     void showsOneSymbol();
     void opensItsPanelByItsButton();
+    void closesItsPanelByItsButton();
     void drawsRegionAndHandles();
     void drawsNothingWhenItIsLeft();
     void handlesLandWhereTheyAreDragged_data();
@@ -284,13 +285,28 @@ void TestRegionTool::opensItsPanelByItsButton()
     QVERIFY(host().isTransactionOpen("t_region"));
     QVERIFY(!panel()->isHidden());
     QVERIFY(waitForPanel());
+    const QAction *button = m_workbench->window().tools()->action(tool());
+    QCOMPARE(button->text(), QString("Region"));
+    QVERIFY(button->isChecked());
     // Half as large as the picture, in its middle.
     QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
     // Another press begins no other transaction.
     drag(0, {80, 60}, {31, 41});
-    open();
+    tool()->activate();
     tool()->onCancel();
     QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+}
+
+void TestRegionTool::closesItsPanelByItsButton()
+{
+    open();
+    QVERIFY(waitForPanel());
+    m_workbench->window().tools()->action(tool())->trigger();
+    QVERIFY(panel()->isHidden());
+    QCOMPARE(host().currentPlugin(), nullptr);
+    QVERIFY(!host().isTransactionOpen("t_region"));
+    m_workbench->window().refresh();
+    QVERIFY(!m_workbench->window().tools()->action(tool())->isChecked());
 }
 
 void TestRegionTool::drawsRegionAndHandles()

@@ -415,6 +415,11 @@ void TestStandInPlugins::toolStates()
     first->state().availableTools.insert("lut");
     QVERIFY(first->isToolAvailable("lut", false));
     QVERIFY(!second->isToolAvailable("lut", false));
+    host.beginTransaction("lut", true, true);
+    QVERIFY(second->isToolAvailable("lut", false));
+    QVERIFY(!second->isToolAvailable("histogram", false));
+    host.commitTransaction(true, "lut");
+    QVERIFY(!second->isToolAvailable("lut", false));
 
     QCOMPARE(host.quickTool(), QString());
     host.setQuickTool("lut");

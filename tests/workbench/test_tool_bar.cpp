@@ -40,6 +40,11 @@ public:
     }
 
     QStringList calls;
+    void closeTool() override { calls.append("closeTool"); }
+
+    void usePanel() { m_hasPanel = true; }
+    void useDialog() { m_checkKind = 6; }
+
     bool checked = false;
     bool failing = false;
 
@@ -62,6 +67,8 @@ private slots:
     void activatesAndDeactivatesAToggle();
     void showsTheAnswerAndNotThePress();
     void activatesACommandAtEachPress();
+    void opensAndClosesAPanel();
+    void opensAndClosesADialogTool();
     void disablesAToolInAForbiddenMode();
     void asksForTheCurrentDocument();
     void handsAFailingPressToTheHost();
@@ -147,6 +154,59 @@ void TestToolBar::activatesACommandAtEachPress()
     QTest::mouseClick(button(bar, command), Qt::LeftButton);
     QCOMPARE(command.calls, QStringList({"activate", "activate"}));
     QCOMPARE(custom.calls, QStringList());
+}
+
+void TestToolBar::opensAndClosesAPanel()
+{
+    StandInHost host;
+    host.addCamera();
+    ProbeTool tool("t_probe", 0);
+    tool.usePanel();
+    host.addPlugin(&tool);
+    ToolBar bar(host);
+    bar.addTool(&tool);
+    bar.show();
+    int closeRequests = 0;
+    connect(&bar, &ToolBar::panelCloseRequested, this, [&] { ++closeRequests; });
+    QVERIFY(bar.action(&tool)->isCheckable());
+    QTest::mouseClick(button(bar, tool), Qt::LeftButton);
+    QCOMPARE(host.currentPlugin(), &tool);
+    QCOMPARE(tool.calls, QStringList("activate"));
+    QCOMPARE(host.commands(), QStringList());
+    QCOMPARE(closeRequests, 0);
+
+    tool.checked = true;
+    bar.refresh();
+    QTest::mouseClick(button(bar, tool), Qt::LeftButton);
+    QCOMPARE(closeRequests, 1);
+    QVERIFY(bar.action(&tool)->isChecked()); // the panel may have stayed
+    QCOMPARE(tool.calls, QStringList("activate"));
+
+    host.closeCurrentPlugin();
+    tool.calls.clear();
+    QTest::mouseClick(button(bar, tool), Qt::LeftButton); // down for another reason
+    QCOMPARE(host.currentPlugin(), &tool);
+    QCOMPARE(tool.calls, QStringList("activate"));
+    QCOMPARE(closeRequests, 1);
+}
+
+void TestToolBar::opensAndClosesADialogTool()
+{
+    StandInHost host;
+    host.addCamera();
+    ProbeTool tool("t_probe", 0);
+    tool.useDialog();
+    host.addPlugin(&tool);
+    ToolBar bar(host);
+    bar.addTool(&tool);
+    bar.show();
+    QTest::mouseClick(button(bar, tool), Qt::LeftButton);
+    QVERIFY(host.isPluginOpen(&tool));
+    QCOMPARE(tool.calls, QStringList("activate"));
+    tool.checked = true;
+    bar.refresh();
+    QTest::mouseClick(button(bar, tool), Qt::LeftButton);
+    QCOMPARE(tool.calls, QStringList({"activate", "closeTool"}));
 }
 
 void TestToolBar::disablesAToolInAForbiddenMode()
