@@ -31,5 +31,6 @@ write_basic_package_version_file(
 install(FILES
         ${PROJECT_BINARY_DIR}/package/OrvixToolkitConfig.cmake
         ${PROJECT_BINARY_DIR}/package/OrvixToolkitConfigVersion.cmake
+        cmake/OrvixTool.cmake
         plugin/makeButtonPlugin.map
         DESTINATION ${package_folder})
