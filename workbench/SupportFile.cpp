@@ -144,6 +144,7 @@ bool SupportFile::write(const QString &path, const SupportSnapshot &snapshot)
     if (!zip.close() || !filled)
         return false;
     QSaveFile file(path);
+    // commit() does not look at what it could not write from its buffer, hence flush().
     return file.open(QIODevice::WriteOnly) && file.write(content.data()) == content.data().size() &&
-           file.commit();
+           file.flush() && file.commit();
 }

@@ -1,3 +1,6 @@
+#include "bridge/FileChoice.h"
+#include "bridge/JS_Mediator.h"
+#include "foundation/APP_Exception.h"
 #include "standin/StandInCamera.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
@@ -16,6 +19,9 @@
 #include <QtConcurrent>
 
 #include <KZip>
+
+#include <csignal>
+#include <sys/resource.h>
 
 namespace {
 
@@ -48,6 +54,100 @@ QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+bool put(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+/// Text that a ZIP hardly makes smaller.
+QByteArray noise(int size)
+{
+    QByteArray bytes;
+    quint32 value = 1;
+    while (bytes.size() < size) {
+        value = value * 1664525 + 1013904223;
+        bytes.append(char(value >> 24));
+    }
+    return bytes;
+}
+
+/// While it lives no file grows beyond some bytes, as on a disk that is full.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        m_signal = std::signal(SIGXFSZ, SIG_IGN); // the writer gets an error then
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit limit = m_before;
+        limit.rlim_cur = bytes;
+        isFull = setrlimit(RLIMIT_FSIZE, &limit) == 0;
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_signal);
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+
+    bool isFull = false;
+
+private:
+    rlimit m_before = {};
+    void (*m_signal)(int) = nullptr;
+};
+
+/// A host that says of a failure whether it is the toolkit's own.
+class WatchingHost : public StandInHost
+{
+public:
+    void errorHandler(std::exception &failure) override
+    {
+        failures.append(dynamic_cast<APP_Exception *>(&failure) ? "APP_Exception" : "other");
+        StandInHost::errorHandler(failure);
+    }
+
+    QStringList failures;
+};
+
+/// A user who lets the page export a support file to `path`.
+struct Export
+{
+    explicit Export(const QString &path, const QByteArray &content = "content")
+    {
+        host.answerConfirm(true);
+        host.settings().setValue("support/dir", "/before");
+        host.state().takeSupportSnapshot = [content] {
+            SupportSnapshot snapshot;
+            snapshot.texts = {{"a.txt", content}};
+            return snapshot;
+        };
+        host.state().writeSupportFile = SupportFile::write;
+        FileChoice::setAnswer([path](const FileChoice::Question &) { return QStringList(path); });
+    }
+    ~Export() { FileChoice::setAnswer(FileChoice::Answer()); }
+
+    void run() { mediator.openExportSupportFileDialog(); }
+
+    QStringList shown() const
+    {
+        QStringList texts;
+        for (const StandInHost::Message &message : host.messages()) {
+            if (message.kind != QLatin1String("confirm"))
+                texts.append(message.text);
+        }
+        return texts;
+    }
+
+    WatchingHost host;
+    JS_Mediator mediator{&host, "page"};
+};
+
+const QString MailText("Please attach preserved file to a mail.");
+const QString FailureText("Failed to save support file.");
+
 }
 
 class TestSupportZip : public TestBase
@@ -68,6 +168,13 @@ private slots:
     void replacesAnOlderFile();
     void leavesAnOlderFileWholeWhenItFails();
     void refusesAFolderThatIsNotThere();
+    void leavesAnOlderFileWholeOnAFullDisk_data();
+    void leavesAnOlderFileWholeOnAFullDisk();
+    void leavesNoHalfFileOnAFullDisk_data();
+    void leavesNoHalfFileOnAFullDisk();
+    void pageHearsOfAPlaceThatCannotBeWritten_data();
+    void pageHearsOfAPlaceThatCannotBeWritten();
+    void pageHearsOfAFullDisk();
     void isWrittenThroughTheHost();
     void failsWhenToldTo();
     void writesNothingUnlessAsked();
@@ -233,6 +340,114 @@ void TestSupportZip::refusesAFolderThatIsNotThere()
 {
     QVERIFY(!SupportFile::write(path("nowhere/s.zip"), SupportSnapshot()));
     QVERIFY(!QDir(path("nowhere")).exists());
+}
+
+// A small file fails when its buffer goes out, a large one while it is written.
+void TestSupportZip::leavesAnOlderFileWholeOnAFullDisk_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("room");
+    QTest::newRow("no room at all, small") << 2000 << 0;
+    QTest::newRow("room for a part, small") << 2000 << 1000;
+    QTest::newRow("no room at all, large") << 200000 << 0;
+    QTest::newRow("room for a part, large") << 200000 << 100000;
+}
+
+void TestSupportZip::leavesAnOlderFileWholeOnAFullDisk()
+{
+    QFETCH(int, size);
+    QFETCH(int, room);
+    QVERIFY(put(path("s.zip"), "old"));
+    SupportSnapshot snapshot;
+    snapshot.texts = {{"a.txt", noise(size)}};
+    bool written = true;
+    {
+        FullDisk disk(room);
+        QVERIFY(disk.isFull);
+        written = SupportFile::write(path("s.zip"), snapshot);
+    }
+    QVERIFY(!written);
+    QCOMPARE(contentOf(path("s.zip")), QByteArray("old"));
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files | QDir::Hidden), QStringList("s.zip"));
+    QVERIFY(SupportFile::write(path("s.zip"), snapshot)); // there is room again
+    QCOMPARE(read(path("s.zip")).value("a.txt"), noise(size));
+}
+
+void TestSupportZip::leavesNoHalfFileOnAFullDisk_data()
+{
+    leavesAnOlderFileWholeOnAFullDisk_data();
+}
+
+void TestSupportZip::leavesNoHalfFileOnAFullDisk()
+{
+    QFETCH(int, size);
+    QFETCH(int, room);
+    SupportSnapshot snapshot;
+    snapshot.texts = {{"a.txt", noise(size)}};
+    bool written = true;
+    {
+        FullDisk disk(room);
+        QVERIFY(disk.isFull);
+        written = SupportFile::write(path("s.zip"), snapshot);
+    }
+    QVERIFY(!written);
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
+void TestSupportZip::pageHearsOfAPlaceThatCannotBeWritten_data()
+{
+    QTest::addColumn<QString>("target"); // in the folder of the test, where it is not absolute
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("below a file") << "old.zip/s.zip"
+                                  << "old.zip";
+    QTest::newRow("a folder") << "folder"
+                              << "";
+    QTest::newRow("in a folder that is not there") << "nowhere/s.zip"
+                                                   << "nowhere";
+    // Nobody, whatever his rights, writes a file there.
+    QTest::newRow("in a folder that takes no files") << "/proc/s.zip"
+                                                     << "/proc";
+}
+
+void TestSupportZip::pageHearsOfAPlaceThatCannotBeWritten()
+{
+    QFETCH(QString, target);
+    QFETCH(QString, folder);
+    QVERIFY(put(path("old.zip"), "old"));
+    QVERIFY(QDir(m_dir->path()).mkdir("folder"));
+    Export page(QDir(m_dir->path()).absoluteFilePath(target));
+    LogCapture log;
+    page.run();
+    QCOMPARE(page.host.handledErrors(), QStringList(FailureText));
+    QCOMPARE(page.host.failures, QStringList("APP_Exception"));
+    QCOMPARE(page.shown(), QStringList());
+    QCOMPARE(page.host.settings().value("support/dir", QVariant()).toString(),
+             QDir::cleanPath(QDir(m_dir->path()).absoluteFilePath(folder)));
+    QCOMPARE(contentOf(path("old.zip")), QByteArray("old"));
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList({"folder", "old.zip"}));
+}
+
+void TestSupportZip::pageHearsOfAFullDisk()
+{
+    QVERIFY(put(path("s.zip"), "old"));
+    Export page(path("s.zip"), noise(200000));
+    {
+        LogCapture log;
+        FullDisk disk(1000);
+        page.run();
+    }
+    QCOMPARE(page.host.handledErrors(), QStringList(FailureText));
+    QCOMPARE(page.host.failures, QStringList("APP_Exception"));
+    QCOMPARE(page.shown(), QStringList());
+    QCOMPARE(page.host.settings().value("support/dir", QVariant()).toString(), m_dir->path());
+    QCOMPARE(contentOf(path("s.zip")), QByteArray("old"));
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files | QDir::Hidden), QStringList("s.zip"));
+
+    page.run(); // there is room again
+    QCOMPARE(page.host.handledErrors(), QStringList(FailureText));
+    QCOMPARE(page.shown(), QStringList(MailText));
+    QCOMPARE(read(path("s.zip")).value("a.txt"), noise(200000));
 }
 
 void TestSupportZip::isWrittenThroughTheHost()
