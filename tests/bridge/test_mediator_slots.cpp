@@ -4,6 +4,7 @@
 #include <QMetaMethod>
 
 #include <functional>
+#include <stdexcept>
 
 // What a page can call, called by a page: host calls, result and log of every slot.
 
@@ -17,6 +18,15 @@ class TestMediatorSlots : public TestBase
 private slots:
     void slotDoesWhatItsRowSays_data();
     void slotDoesWhatItsRowSays();
+    void hostIsCalledInsideTheTrace_data();
+    void hostIsCalledInsideTheTrace();
+    void failureComesBeforeTheRefresh_data();
+    void failureComesBeforeTheRefresh();
+    void failureGivesTheNeutralValue_data();
+    void failureGivesTheNeutralValue();
+    void linesHaveTheirLevel_data();
+    void linesHaveTheirLevel();
+    void nativeFailureReachesTheHostAsItIs();
     void slotsStandInTheOrderOfTheTable();
     void signalsStandInTheOrderOfTheTable();
     void everyRowIsCalled();
@@ -27,6 +37,8 @@ private slots:
     void flipKeepsWhatItKnewWhenTheHostFails();
     void rotationTells_data();
     void rotationTells();
+    void rotationIsCutOff_data();
+    void rotationIsCutOff();
     void rangeMaxTells_data();
     void rangeMaxTells();
     void rangeMaxIsKeptForSubclasses();
@@ -144,6 +156,13 @@ QStringList trace(const QString &name, const QString &arguments = QString())
 {
     return {QStringLiteral("[ENTER] \"%1\" \"%2\"").arg(name, arguments),
             QStringLiteral("[LEAVE] \"%1\"").arg(name)};
+}
+
+// Writes the host's calls into the log, so that a test sees their order among the lines.
+void logCalls(StandInHost &host)
+{
+    QObject::connect(host.events(), &StandInEvents::callJournalled, host.events(),
+                     [](const QString &line) { qInfo("host: %s", qPrintable(line)); });
 }
 
 const QString Undefined = QStringLiteral("undefined");
@@ -489,6 +508,181 @@ void TestMediatorSlots::slotDoesWhatItsRowSays()
     QCOMPARE(shown.host.handledErrors(), QStringList());
 }
 
+void TestMediatorSlots::hostIsCalledInsideTheTrace_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<Setup>("setup");
+    for (const Row &row : rows()) {
+        // Selecting all documents has steps before and behind its trace.
+        const bool traced = row.lines.value(0).startsWith(QLatin1String("[ENTER]"));
+        if (traced && !row.script.contains(QLatin1String("selectAllDocs")))
+            QTest::newRow(row.name) << row.script << row.setup;
+    }
+}
+
+void TestMediatorSlots::hostIsCalledInsideTheTrace()
+{
+    QFETCH(QString, script);
+    QFETCH(Setup, setup);
+    DialogPage shown;
+    setup(shown.host);
+    logCalls(shown.host);
+    LogCapture log;
+    shown.page.call(script);
+    QVERIFY(log.texts().size() > 2);
+    QVERIFY(log.texts().first().startsWith("[ENTER]"));
+    QVERIFY(log.texts().last().startsWith("[LEAVE]"));
+}
+
+void TestMediatorSlots::failureComesBeforeTheRefresh_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("operation");
+    const auto row = [](const char *script, const char *operation) {
+        QTest::newRow(script) << QString::fromLatin1(script) << QString::fromLatin1(operation);
+    };
+    row("setStyle('dark')", "setPref");
+    row("openPlugin('lut')", "openPluginByName");
+    row("openPlugin('binning')", "openPluginByName");
+    row("closePlugin()", "closeCurrentPlugin");
+    row("closePlugin('lut')", "closePluginByName");
+    row("setPrefInt('a/b', 1)", "setPrefInt");
+    row("setPrefBool('a/b', true)", "setPrefBool");
+    row("setPrefFloat('a/b', 0.5)", "setPrefFloat");
+    row("setPrefString('a/b', 'c')", "setPrefString");
+    row("setPrefDQString('a/b', 'c')", "setPref");
+    row("setSelectDoc('1')", "selectDocs");
+}
+
+void TestMediatorSlots::failureComesBeforeTheRefresh()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, operation);
+    DialogPage shown;
+    shown.host.addCamera();
+    shown.host.failOn(operation);
+    logCalls(shown.host);
+    LogCapture log;
+    QCOMPARE(shown.page.call("bridge." + script), Undefined);
+    const QStringList lines = log.texts();
+    QVERIFY(lines.first().startsWith("[ENTER]"));
+    QVERIFY(lines.last().startsWith("[LEAVE]"));
+    QCOMPARE(lines.mid(lines.size() - 3, 2),
+             QStringList(
+                 {"host: errorHandler(\"" + operation + " failed\")", "host: updateUI(63, true)"}));
+}
+
+void TestMediatorSlots::failureGivesTheNeutralValue_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QString>("before"); ///< what it gives while nothing fails
+    QTest::addColumn<QString>("result");
+    const auto row = [](const char *script, const char *operation, const char *before,
+                        const char *result) {
+        QTest::newRow(script) << QString::fromLatin1(script) << QString::fromLatin1(operation)
+                              << QString::fromLatin1(before) << QString::fromLatin1(result);
+    };
+    row("getStyle()", "getPrefString", "\"dark\"", "\"\"");
+    row("confirm('sure?')", "confirm", "true", "false");
+    row("translate('inch')", "translate", "\"inch\"", "\"\"");
+    row("translate('a %1', 'b')", "translate", "\"a b\"", "\"\"");
+    row("isReady()", "isReady", "true", "false");
+    row("isLiveMode()", "isLiveMode", "true", "false");
+    row("isPlaying()", "isPlaying", "true", "false");
+    row("isConnected()", "currentDocument", "true", "false");
+    row("getPrefInt('a/b', 12)", "getPrefInt", "12", "0");
+    row("getPrefBool('a/b', true)", "getPrefBool", "true", "false");
+    row("getPrefFloat('a/b', 0.5)", "getPrefFloat", "0.5", "0");
+    row("getPrefString('a/b', 'none')", "getPrefString", "\"none\"", "\"\"");
+    row("openPrefsDialog('display')", "exec", "1", "0");
+    row("openPrefsDialog('memory')", "prepareLiveForPrefs", "1", "0");
+    row("getSelectedDockey()", "selectedDocKeys", "[\"1\"]", "[]");
+    row("isWaveDataAcquisition()", "isWaveDataAcquisition", "true", "false");
+    row("getRangeMax()", "currentDocument", "255", "0");
+    row("isUpdateIgnore()", "isUpdateIgnore", "true", "false");
+    row("getConnectedCameraShowing()", "getPref", "true", "false");
+    row("countMdiWindow()", "countMdiWindow", "3", "0");
+    row("isTrelvikRunning()", "isTrelvikRunning", "true", "false");
+    row("isShownDropBox()", "isShownDropBox", "true", "false");
+    row("isMVersion()", "isMVersion", "true", "false");
+    row("getCalibrationUnits().length > 2", "getPrefInt", "true", "false");
+    row("getRotate()", "rotation", "\"90\"", "\"0\"");
+}
+
+void TestMediatorSlots::failureGivesTheNeutralValue()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, operation);
+    QFETCH(QString, before);
+    DialogPage shown;
+    StandInState &state = shown.host.state();
+    state.isWaveDataAcquisition = state.isUpdateIgnore = true;
+    state.isShownDropBox = state.isMVersion = true;
+    state.isTrelvikRunning = true;
+    state.visibleWindowCount = 3;
+    state.prefsDialogResult = 1;
+    shown.host.answerConfirm(true);
+    shown.host.settings().setValue("env/style", "dark");
+    shown.host.settings().setValue("devicemanager/connectedCameraOnlyShowing", true);
+    StandInCamera *camera = shown.host.addCamera();
+    camera->state().isPlaying = true;
+    camera->setQuarterTurns(1);
+    QCOMPARE(shown.page.call("bridge." + script), before);
+    shown.host.failOn(operation);
+    QTEST(shown.page.call("bridge." + script), "result");
+    QCOMPARE(shown.host.handledErrors(), QStringList({operation + " failed"}));
+}
+
+void TestMediatorSlots::linesHaveTheirLevel_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<int>("level");
+    QTest::newRow("info") << "bridge.infoLog('a')" << int(QtInfoMsg);
+    QTest::newRow("error") << "bridge.errorLog('a')" << int(QtCriticalMsg);
+    QTest::newRow("missing resource") << "bridge.load('absent.html')" << int(QtWarningMsg);
+    QTest::newRow("user") << "bridge.userOperationLogWebView('a', 'b', 'c', 'd', 'e', 1)"
+                          << int(QtInfoMsg);
+    QTest::newRow("user's error") << "bridge.userOperationErrorLog('a')" << int(QtCriticalMsg);
+}
+
+void TestMediatorSlots::linesHaveTheirLevel()
+{
+    QFETCH(QString, script);
+    QFETCH(int, level);
+    DialogPage shown;
+    LogCapture log;
+    shown.page.call(script);
+    QCOMPARE(log.lines().size(), 1);
+    QCOMPARE(int(log.lines().first().type), level);
+}
+
+namespace {
+
+class KeepingHost : public StandInHost
+{
+public:
+    void errorHandler(std::exception &failure) override
+    {
+        kept = &failure;
+        StandInHost::errorHandler(failure);
+    }
+
+    std::exception *kept = nullptr;
+};
+
+}
+
+void TestMediatorSlots::nativeFailureReachesTheHostAsItIs()
+{
+    KeepingHost host;
+    JS_Mediator mediator(&host, QStringLiteral("page"));
+    std::runtime_error failure("no disk");
+    mediator.errorHandler(failure);
+    QCOMPARE(host.kept, static_cast<std::exception *>(&failure));
+    QCOMPARE(host.handledErrors(), QStringList({"no disk"}));
+}
+
 void TestMediatorSlots::slotsStandInTheOrderOfTheTable()
 {
     QCOMPARE(ownMethods(JS_Mediator::staticMetaObject, QMetaMethod::Slot), tableOfSlots());
@@ -586,6 +780,37 @@ void TestMediatorSlots::rotationTells()
     QFETCH(int, quarterTurns);
     StandInHost host;
     host.addCamera()->setQuarterTurns(quarterTurns);
+    JS_Mediator mediator(&host, QStringLiteral("page"));
+    QTEST(mediator.getRotate(), "text");
+}
+
+namespace {
+
+class TurningHost : public StandInHost
+{
+public:
+    float rotation(DOCKEY) override { return turn; }
+
+    float turn = 0;
+};
+
+}
+
+void TestMediatorSlots::rotationIsCutOff_data()
+{
+    QTest::addColumn<float>("turn");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("44.64 degrees") << 0.124f << "44";
+    QTest::newRow("just below a turn") << 0.999f << "359";
+    QTest::newRow("45.36 degrees the other way") << -0.126f << "-45";
+    QTest::newRow("part of a degree") << -0.002f << "0";
+}
+
+void TestMediatorSlots::rotationIsCutOff()
+{
+    QFETCH(float, turn);
+    TurningHost host;
+    host.turn = turn;
     JS_Mediator mediator(&host, QStringLiteral("page"));
     QTEST(mediator.getRotate(), "text");
 }
