@@ -15,6 +15,7 @@ private slots:
     void framesCountToTheShortestPartition();
     void fileRates_data();
     void fileRates();
+    void fileWithoutARateCountsNoFrames();
     void memoryAsksEachPartition();
     void ratesOfNothingFallBackToFrames();
     void fallBackThatIsRefusedStillCountsFrames();
@@ -108,7 +109,10 @@ void TestSkipRange::nothingSelectedChangesNothing()
     selection.mediator.value = 7.0;
     selection.refresh();
     QCOMPARE(selection.host.journal(), QStringList());
+    QCOMPARE(selection.mediator.getSkipMinFrames(), 1.0);
     QCOMPARE(selection.mediator.getSkipMaxFrames(), 1.0);
+    QCOMPARE(selection.mediator.skipRateDivisor(), 0u);
+    QVERIFY(selection.mediator.skipFrameValues().isEmpty());
     QVERIFY(selection.mediator.applied.isEmpty());
 }
 
@@ -178,6 +182,18 @@ void TestSkipRange::fileRates()
     QTEST(selection.mediator.getSkipMaxFrames(), "maximum");
     QTEST(selection.mediator.skipFrameValues(), "values");
     QVERIFY(selection.host.journal().filter("partitionRecordRate").isEmpty());
+}
+
+void TestSkipRange::fileWithoutARateCountsNoFrames()
+{
+    Selection selection(false);
+    selection.mediator.mode = 1;
+    selection.add(0, {{2, 1000}}); // the shortest
+    selection.add(500, {{10, 1000}});
+    selection.refresh();
+    QCOMPARE(selection.mediator.getSkipMaxFrames(), 20.0);
+    QCOMPARE(selection.host.journal().filter("partitionFrameCount"),
+             QStringList({"[2].partitionFrameCount(1)"}));
 }
 
 void TestSkipRange::memoryAsksEachPartition()
