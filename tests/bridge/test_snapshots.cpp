@@ -40,6 +40,7 @@ private slots:
     void selectionFailureIsHandledInOrder();
     void allAreSelectedAndTheCurrentOneStays();
     void allAreSelectedInOrder();
+    void traceOfAllStandsInside();
     void failedPreludeEndsSelectAll_data();
     void failedPreludeEndsSelectAll();
     void failedSelectAllIsUndoneInOrder();
@@ -405,6 +406,30 @@ void TestSnapshots::allAreSelectedInOrder()
                           "selectAllDocs(JS_Mediator_Dialog)", "deterUpdateUI(false)",
                           "updateUI(63, true)", "setCurrentDoc(1, true)"}));
     QCOMPARE(flagsOnReturn, 4);
+}
+
+void TestSnapshots::traceOfAllStandsInside()
+{
+    StandInHost host;
+    host.addCamera();
+    JS_Mediator mediator(&host, QStringLiteral("page"));
+    mediator.setUpdateFlags(4);
+    QStringList flags; // while the host works
+    LogCapture log;
+    connect(host.events(), &StandInEvents::callJournalled, host.events(), [&](const QString &line) {
+        qInfo("host: %s", qPrintable(line));
+        flags.append(QString::number(mediator.updateFlags()));
+    });
+    mediator.selectAllDocs();
+    QCOMPARE(
+        log.texts(),
+        QStringList({"host: prepareSelectAll()", "host: currentDocKey()",
+                     "[ENTER] \"JS_Mediator::selectAllDocsSub\" \"\"", "host: deterUpdateUI(true)",
+                     "host: selectAllDocs(JS_Mediator)", "host: deterUpdateUI(false)",
+                     "host: updateUI(63, true)", "[LEAVE] \"JS_Mediator::selectAllDocsSub\"",
+                     "host: setCurrentDoc(1, true)"}));
+    QCOMPARE(flags, QStringList({"4", "4", "63", "63", "63", "63", "63"}));
+    QCOMPARE(mediator.updateFlags(), 4);
 }
 
 void TestSnapshots::failedPreludeEndsSelectAll_data()
