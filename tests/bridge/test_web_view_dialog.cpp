@@ -2,6 +2,7 @@
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"
 
+#include <QFocusEvent>
 #include <QGuiApplication>
 #include <QPropertyAnimation>
 #include <QScreen>
@@ -100,6 +101,22 @@ private:
     int m_depth;
 };
 
+/// Why the widget gets the focus while this lives.
+class FocusReasons : public QObject
+{
+public:
+    explicit FocusReasons(QWidget *widget) { widget->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusIn)
+            reasons.append(int(static_cast<QFocusEvent *>(event)->reason()));
+        return false;
+    }
+
+    QList<int> reasons;
+};
+
 class NamedMediator : public JS_Mediator_Dialog
 {
 public:
@@ -107,7 +124,11 @@ public:
         : JS_Mediator_Dialog(host, name), m_gone(gone)
     {
     }
-    ~NamedMediator() override { m_gone->append(pageName()); }
+    ~NamedMediator() override
+    {
+        m_gone->append(pageName());
+        m_gone->append(static_cast<StandInHost *>(host())->commands().last());
+    }
 
 private:
     QStringList *m_gone;
@@ -161,8 +182,11 @@ void TestWebViewDialog::pageIsNotSeenWhileItLoads()
 {
     DialogPage shown;
     QTRY_COMPARE(shown.dialog.windowOpacity(), 1.0);
+    QVERIFY(QTest::qWaitForWindowActive(&shown.dialog));
     shown.dialog.setFocus();
+    FocusReasons focus(shown.dialog.webView());
     QVERIFY(QMetaObject::invokeMethod(&shown.dialog, "loadStarted"));
+    QCOMPARE(focus.reasons, QList<int>({7})); // for a reason of its own, neither mouse nor key
     QCOMPARE(shown.dialog.windowOpacity(), 0.0);
     QCOMPARE(shown.dialog.focusWidget(), static_cast<QWidget *>(shown.dialog.webView()));
     QVERIFY(QMetaObject::invokeMethod(&shown.dialog, "loadFinished", Q_ARG(bool, true)));
@@ -208,12 +232,17 @@ void TestWebViewDialog::missingPageGivesAnEmptyDialog()
                       QStringLiteral("qrc:/pages/absent.html"));
     PageProbe page(dialog.webView());
     QSignalSpy rejected(&dialog, &QDialog::rejected);
+    dialog.setFixedSize(200, 100);
     dialog.show();
     QVERIFY(page.waitLoaded());
     QVERIFY(!page.isFound());
     QVERIFY(log.texts().contains("[ENTER] \"GUI_WebViewDialog::loadFinished\" \"[ok:false]\""));
     QCOMPARE(host.deterrals(), 0);
     QVERIFY(host.commands().contains("updateUI(4294967295, true)"));
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    QCOMPARE(dialog.pos(),
+             screen.topLeft() + QPoint((screen.width() - 200) / 2, (screen.height() - 100) / 2));
+    QTRY_COMPARE(dialog.windowOpacity(), 1.0);
     QVERIFY(dialog.close());
     QVERIFY(!dialog.isVisible());
     QCOMPARE(rejected.count(), 1);
@@ -324,8 +353,9 @@ void TestWebViewDialog::mediatorsGoInOrder()
         dialog.addMediator(new NamedMediator(&host, QStringLiteral("third"), &gone));
         host.clearJournal();
     }
-    QCOMPARE(gone, QStringList({"main", "second", "third"}));
-    QVERIFY(host.commands().contains("notifyDialogLeft()"));
+    // The host hears of it first, while all of them are there.
+    QCOMPARE(gone, QStringList({"main", "notifyDialogLeft()", "second", "notifyDialogLeft()",
+                                "third", "notifyDialogLeft()"}));
 }
 
 void TestWebViewDialog::dialogWithoutMediator()
