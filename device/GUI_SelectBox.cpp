@@ -105,6 +105,12 @@ void GUI_SelectBox::fillPage()
     });
 }
 
+void GUI_SelectBox::setVisible(bool visible)
+{
+    m_wantedVisible = visible; // a box that is hidden before its page is ready stays hidden
+    QWidget::setVisible(visible);
+}
+
 bool GUI_SelectBox::event(QEvent *event)
 {
     if (event->type() == QEvent::WindowDeactivate)
@@ -141,7 +147,6 @@ void GUI_SelectBox::onLoadFinish(bool ok)
 
 void GUI_SelectBox::onClose()
 {
-    m_wantedVisible = false;
     hide();
 }
 

@@ -35,6 +35,8 @@ public:
     JS_Mediator_SelectBox *mediator() const { return m_mediator.get(); }
     GUI_WebView *webView() const { return m_webView; }
 
+    void setVisible(bool visible) override;
+
 protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

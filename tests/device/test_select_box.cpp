@@ -41,6 +41,8 @@ private slots:
     void failureGoesToTheHost_data();
     void failureGoesToTheHost();
     void boxWaitsForItsPage();
+    void boxHiddenBeforeItsPageIsReadyStaysHidden_data();
+    void boxHiddenBeforeItsPageIsReadyStaysHidden();
     void boxThatIsReadyShowsAtOnce();
     void closedBoxStaysClosedAfterAReload();
     void boxHasItsPage();
@@ -418,6 +420,30 @@ void TestSelectBox::boxWaitsForItsPage()
     QVERIFY(page.waitLoaded());
     QVERIFY(box.isVisible());
     QCOMPARE(page.text(QStringLiteral("row-2")), QStringLiteral("2"));
+}
+
+void TestSelectBox::boxHiddenBeforeItsPageIsReadyStaysHidden_data()
+{
+    QTest::addColumn<bool>("byMediator");
+    QTest::newRow("mediator") << true;
+    QTest::newRow("application") << false;
+}
+
+void TestSelectBox::boxHiddenBeforeItsPageIsReadyStaysHidden()
+{
+    QFETCH(bool, byMediator);
+    StandInHost host;
+    GUI_SelectBox box(&host);
+    PageProbe page(box.webView());
+    box.showPartitions({1, 2}, Field);
+    if (byMediator)
+        emit box.mediator()->close();
+    else
+        box.hide();
+    QVERIFY(page.waitLoaded());
+    QVERIFY(!box.isVisible());
+    box.showPartitions({1, 2}, Field);
+    QVERIFY(box.isVisible());
 }
 
 void TestSelectBox::boxThatIsReadyShowsAtOnce()

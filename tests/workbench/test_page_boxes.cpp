@@ -24,6 +24,7 @@ private slots:
     void switchesByKeys();
     void closesByEscape();
     void isHiddenByThePage();
+    void isHiddenByThePageBeforeItIsReady();
     void followsTheStyle_data();
     void followsTheStyle();
     void knowsNoOtherList();
@@ -136,6 +137,17 @@ void TestPageBoxes::isHiddenByThePage()
     QVERIFY(open());
     read(status(), "statuspanel.hideSelectBox()");
     QVERIFY(!m_boxes->box()->isVisible());
+}
+
+void TestPageBoxes::isHiddenByThePageBeforeItIsReady()
+{
+    read(status(), "statuspanel.showDropDownBox('partition', 1, 2, 30, 40)");
+    QSignalSpy loaded(list(), &QWebView::loadFinished);
+    QVERIFY(!m_boxes->box()->isVisible());
+    read(status(), "statuspanel.hideDropDownBox('partition')");
+    QVERIFY(loaded.count() > 0 || loaded.wait());
+    QVERIFY(!m_boxes->box()->isVisible());
+    QVERIFY(!m_host->isShownDropBox());
 }
 
 void TestPageBoxes::followsTheStyle_data()
