@@ -235,11 +235,15 @@ QVector<Row> rows()
         [](StandInHost &host) { host.setMode(StandInHost::Mode::File); });
     row("isMemoryMode", "bridge.isMemoryMode()", "true", {"isMemoryMode()"}, {},
         [](StandInHost &host) { host.setMode(StandInHost::Mode::Memory); });
+    row("isMemoryMode, not", "bridge.isMemoryMode()", "false", {"isMemoryMode()"});
     row("isFileMode", "bridge.isFileMode()", "true", {"isFileMode()"}, {},
         [](StandInHost &host) { host.setMode(StandInHost::Mode::File); });
+    row("isFileMode, not", "bridge.isFileMode()", "false", {"isFileMode()"});
     row("isPlaying without a document", "bridge.isPlaying()", "false", {"currentDocument()"});
     row("isPlaying", "bridge.isPlaying()", "true", {"currentDocument()", "[1].isPlaying()"}, {},
         [](StandInHost &host) { host.addCamera()->state().isPlaying = true; });
+    row("isPlaying, not", "bridge.isPlaying()", "false", {"currentDocument()", "[1].isPlaying()"},
+        {}, Camera);
     row("isConnected without a document", "bridge.isConnected()", "false", {"currentDocument()"});
     row("isConnected", "bridge.isConnected()", "true", {"currentDocument()", "[1].isConnected()"},
         {}, Camera);
@@ -361,12 +365,15 @@ QVector<Row> rows()
     row("isWaveDataAcquisition", "bridge.isWaveDataAcquisition()", "true",
         {"isWaveDataAcquisition()"}, {},
         [](StandInHost &host) { host.state().isWaveDataAcquisition = true; });
+    row("isWaveDataAcquisition, not", "bridge.isWaveDataAcquisition()", "false",
+        {"isWaveDataAcquisition()"});
     row("getRangeMax without a document", "bridge.getRangeMax()", "255", {"currentDocument()"}, {},
         [](StandInHost &host) {
             host.settings().setValue("display/DisplayWithRealBitDepth", true);
         });
     row("isUpdateIgnore", "bridge.isUpdateIgnore()", "true", {"isUpdateIgnore()"}, {},
         [](StandInHost &host) { host.state().isUpdateIgnore = true; });
+    row("isUpdateIgnore, not", "bridge.isUpdateIgnore()", "false", {"isUpdateIgnore()"});
     row("setDisableAllQuickTool", "bridge.setDisableAllQuickTool()", Undefined,
         {"setQuickTool(\"\")", "refreshDocumentInfo(true)", "setAllQuickToolsDisabledRefresh()"},
         trace("JS_Mediator::setDisableAllQuickTool"));
@@ -396,6 +403,8 @@ QVector<Row> rows()
         {}, [](StandInHost &host) { host.state().windowCount = 5; });
     row("isTrelvikRunning", "bridge.isTrelvikRunning()", "true", {"isTrelvikRunning()"}, {},
         [](StandInHost &host) { host.state().isTrelvikRunning = true; });
+    row("isTrelvikRunning, not", "bridge.isTrelvikRunning()", "false", {"isTrelvikRunning()"}, {},
+        [](StandInHost &host) { host.state().isTrelvikRunning = false; });
     row("checkRestoredPrefs, none", "bridge.checkRestoredPrefs()", Undefined,
         {"hasRestoredPrefs()"});
     row("checkRestoredPrefs", "bridge.checkRestoredPrefs()", Undefined,
@@ -404,6 +413,7 @@ QVector<Row> rows()
     row("hideSelectBox", "bridge.hideSelectBox()", Undefined, {"hideSelectBox()"});
     row("isShownDropBox", "bridge.isShownDropBox()", "true", {"isShownDropBox()"}, {},
         [](StandInHost &host) { host.state().isShownDropBox = true; });
+    row("isShownDropBox, not", "bridge.isShownDropBox()", "false", {"isShownDropBox()"});
     // Left 10, top 20, right 39, bottom 59.
     row("showDropDownBox", "bridge.showDropDownBox('k', 10, 20, 30, 40)", Undefined,
         {"showDropDownBox(\"k\", (10,20 30x40))"});
@@ -412,6 +422,7 @@ QVector<Row> rows()
         {"hideDropDownBox(\"k\", (3,4))"});
     row("isMVersion", "bridge.isMVersion()", "true", {"isMVersion()"}, {},
         [](StandInHost &host) { host.state().isMVersion = true; });
+    row("isMVersion, not", "bridge.isMVersion()", "false", {"isMVersion()"});
     row("getFlip", "bridge.getFlip()", "\"0\"",
         {"currentDocKey()", "flipHorizontal(1)", "flipVertical(1)"}, {}, Camera);
     row("getRotate", "bridge.getRotate()", "\"90\"", {"currentDocKey()", "rotation(1)"}, {},

@@ -33,6 +33,17 @@ public:
     using GUI_WebView::setInspector;
 };
 
+class Inspector : public QWidget
+{
+public:
+    explicit Inspector(int *closings) : m_closings(closings) {}
+
+    void closeEvent(QCloseEvent *) override { ++*m_closings; }
+
+private:
+    int *m_closings;
+};
+
 class ActionPage : public GUI_WebPage
 {
 public:
@@ -122,13 +133,15 @@ void TestWebView::inspectorIsIdleWithoutAWidget()
 void TestWebView::inspectorGoesWithTheView()
 {
     StandInHost host;
-    QPointer<QWidget> inspector(new QWidget);
+    int closings = 0;
+    QPointer<QWidget> inspector(new Inspector(&closings));
     {
         OpenView view(&host);
         inspector->show();
         view.setInspector(inspector);
     }
     QVERIFY(!inspector);
+    QCOMPARE(closings, 1);
 }
 
 void TestWebView::inspectedElementOpensTheInspector()
