@@ -110,13 +110,14 @@ QImage StandInCamera::frame(quint64 number) const
 {
     SceneRenderer scene;
     scene.sensor = m_limits.sensorSize;
-    scene.region = m_settings.region;
-    scene.picture = pictureSize();
+    scene.region = showsWholeSensor() ? QRect(QPoint(0, 0), sensorSize()) : m_settings.region;
+    scene.picture = binnedSize(scene.region.size());
     scene.frame = number;
     scene.recordRate = m_settings.recordRate;
     scene.shutterSpeed = m_settings.shutterSpeed;
     scene.caption = state().cameraName;
-    return scene.render();
+    const QImage picture = scene.render();
+    return picture.size() == pictureSize() ? picture : picture.scaled(pictureSize());
 }
 
 quint64 StandInCamera::frameCount() const
@@ -126,17 +127,31 @@ quint64 StandInCamera::frameCount() const
 
 QSize StandInCamera::pictureSize() const
 {
+    return showsWholeSensor() ? sensorSize() : binnedSize(m_settings.region.size());
+}
+
+bool StandInCamera::showsWholeSensor() const
+{
+    return host().isReadOutEdited();
+}
+
+QSize StandInCamera::binnedSize(const QSize &size) const
+{
     int divider = 1 << state().binningLevel;
     if (state().hasScaleDivider)
         divider *= std::max(1, state().scaleDivider);
-    const QSize region = m_settings.region.size();
-    return QSize(std::max(1, region.width() / divider), std::max(1, region.height() / divider));
+    return QSize(std::max(1, size.width() / divider), std::max(1, size.height() / divider));
 }
 
 void StandInCamera::sendSettings()
 {
+    const QRect before = m_settings.region;
+    m_settings.region = host().wantedReadOut(*this);
     m_deviceSettings = clampedSettings(m_settings, m_limits);
+    m_settings.region = m_deviceSettings.region;
     ++m_sendCount;
+    if (m_settings.region != before)
+        emit host().events()->cameraSettingsChanged(key());
 }
 
 void StandInCamera::takeSettings(const CameraSettings &settings, bool send)

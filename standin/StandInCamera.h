@@ -74,12 +74,15 @@ public:
     quint64 frameCount() const override; ///< of the current partition
     QSize pictureSize() const override;
     QSize sensorSize() const override { return m_limits.sensorSize; }
-    void sendSettings() override;
+    bool showsWholeSensor() const override; ///< while a tool edits what is read
+    void sendSettings() override;           ///< with the region that such a tool has for it
 
     /// For the host and its undo steps: takes the settings as they are.
     void takeSettings(const CameraSettings &settings, bool send);
 
 private:
+    QSize binnedSize(const QSize &size) const;
+
     CameraLimits m_limits;
     CameraSettings m_settings;
     CameraSettings m_deviceSettings;

@@ -38,7 +38,8 @@ ViewGeometry StandInDocument::geometry() const
     geometry.flippedVertically = m_state.isFlippedVertically;
     const QSize turned = geometry.turnedSize();
     // A zoom counts sensor pixels, so that a binned picture keeps its size on the screen.
-    geometry.scale = m_state.zoom > 0.0 ? m_state.zoom * (1 << m_state.binningLevel)
+    const int pixel = showsWholeSensor() ? 1 : 1 << m_state.binningLevel;
+    geometry.scale = m_state.zoom > 0.0 ? m_state.zoom * pixel
                                         : ViewGeometry::fittingScale(turned, m_state.viewSize);
     if (!m_state.viewSize.isEmpty()) {
         const QSize shown = (QSizeF(turned) * geometry.scale).toSize();

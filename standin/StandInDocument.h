@@ -52,6 +52,9 @@ public:
     /// Size of the whole sensor, or of the picture.
     virtual QSize sensorSize() const { return pictureSize(); }
 
+    /// Whether the picture is the whole sensor in its own pixels, binned or not.
+    virtual bool showsWholeSensor() const { return false; }
+
     /// Sends the document's settings to its device.
     virtual void sendSettings() {}
 

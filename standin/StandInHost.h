@@ -136,6 +136,16 @@ public:
 
     bool isLockOn() const { return m_locked; }
 
+    /// Whether the current plug-in is one of the state's `readOutTools`. Meanwhile each camera
+    /// shows its whole sensor, in sensor pixels, and reads out the tool's region of it when it is
+    /// sent its settings.
+    bool isReadOutEdited() const { return m_readOutTool; }
+
+    /// The part of the sensor that such a tool wants a camera to read, by its regionToSensor(). The
+    /// camera's present one while there is none, or when the tool fails, which is handed to
+    /// errorHandler().
+    QRect wantedReadOut(StandInCamera &camera);
+
     // Tools.
 
     bool toolState(const QString &tool) const { return m_toolOn.value(tool, false); }
@@ -494,6 +504,8 @@ private:
     PLG_Interface *findPlugin(const QString &name) const;
     void leavePlugin(PLG_Interface *plugin, bool close);
     void forgetPlugin(PLG_Interface *plugin);
+    void beginReadOut(PLG_Interface *plugin);
+    void endReadOut(PLG_Interface *plugin);
 
     template <class Document> Document *addDocument(std::unique_ptr<Document> document);
     QList<DOCKEY> allKeys() const;
@@ -530,6 +542,7 @@ private:
     QList<PLG_Interface *> m_plugins;
     QList<PLG_Interface *> m_openPlugins;
     PLG_Interface *m_currentPlugin = nullptr;
+    PLG_Interface *m_readOutTool = nullptr; ///< the current one, if it edits what cameras read
     QHash<PLG_Interface *, QString> m_preparedWidgets; ///< class id made ready last
     ToolTranslations m_translations;
 

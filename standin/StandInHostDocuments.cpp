@@ -1,3 +1,4 @@
+#include "plugin/contract/PLG_Interface.h"
 #include "standin/StandInHost.h"
 
 #include "bridge/JS_Mediator.h"
@@ -27,7 +28,10 @@ StandInCamera *StandInHost::addCamera(const StandInCamera::Description &descript
     auto camera = std::make_unique<StandInCamera>(*this, ++m_lastKey, full);
     if (m_locked)
         camera->setLockedTogether(true);
-    return addDocument(std::move(camera));
+    StandInCamera *added = addDocument(std::move(camera));
+    if (m_readOutTool)
+        m_readOutTool->setRegion(added, added->sensorRegion(), false);
+    return added;
 }
 
 StandInRecording *StandInHost::openRecording(const QString &folder)

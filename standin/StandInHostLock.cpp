@@ -76,11 +76,15 @@ void StandInHost::resendSettings()
     for (StandInCamera *other : cameras()) {
         if (other == source || !other->isLockedTogether())
             continue;
-        const CameraSettings settings = clampedSettings(source->settings(), other->limits());
-        if (settings == other->settings())
-            other->sendSettings();
-        else
+        CameraSettings settings = clampedSettings(source->settings(), other->limits());
+        if (isReadOutEdited()) {
+            other->sendSettings(); // takes the region that the tool has for it
+            settings.region = other->sensorRegion();
+        }
+        if (settings != other->settings())
             changes.insert(other->key(), settings);
+        else if (!isReadOutEdited())
+            other->sendSettings();
     }
     pushSettings(changes, QStringLiteral("Settings of %1").arg(source->name()), true);
 }

@@ -3,6 +3,8 @@
 #include "bridge/JS_Mediator_Plugin.h"
 #include "plugin/contract/PLG_Interface.h"
 
+#include <QScopeGuard>
+
 namespace {
 constexpr int DialogTool = 6; // the check kind of a tool that is on while its dialog is shown
 }
@@ -27,6 +29,7 @@ void StandInHost::addPlugin(PLG_Interface *plugin)
         m_openPlugins.removeAll(plugin);
         if (m_currentPlugin == plugin)
             m_currentPlugin = nullptr;
+        endReadOut(plugin);
         forgetPlugin(plugin);
     });
     m_translations.add(plugin, pref(QStringLiteral("display/language"), QVariant()).toString());
@@ -69,6 +72,11 @@ void StandInHost::leavePlugin(PLG_Interface *plugin, bool close)
 {
     const bool wasOpen = close && m_openPlugins.removeAll(plugin) > 0;
     const bool wasCurrent = plugin == m_currentPlugin;
+    // What it takes back while it closes still reaches the cameras.
+    const auto readOut = qScopeGuard([this, plugin, wasCurrent] {
+        if (wasCurrent)
+            endReadOut(plugin);
+    });
     if (wasCurrent)
         m_currentPlugin = nullptr;
     if (wasOpen)
@@ -107,6 +115,7 @@ void StandInHost::openPlugin(PLG_Interface *plugin)
         if (m_currentPlugin)
             leavePlugin(m_currentPlugin, true);
         m_currentPlugin = plugin;
+        beginReadOut(plugin);
     }
     if (!m_openPlugins.contains(plugin))
         m_openPlugins.append(plugin);

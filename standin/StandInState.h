@@ -96,6 +96,7 @@ struct HostPluginsState
     bool isImageTriggerDetecting = false;
     bool isOtherPluginOpen = false;
     QHash<PLG_Interface *, QPointer<QWidget>> embeddedWidgets;
+    QSet<QString> readOutTools{QStringLiteral("t_region")}; ///< their region is what a camera reads
 };
 
 struct HostDocumentsState

@@ -69,9 +69,8 @@ ToolView::ToolView(StandInHost &host, ViewArea &views, QObject *parent)
     const StandInEvents *events = m_host.events();
     connect(events, &StandInEvents::pluginsChanged, this, &ToolView::followTool);
     connect(events, &StandInEvents::currentDocumentChanged, this, &ToolView::place);
-    // A picture that has changed its size is no edit.
     connect(events, &StandInEvents::viewChanged, this, &ToolView::takeRegions);
-    connect(events, &StandInEvents::cameraSettingsChanged, this, &ToolView::takeRegions);
+    connect(events, &StandInEvents::cameraSettingsChanged, this, &ToolView::followPicture);
     connect(events, &StandInEvents::updated, this, [this] {
         recordChange();
         place();
@@ -132,6 +131,17 @@ void ToolView::takeRegions()
 {
     m_known = regions();
     place();
+}
+
+// A picture that has changed its size is no edit; settings are sent in the middle of one.
+void ToolView::followPicture(DOCKEY key)
+{
+    const StandInDocument *document = m_host.document(key);
+    const auto known = m_known.constFind(key);
+    if (document && known != m_known.constEnd() && known->picture != document->pictureSize())
+        takeRegions();
+    else
+        place();
 }
 
 void ToolView::place()

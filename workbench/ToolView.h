@@ -49,6 +49,7 @@ private:
 
     void followViews();
     void followTool();
+    void followPicture(DOCKEY key);
     void place();
     void takeDrawingAway();
     bool handleMouse(PictureArea *area, QEvent *event);

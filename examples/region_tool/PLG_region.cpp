@@ -152,6 +152,8 @@ void PLG_region::setRegion(DOC_Interface *doc, const QRect &rect, bool fromUser)
     if (fromUser) {
         setModified(true);
         storeOnLocked(doc, rect);
+    } else if (const DOCKEY key = m_host->documentKeyOf(doc); !m_accepted.contains(key)) {
+        m_accepted.insert(key, m_regions.value(key)); // of a camera that has just come
     }
     redraw();
 }
@@ -299,10 +301,15 @@ void PLG_region::send(DOC_Interface *doc)
 // The devices have the edits already, and get back what was there before.
 void PLG_region::restore()
 {
+    const Regions edited = m_regions;
     m_regions = m_accepted;
     redraw();
-    if (DOC_Interface *doc = m_host->currentDocument())
-        send(doc);
+    for (auto entry = edited.cbegin(); entry != edited.cend(); ++entry) {
+        DOC_Interface *doc = m_host->deviceByKey(entry.key(), true);
+        if (doc && region(doc) != scaledTo(entry->rect, entry->picture, doc->imageSize()))
+            doc->notifyChange(1, false);
+    }
+    m_host->updateUI(RefreshDisplay, false);
 }
 
 void PLG_region::redraw()

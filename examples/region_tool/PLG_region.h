@@ -11,7 +11,8 @@ class GUI_RegionOverlay;
 /// A tool with a panel: a rectangle on the picture of each camera, edited by mouse, keys and panel.
 ///
 /// While the panel is open the rectangle is drawn and can be edited; the edits form a transaction
-/// that OK and Apply accept, Cancel and Reset take back. Rectangles are in image pixels. While the
+/// that OK and Apply accept, Cancel and Reset take back. It begins with what the host tells by
+/// setRegion() before the panel opens. Rectangles are in image pixels. While the
 /// cameras are locked together an edit reaches all of them, unless the options say otherwise.
 class PLG_region final : public PLG_Button
 {
@@ -34,7 +35,7 @@ public:
     QWidget *viewWidget() override;
 
     bool editsRegion(DOC_Interface *doc) override;
-    /// The middle of the picture before the first edit.
+    /// The middle of the picture when neither host nor user has set it.
     QRect region(DOC_Interface *doc) override;
     void setRegion(DOC_Interface *doc, const QRect &rect, bool fromUser) override;
     bool isAspectFixed() override;

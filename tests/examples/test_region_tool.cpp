@@ -1,10 +1,12 @@
 #include "bridge/GUI_ModelessPatternDialog.h"
+#include "bridge/GUI_WebView.h"
 #include "bridge/JS_Mediator_Dialog.h"
 #include "standin/StandInCamera.h"
 #include "tests/support/TestLog.h"
 #include "workbench/DocumentView.h"
 #include "workbench/MainWindow.h"
 #include "workbench/Options.h"
+#include "workbench/PageHand.h"
 #include "workbench/PictureArea.h"
 #include "workbench/ToolBar.h"
 #include "workbench/ToolPanel.h"
@@ -47,6 +49,12 @@ private slots:
     void aPressAloneIsNoUndoStep();
     void arrowKeysMoveAndResize();
     void reachesAllLockedCameras();
+    void fitsOnASmallerSensor();
+    void showsTheWholeSensorWhileItIsOpen();
+    void takesInACameraThatComesLater();
+    void landsOnABinnedCamera();
+    void cancelReachesEveryCameraThatWasEdited();
+    void undoOfAnotherSettingKeepsTheRegion();
     void staysOnOneCameraWhenToldTo();
     void cameraThatGoesInMidDragEndsIt();
     void panelShowsAndSetsTheRegion();
@@ -57,6 +65,7 @@ private slots:
     void closingThePanelAsksWhenSomethingChanged();
     void optionsLimitTheRegion_data();
     void optionsLimitTheRegion();
+    void optionsPageSetsWhatItShows();
     void failingHostHarmsNothing();
 
 private:
@@ -65,6 +74,7 @@ private:
     StandInCamera *camera(int index) const { return host().cameras().at(index); }
     PictureArea *picture(int index) const;
     QRect regionOf(int index) const { return tool()->region(camera(index)->contract()); }
+    QRect readBy(int index) const { return camera(index)->deviceSettings().region; }
     void setRegion(int index, const QRect &rect) const;
     void open() const;
     void press(int index, const QPoint &pixel) const;
@@ -77,6 +87,7 @@ private:
     QVariant evaluate(const QString &script) const;
     void click(const QString &id) const;
     bool setOption(const QString &name, const QVariant &value) const;
+    QVariantMap options() const;
 
     std::unique_ptr<QTemporaryDir> m_place; // of installation and build
     std::unique_ptr<QTemporaryDir> m_dir;
@@ -134,7 +145,8 @@ void TestRegionTool::init()
     m_workbench->start(options);
     StandInCamera::Description description;
     description.limits.sensorSize = Picture;
-    description.region = QRect(QPoint(0, 0), Picture);
+    description.limits.minRegion = QSize(4, 4);
+    description.region = corners(80, 60, 239, 179);
     for (int i = 0; i < 2; ++i)
         host().addCamera(description)->setZoom(1.0);
     m_workbench->window().resize(1500, 900);
@@ -240,6 +252,14 @@ bool TestRegionTool::setOption(const QString &name, const QVariant &value) const
     return called && known;
 }
 
+QVariantMap TestRegionTool::options() const
+{
+    QVariantMap values;
+    QMetaObject::invokeMethod(tool()->ensureDialog(false)->mediator(), "getOptions",
+                              Q_RETURN_ARG(QVariantMap, values));
+    return values;
+}
+
 void TestRegionTool::installsNothingOfThisBuild()
 {
     const QDir prefix(m_place->filePath("prefix"));
@@ -288,13 +308,11 @@ void TestRegionTool::opensItsPanelByItsButton()
     const QAction *button = m_workbench->window().tools()->action(tool());
     QCOMPARE(button->text(), QString("Region"));
     QVERIFY(button->isChecked());
-    // Half as large as the picture, in its middle.
-    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
     // Another press begins no other transaction.
     drag(0, {80, 60}, {31, 41});
     tool()->activate();
     tool()->onCancel();
-    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+    QCOMPARE(readBy(0), corners(80, 60, 239, 179));
 }
 
 void TestRegionTool::closesItsPanelByItsButton()
@@ -385,6 +403,8 @@ void TestRegionTool::handlesLandWhereTheyAreDragged()
     drag(0, from, to);
     QTEST(regionOf(0), "result");
     QCOMPARE(regionOf(1), corners(80, 60, 239, 179));
+    QTEST(readBy(0), "result");
+    QCOMPARE(readBy(1), corners(80, 60, 239, 179));
     QVERIFY(!QGuiApplication::overrideCursor());
     QCOMPARE(host().openMacros(), 0);
 }
@@ -446,9 +466,109 @@ void TestRegionTool::reachesAllLockedCameras()
     QCOMPARE(regionOf(0), corners(80, 60, 271, 201));
     QCOMPARE(regionOf(1), corners(80, 60, 271, 201));
     QVERIFY(calls.contains("updateUI(1, false)"));
+    QCOMPARE(readBy(0), corners(80, 60, 271, 201));
+    QCOMPARE(readBy(1), corners(80, 60, 271, 201));
+    QCOMPARE(host().undoSteps()->count(), 1);
     host().undoSteps()->undo();
     QCOMPARE(regionOf(0), corners(80, 60, 199, 159));
     QCOMPARE(regionOf(1), corners(80, 60, 239, 179));
+    QCOMPARE(readBy(0), corners(80, 60, 199, 159));
+    QCOMPARE(readBy(1), corners(80, 60, 239, 179));
+    host().undoSteps()->redo();
+    QCOMPARE(readBy(0), corners(80, 60, 271, 201));
+    QCOMPARE(readBy(1), corners(80, 60, 271, 201));
+}
+
+// A locked camera whose sensor is smaller gets what fits on it.
+void TestRegionTool::fitsOnASmallerSensor()
+{
+    StandInCamera::Description small;
+    small.limits.sensorSize = QSize(240, 160);
+    small.limits.minRegion = QSize(4, 4);
+    host().addCamera(small);
+    host().setTrelvikLock(true);
+    open();
+    drag(0, {239, 179}, {271, 201});
+    QCOMPARE(readBy(0), corners(80, 60, 271, 201));
+    QCOMPARE(readBy(2), corners(48, 18, 239, 159));
+}
+
+void TestRegionTool::showsTheWholeSensorWhileItIsOpen()
+{
+    QCOMPARE(camera(0)->pictureSize(), QSize(160, 120));
+    open();
+    QCOMPARE(regionOf(0), corners(80, 60, 239, 179)); // what the camera reads
+    QCOMPARE(camera(0)->pictureSize(), Picture);
+    QCOMPARE(camera(0)->frame(0).size(), Picture);
+    drag(0, {80, 60}, {31, 41});
+    QCOMPARE(camera(0)->pictureSize(), Picture);
+    tool()->onOk();
+    QCOMPARE(camera(0)->pictureSize(), QSize(209, 139));
+    QCOMPARE(camera(1)->pictureSize(), QSize(160, 120));
+}
+
+void TestRegionTool::takesInACameraThatComesLater()
+{
+    open();
+    StandInCamera::Description description;
+    description.limits.sensorSize = Picture;
+    description.limits.minRegion = QSize(4, 4);
+    description.region = corners(10, 20, 99, 109);
+    host().addCamera(description);
+    QCOMPARE(regionOf(2), corners(10, 20, 99, 109));
+    tool()->setRegion(camera(2)->contract(), corners(0, 0, 49, 49), true);
+    camera(2)->contract()->notifyChange(1, false);
+    QCOMPARE(readBy(2), corners(0, 0, 49, 49));
+    tool()->onCancel();
+    QCOMPARE(readBy(2), corners(10, 20, 99, 109));
+}
+
+// The regions are the sensor's, and what a binned camera reads are whole binned pixels of it.
+void TestRegionTool::landsOnABinnedCamera()
+{
+    m_workbench->window().findChild<QAction *>("bin2")->trigger();
+    open();
+    QCOMPARE(camera(0)->pictureSize(), Picture);
+    QCOMPARE(camera(0)->frame(0).size(), Picture);
+    drag(0, {239, 179}, {270, 200});
+    QCOMPARE(regionOf(0), corners(80, 60, 269, 199)); // the size step counts binned pixels
+    QCOMPARE(readBy(0), corners(80, 60, 269, 199));
+    m_workbench->window().findChild<QAction *>("bin1")->trigger();
+    host().undoSteps()->undo();
+    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+    QCOMPARE(readBy(0), corners(80, 60, 239, 179));
+    host().undoSteps()->redo();
+    QCOMPARE(readBy(0), corners(80, 60, 269, 199));
+    tool()->onOk();
+    QCOMPARE(camera(0)->pictureSize(), QSize(190, 140));
+}
+
+void TestRegionTool::cancelReachesEveryCameraThatWasEdited()
+{
+    open();
+    drag(0, {239, 179}, {271, 201});
+    drag(1, {239, 179}, {200, 150});
+    QCOMPARE(readBy(0), corners(80, 60, 271, 201));
+    QCOMPARE(readBy(1), corners(80, 60, 200, 150));
+    tool()->onCancel();
+    QCOMPARE(readBy(0), corners(80, 60, 239, 179));
+    QCOMPARE(readBy(1), corners(80, 60, 239, 179));
+}
+
+// A change of the shutter while the panel is open leaves the region to the tool.
+void TestRegionTool::undoOfAnotherSettingKeepsTheRegion()
+{
+    open();
+    camera(0)->setShutterSpeed(4000);
+    drag(0, {239, 179}, {271, 201});
+    host().undoSteps()->undo();
+    host().undoSteps()->undo();
+    QCOMPARE(camera(0)->deviceSettings().shutterSpeed, 1000u);
+    QCOMPARE(readBy(0), corners(80, 60, 239, 179));
+    host().undoSteps()->redo();
+    host().undoSteps()->redo();
+    QCOMPARE(camera(0)->deviceSettings().shutterSpeed, 4000u);
+    QCOMPARE(readBy(0), corners(80, 60, 271, 201));
 }
 
 void TestRegionTool::staysOnOneCameraWhenToldTo()
@@ -512,7 +632,7 @@ void TestRegionTool::cancelTakesBackAndLeaves()
     QVERIFY(panel()->isHidden());
     QVERIFY(!host().isTransactionOpen("t_region"));
     QVERIFY(!tool()->isModified());
-    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+    QCOMPARE(readBy(0), corners(80, 60, 239, 179));
     QCOMPARE(host().undoSteps()->count(), 0);
 }
 
@@ -541,7 +661,7 @@ void TestRegionTool::appliedRegionSurvivesCancel()
     drag(0, {31, 41}, {50, 50});
     QCOMPARE(regionOf(0), corners(50, 50, 239, 179));
     click("cancel");
-    QCOMPARE(regionOf(0), corners(31, 41, 239, 179));
+    QCOMPARE(readBy(0), corners(31, 41, 239, 179));
 }
 
 void TestRegionTool::okKeepsTheRegion()
@@ -552,7 +672,7 @@ void TestRegionTool::okKeepsTheRegion()
     click("ok");
     QVERIFY(panel()->isHidden());
     QVERIFY(!host().isTransactionOpen("t_region"));
-    QCOMPARE(regionOf(0), corners(31, 41, 239, 179));
+    QCOMPARE(readBy(0), corners(31, 41, 239, 179));
     open(); // as often as one likes
     QVERIFY(waitForPanel());
     QCOMPARE(regionOf(0), corners(31, 41, 239, 179));
@@ -571,46 +691,112 @@ void TestRegionTool::closingThePanelAsksWhenSomethingChanged()
     QCOMPARE(host().messages().size(), 1);
     QCOMPARE(host().messages().first().text, QString("Do you want to accept?"));
     QVERIFY(panel()->isHidden());
-    QCOMPARE(regionOf(0), corners(80, 60, 239, 179));
+    QCOMPARE(readBy(0), corners(80, 60, 239, 179));
 
     host().answerConfirm(true);
     open();
     drag(0, {239, 179}, {200, 150});
     panel()->close();
-    QCOMPARE(regionOf(0), corners(80, 60, 200, 150));
+    QCOMPARE(readBy(0), corners(80, 60, 200, 150));
     QVERIFY(!host().isTransactionOpen("t_region"));
 }
 
 void TestRegionTool::optionsLimitTheRegion_data()
 {
     QTest::addColumn<QVariantMap>("options");
-    QTest::addColumn<QRect>(
-        "result"); // of the bottom right corner dragged from 199, 159 to 232, 201
-    QTest::newRow("none") << QVariantMap() << corners(80, 60, 232, 201);
-    QTest::newRow("maximum") << QVariantMap{{"maxWidth", 130}, {"maxHeight", 110}}
-                             << corners(80, 60, 209, 169);
-    QTest::newRow("maximum of one side")
-        << QVariantMap{{"maxWidth", 130}} << corners(80, 60, 209, 201);
+    QTest::addColumn<QPoint>("from");
+    QTest::addColumn<QPoint>("to");
+    QTest::addColumn<QRect>("result");
+    const auto row = [](const char *name, const QVariantMap &options, QPoint from, QPoint to,
+                        QRect result) { QTest::newRow(name) << options << from << to << result; };
+    // The region is at 80 to 199, 60 to 159, in a picture of 320 by 240.
+    const QPoint corner(199, 159);
+    const QPoint inside(140, 110);
+    const QPoint wide(232, 201);
+    row("none", {}, corner, wide, corners(80, 60, 232, 201));
+    row("maximum", {{"maxWidth", 130}, {"maxHeight", 110}}, corner, wide,
+        corners(80, 60, 209, 169));
+    row("maximum of one side", {{"maxWidth", 130}}, corner, wide, corners(80, 60, 209, 201));
     // 16 and a whole number of steps: 153 becomes 144, 142 becomes 136.
-    QTest::newRow("size step") << QVariantMap{{"sizeStepX", 16}, {"sizeStepY", 8}}
-                               << corners(80, 60, 223, 195);
+    row("size step", {{"sizeStepX", 16}, {"sizeStepY", 8}}, corner, wide,
+        corners(80, 60, 223, 195));
     // 142 high would be 284 wide, which ends at the side of the picture: 240 wide and 120 high.
-    QTest::newRow("aspect") << QVariantMap{{"aspect", 0.5}, {"fixAspect", true}}
-                            << corners(80, 60, 319, 179);
+    row("aspect", {{"aspect", 0.5}, {"fixAspect", true}}, corner, wide, corners(80, 60, 319, 179));
+    row("aspect of the picture", {{"originalAspect", true}, {"fixAspect", true}}, corner, wide,
+        corners(80, 60, 268, 201)); // 142 / 0.75 is 189.33
+    // The hand comes by 150, 120; what follows would be too small.
+    row("no smaller than the minimum", {{"minWidth", 60}, {"minHeight", 50}}, corner, {100, 80},
+        corners(80, 60, 150, 120));
+    row("above the minimum", {{"minWidth", 60}, {"minHeight", 50}}, corner, {150, 115},
+        corners(80, 60, 150, 115));
+    row("centred from left to right", {{"symmetricX", true}}, corner, wide,
+        corners(87, 60, 232, 201)); // 319 - 232
+    row("centred from top to bottom", {{"symmetricY", true}}, corner, wide,
+        corners(80, 38, 232, 201)); // 239 - 201
+    row("moved without a step", {}, inside, {150, 99}, corners(90, 49, 209, 148));
+    // 90 is 10 behind a multiple of 16 and goes to the next, 49 is 1 behind one of 8.
+    row("position step", {{"positionStepX", 16}, {"positionStepY", 8}}, inside, {150, 99},
+        corners(96, 48, 215, 147));
 }
 
 void TestRegionTool::optionsLimitTheRegion()
 {
     QFETCH(QVariantMap, options);
+    QFETCH(QPoint, from);
+    QFETCH(QPoint, to);
     open();
-    setRegion(0, corners(80, 60, 199, 159));
     for (auto option = options.cbegin(); option != options.cend(); ++option)
         QVERIFY(setOption(option.key(), option.value()));
     setRegion(0, corners(80, 60, 199, 159));
-    drag(0, {199, 159}, {232, 201});
+    drag(0, from, to);
     QTEST(regionOf(0), "result");
     QVERIFY(!setOption("color", 3));
     QVERIFY(!setOption("maxWidth", "wide"));
+}
+
+void TestRegionTool::optionsPageSetsWhatItShows()
+{
+    open();
+    drag(0, {239, 179}, {271, 179});
+    QCOMPARE(regionOf(0), corners(80, 60, 271, 179));
+    QVERIFY(waitForPanel());
+    click("options");
+    GUI_ModelessPatternDialog *dialog = tool()->ensureDialog(false);
+    QVERIFY(dialog);
+    QVERIFY(QTest::qWaitFor([&] { return dialog->isVisible(); }));
+    GUI_WebView *page = dialog->webView();
+    QVERIFY(QTest::qWaitFor(
+        [&] { return PageHand::read(page, "document.getElementById('minWidth').value") == "16"; }));
+    const auto option = [this](const char *name) { return options().value(name); };
+
+    QVERIFY(PageHand::click(page, "#symmetricX"));
+    QCOMPARE(option("symmetricX"), QVariant(true));
+    QCOMPARE(regionOf(0), corners(64, 60, 255, 179)); // at once
+
+    QVERIFY(PageHand::click(page, "#minWidth"));
+    QVERIFY(host().state().textBoxFocus);
+    QVERIFY(PageHand::press(page, Qt::Key_A, Qt::ControlModifier));
+    QVERIFY(PageHand::type(page, "200"));
+    QVERIFY(PageHand::press(page, Qt::Key_Tab));
+    QCOMPARE(option("minWidth"), QVariant(200));
+    QCOMPARE(regionOf(0).width(), 200);
+
+    // What is no number changes nothing, and the box shows again what holds.
+    QVERIFY(PageHand::click(page, "#maxWidth"));
+    QVERIFY(PageHand::press(page, Qt::Key_A, Qt::ControlModifier));
+    QVERIFY(PageHand::type(page, "wide"));
+    QVERIFY(PageHand::press(page, Qt::Key_Tab));
+    QCOMPARE(option("maxWidth"), QVariant(0));
+    QVERIFY(QTest::qWaitFor(
+        [&] { return PageHand::read(page, "document.getElementById('maxWidth').value") == "0"; }));
+
+    QVERIFY(PageHand::click(page, "#close"));
+    QVERIFY(QTest::qWaitFor([&] { return !dialog->isVisible(); }));
+    QVERIFY(!panel()->isHidden());
+    QVERIFY(!host().state().textBoxFocus);
+    click("options"); // shows what was chosen
+    QVERIFY(QTest::qWaitFor([&] { return dialog->isVisible(); }));
+    QCOMPARE(PageHand::read(page, "document.getElementById('minWidth').value"), QVariant("200"));
 }
 
 void TestRegionTool::failingHostHarmsNothing()
