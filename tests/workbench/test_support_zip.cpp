@@ -22,6 +22,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -168,6 +169,8 @@ private slots:
     void replacesAnOlderFile();
     void leavesAnOlderFileWholeWhenItFails();
     void refusesAFolderThatIsNotThere();
+    void leavesAPipeWhatItIs();
+    void followsALinkToAFile();
     void leavesAnOlderFileWholeOnAFullDisk_data();
     void leavesAnOlderFileWholeOnAFullDisk();
     void leavesNoHalfFileOnAFullDisk_data();
@@ -340,6 +343,29 @@ void TestSupportZip::refusesAFolderThatIsNotThere()
 {
     QVERIFY(!SupportFile::write(path("nowhere/s.zip"), SupportSnapshot()));
     QVERIFY(!QDir(path("nowhere")).exists());
+}
+
+void TestSupportZip::leavesAPipeWhatItIs()
+{
+    const QByteArray pipe = QFile::encodeName(path("pipe"));
+    QCOMPARE(mkfifo(pipe.constData(), 0600), 0);
+    SupportSnapshot snapshot;
+    snapshot.texts = {{"a.txt", "new"}};
+    QVERIFY(!SupportFile::write(path("pipe"), snapshot));
+    struct stat status = {};
+    QCOMPARE(stat(pipe.constData(), &status), 0);
+    QVERIFY(S_ISFIFO(status.st_mode));
+}
+
+void TestSupportZip::followsALinkToAFile()
+{
+    QVERIFY(put(path("old.zip"), "old"));
+    QVERIFY(QFile::link(path("old.zip"), path("link.zip")));
+    SupportSnapshot snapshot;
+    snapshot.texts = {{"a.txt", "new"}};
+    QVERIFY(SupportFile::write(path("link.zip"), snapshot));
+    QVERIFY(QFileInfo(path("link.zip")).isSymLink());
+    QCOMPARE(read(path("old.zip")).value("a.txt"), QByteArray("new"));
 }
 
 // A small file fails when its buffer goes out, a large one while it is written.
