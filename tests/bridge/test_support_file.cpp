@@ -6,7 +6,10 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QTimer>
+
+#include <atomic>
 
 // The support file: question, chooser, snapshot, worker task, and what the user hears.
 
@@ -25,6 +28,7 @@ private slots:
     void chooserIsAskedAsTold();
     void cancelLeavesTheFolder();
     void fileIsWritten();
+    void snapshotIsTakenHereAndWrittenByATask();
     void failedWriteRemembersTheFolder();
     void failureOnTheWayRemembersTheFolder_data();
     void failureOnTheWayRemembersTheFolder();
@@ -221,6 +225,38 @@ void TestSupportFile::fileIsWritten()
     QCOMPARE(calls, QStringList({"runWithProgress(\"Saving...\")", "info(\"An eine Mail.\", null)",
                                  "setPref(\"support/dir\", \"/out/support\")"}));
     QCOMPARE(support.host.handledErrors(), QStringList());
+}
+
+// A snapshot touches widgets; writing takes its time.
+void TestSupportFile::snapshotIsTakenHereAndWrittenByATask()
+{
+    Support support;
+    QThread *taking = nullptr;
+    QThread *writing = nullptr;
+    QByteArray text;
+    std::atomic<bool> written{false};
+    bool thankedTooEarly = false;
+    support.host.state().takeSupportSnapshot = [&] {
+        taking = QThread::currentThread();
+        SupportSnapshot snapshot;
+        snapshot.texts = {{"a.txt", "content"}};
+        return snapshot;
+    };
+    support.host.state().writeSupportFile = [&](const QString &, const SupportSnapshot &snapshot) {
+        writing = QThread::currentThread();
+        QThread::msleep(50);
+        text = snapshot.texts.value("a.txt");
+        written = true;
+        return true;
+    };
+    connect(support.host.events(), &StandInEvents::messageShown, this,
+            [&](const QString &kind) { thankedTooEarly = kind == "info" && !written; });
+    support.run();
+    QCOMPARE(taking, QThread::currentThread());
+    QVERIFY(writing && writing != QThread::currentThread());
+    QCOMPARE(text, QByteArray("content"));
+    QVERIFY(!thankedTooEarly);
+    QCOMPARE(support.host.messages().last().text, MailText);
 }
 
 void TestSupportFile::failedWriteRemembersTheFolder()
