@@ -50,14 +50,14 @@ public:
     {
     }
 
-    int shows = 0;
-
-protected:
-    void showEvent(QShowEvent *event) override
+    void setVisible(bool visible) override
     {
-        ++shows;
-        GUI_Dialog::showEvent(event);
+        if (visible)
+            ++shows;
+        GUI_Dialog::setVisible(visible);
     }
+
+    int shows = 0; ///< calls of show(), whether or not the dialog was visible
 };
 
 bool hasCloseButton(const QWidget &window)

@@ -455,6 +455,12 @@ void TestWebViewDialog::reloadHoldsRefreshesBackOnce()
     shown.dialog.webView()->reload();
     QVERIFY(shown.page.waitLoaded());
     QTRY_COMPARE(shown.host.deterrals(), 0);
+    shown.host.clearJournal();
+    QVERIFY(QMetaObject::invokeMethod(&shown.dialog, "loadStarted"));
+    QVERIFY(QMetaObject::invokeMethod(&shown.dialog, "loadStarted")); // no end in between
+    QCOMPARE(shown.host.commands(), QStringList({"deterUpdateUI(true)"}));
+    QVERIFY(QMetaObject::invokeMethod(&shown.dialog, "loadFinished", Q_ARG(bool, true)));
+    QCOMPARE(shown.host.deterrals(), 0);
 }
 
 void TestWebViewDialog::pageCallsSlotsWhileItsDialogCloses()
