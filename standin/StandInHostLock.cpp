@@ -69,6 +69,7 @@ void StandInHost::resendSettings()
     StandInCamera *source = camera(m_currentKey);
     if (!source)
         return;
+    const CameraSettings before = source->deviceSettings();
     source->sendSettings();
     if (!source->isLockedTogether())
         return;
@@ -76,11 +77,17 @@ void StandInHost::resendSettings()
     for (StandInCamera *other : cameras()) {
         if (other == source || !other->isLockedTogether())
             continue;
-        CameraSettings settings = clampedSettings(source->settings(), other->limits());
+        CameraSettings settings = source->settings();
+        // An edit of the region is no reason to send what was set before the lock.
         if (isReadOutEdited()) {
             other->sendSettings(); // takes the region that the tool has for it
             settings.region = other->sensorRegion();
+            if (settings.recordRate == before.recordRate)
+                settings.recordRate = other->recordRate();
+            if (settings.shutterSpeed == before.shutterSpeed)
+                settings.shutterSpeed = other->shutterSpeed();
         }
+        settings = clampedSettings(settings, other->limits());
         if (settings != other->settings())
             changes.insert(other->key(), settings);
         else if (!isReadOutEdited())

@@ -1,8 +1,9 @@
 #include "workbench/PictureArea.h"
 
-#include "standin/StandInDocument.h"
+#include "standin/StandInCamera.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 PictureArea::PictureArea(StandInDocument &document, QWidget *parent)
     : QWidget(parent), m_document(document)
@@ -42,6 +43,14 @@ void PictureArea::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setTransform(m_document.geometry().transform());
     painter.drawImage(QPoint(0, 0), m_picture);
+    // Of a whole sensor, what is not read is darker.
+    const auto *camera = dynamic_cast<const StandInCamera *>(&m_document);
+    if (camera && camera->showsWholeSensor()) {
+        QPainterPath unread;
+        unread.addRect(m_picture.rect());
+        unread.addRect(camera->sensorRegion());
+        painter.fillPath(unread, QColor(0, 0, 0, 110));
+    }
 }
 
 void PictureArea::resizeEvent(QResizeEvent *event)

@@ -31,8 +31,10 @@ QString SettingsText::size(const QSize &size)
 
 QString SettingsText::ofDocument(const StandInDocument &document)
 {
-    const QString picture = size(document.pictureSize());
+    QString picture = size(document.pictureSize());
     if (const auto *camera = dynamic_cast<const StandInCamera *>(&document)) {
+        if (camera->showsWholeSensor())
+            picture = size(camera->sensorRegion().size());
         return QStringList(
                    {shutter(camera->shutterSpeed()), recordRate(camera->recordRate()), picture})
             .join(QStringLiteral("   "));

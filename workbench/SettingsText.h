@@ -17,7 +17,7 @@ QString recordRate(uint framesPerSecond);
 /// "640 × 480".
 QString size(const QSize &size);
 
-/// The settings of a camera, the size of a recording's picture.
+/// The settings of a camera with the size of what it reads, the size of a recording's picture.
 QString ofDocument(const StandInDocument &document);
 
 }

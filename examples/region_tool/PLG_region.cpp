@@ -173,7 +173,7 @@ GUI_ModelessPatternDialog *PLG_region::createModelessPatternDialog(bool)
     auto *dialog = new GUI_ModelessPatternDialog( // deleted by the base
         m_host, QLatin1String("Region options"), QLatin1String("qrc:/t_region_options.html"),
         new JS_Mediator_RegionOptions(m_host, *this), m_host->mainWidget());
-    dialog->resize(330, 420);
+    dialog->resize(330, 350);
     return dialog;
 }
 

@@ -500,6 +500,13 @@ void TestRegionTool::showsTheWholeSensorWhileItIsOpen()
     QCOMPARE(regionOf(0), corners(80, 60, 239, 179)); // what the camera reads
     QCOMPARE(camera(0)->pictureSize(), Picture);
     QCOMPARE(camera(0)->frame(0).size(), Picture);
+    // What is not read is darker.
+    m_workbench->window().refresh();
+    const QImage frame = picture(1)->picture();
+    const QImage shown = picture(1)->grab().toImage();
+    QCOMPARE(shown.pixelColor(inView(1, {80, 60})), frame.pixelColor(80, 60));
+    QVERIFY(shown.pixelColor(inView(1, {79, 60})).lightness() <
+            frame.pixelColor(79, 60).lightness());
     drag(0, {80, 60}, {31, 41});
     QCOMPARE(camera(0)->pictureSize(), Picture);
     tool()->onOk();
