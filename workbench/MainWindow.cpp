@@ -44,12 +44,12 @@ MainWindow::MainWindow(StandInHost &host, LogModel &log)
     new ViewActions(m_host, this);
     new ToolView(m_host, *m_views, this);
     auto *toolPanel = new ToolPanel(m_host, this);
-    addDockWidget(Qt::RightDockWidgetArea, toolPanel);
+    addDockWidget(Qt::LeftDockWidgetArea, toolPanel); // where it has room, whatever else is open
     connect(m_tools, &ToolBar::panelCloseRequested, toolPanel, &ToolPanel::close);
     m_host.state().mainWidget = this;
     resize(1280, 800);
     resizeDocks({m_logDock}, {230}, Qt::Vertical);
-    resizeDocks({m_cameraDock}, {300}, Qt::Horizontal);
+    resizeDocks({toolPanel, m_cameraDock}, {260, 300}, Qt::Horizontal);
     resizeDocks({m_cameraDock, m_deviceDock, m_statusDock}, {170, 230, 290}, Qt::Vertical);
     refresh();
 }

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 namespace {
 
@@ -73,6 +74,22 @@ bool TourHand::press(int key, Qt::KeyboardModifiers modifiers, QWidget *widget)
     if (!target)
         return false;
     QTest::keyClick(target, Qt::Key(key), modifiers);
+    settle();
+    return true;
+}
+
+bool TourHand::drag(QWidget *widget, const QPoint &from, const QPoint &to)
+{
+    QWindow *window = widget && widget->isVisible() ? widget->window()->windowHandle() : nullptr;
+    if (!window || !widget->rect().contains(from) || !widget->rect().contains(to))
+        return false;
+    const QPoint start = widget->mapTo(widget->window(), from);
+    const QPoint end = widget->mapTo(widget->window(), to);
+    QTest::mouseMove(window, start);
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, start);
+    QTest::mouseMove(window, start + (end - start) / 2);
+    QTest::mouseMove(window, end);
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, end);
     settle();
     return true;
 }

@@ -8,6 +8,7 @@
 class QComboBox;
 class QDialog;
 class QMenuBar;
+class QPoint;
 class QWidget;
 
 /// A hand on mouse and keyboard: everything is done to real widgets, as a user would. Each
@@ -26,6 +27,11 @@ bool click(QWidget *widget);
 
 /// Presses a key on the widget that has the focus, or on `widget` when it is given.
 bool press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, QWidget *widget = nullptr);
+
+/// Presses the left button on a visible widget, moves by way of the middle, and releases it; both
+/// points in the widget. The events go to the window, which finds the widget as it would for a
+/// user.
+bool drag(QWidget *widget, const QPoint &from, const QPoint &to);
 
 /// Opens a list and clicks the entry with this text.
 bool choose(QComboBox *box, const QString &text);

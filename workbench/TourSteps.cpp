@@ -41,6 +41,11 @@ void TourSteps::walk()
     movesByKeys();
     releasesTheCameras();
     followsAReleaseElsewhere();
+    opensTheRegion();
+    dragsEveryHandle();
+    movesTheRegionByKeys();
+    setsTheRegionInItsPanel();
+    carriesTheRegionToLockedCameras();
     showsTheMemory();
     saysThatNoRecordingIsOpen();
     opensAFolder();
@@ -61,6 +66,7 @@ void TourSteps::walk()
     writesASupportFile();
     turnsDark();
     showsDarkPages();
+    showsTheRegionInTheDark();
     showsNoCamera();
     turnsLight();
 }

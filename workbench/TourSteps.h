@@ -12,6 +12,8 @@ class MainWindow;
 class PLG_Interface;
 class QAction;
 class QComboBox;
+class QPoint;
+class QRect;
 class QWebView;
 class QWidget;
 class StandInHost;
@@ -70,6 +72,20 @@ private:
     void playsARecording();
     void tellsThatAFolderHasNoPictures();
     void closesARecording();
+
+    // TourStepsRegion.cpp: the region that the cameras read out.
+    PLG_Interface *regionTool() const;
+    void regionStep(const QString &name, const QString &title, const std::function<void()> &body);
+    void pressRegionTool();
+    QRect regionInView() const;
+    void turnPicture(int quarterTurns, bool horizontally, bool vertically);
+    void dragsHandle(const QString &handle, const QPoint &direction, bool outward);
+    void opensTheRegion();
+    void dragsEveryHandle();
+    void movesTheRegionByKeys();
+    void setsTheRegionInItsPanel();
+    void carriesTheRegionToLockedCameras();
+    void showsTheRegionInTheDark();
 
     // TourStepsPages.cpp: panels, dialogs and lists that are pages.
     void clickInPage(QWebView *view, const QString &selector, const QString &what);
