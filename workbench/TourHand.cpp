@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -140,6 +141,9 @@ int TourHand::answerDialogs(const std::function<void()> &trigger, const QList<An
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&] {
         QPointer<QDialog> dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        // What shows progress goes by itself, and only when nobody waits inside it.
+        if (qobject_cast<QProgressDialog *>(dialog))
+            return;
         if (!dialog || !dialog->isVisible() || (dialog == last && last)) {
             if (++attempts > DialogPatience)
                 watch.stop();

@@ -42,8 +42,9 @@ bool chooseMenu(QMenuBar *bar, const QString &menu, const QString &entry);
 /// What is done to a dialog.
 using Answer = std::function<void(QDialog *)>;
 
-/// Runs `trigger`, which opens modal dialogs one behind the other, and gives each to its answer. A
-/// dialog that its answer leaves open is closed. How many dialogs came.
+/// Runs `trigger`, which opens modal dialogs one behind the other, and gives each to its answer;
+/// those that show progress are left alone. A dialog that its answer leaves open is closed. How
+/// many dialogs came.
 int answerDialogs(const std::function<void()> &trigger, const QList<Answer> &answers);
 
 /// Types a path into a file dialog and presses its button; whether the dialog took it.

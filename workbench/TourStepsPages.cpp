@@ -33,7 +33,6 @@ bool isDrawn(QWebView *view)
 bool clickStandardButton(QMessageBox::StandardButton button)
 {
     QMessageBox *box = nullptr;
-    // A progress dialog may stand in front of it for a moment.
     TourHand::waitFor(
         [&] { return (box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())); });
     return box && TourHand::click(box->button(button));
