@@ -137,7 +137,8 @@ void StandInHost::showMediator(GUI_WebView *view, JS_Mediator *mediator)
         if (main)
             frame->addToJavaScriptWindowObject(QStringLiteral("main"), main);
     };
-    show();
+    if (!frame->url().isEmpty()) // else the first page is still to come
+        show();
     QObject::connect(frame, &QWebFrame::javaScriptWindowObjectCleared, owner, show);
 }
 

@@ -68,9 +68,10 @@ void TestStandInPages::mediatorIsSeenUnderItsName()
 void TestStandInPages::hostObjectsStandBesideIt()
 {
     StandInHost host;
+    GUI_WebView other(&host, nullptr);
+    QCOMPARE(run(other, "typeof app").toString(), QString("undefined"));
     GUI_WebView view(&host, nullptr);
     JS_Mediator mediator(&host, "x");
-    QCOMPARE(run(view, "typeof app").toString(), QString("undefined"));
     host.attachMediator(&view, &mediator);
     host.appScriptObject()->setProperty("place", "first");
     host.mainScriptObject()->setProperty("place", "second");
