@@ -73,7 +73,7 @@ void PLG_Common::onModeChanged(int mode)
     if (!isDialogVisible())
         return;
     m_modelessDialog->modeChanged(mode);
-    if (!isModeAllowed(mode) && m_closeOnForbiddenMode)
+    if (!isModeAllowed(mode) && closesOnForbiddenMode())
         closeDialog();
 }
 

@@ -16,6 +16,7 @@ class TestPlgDialog : public TestBase
 private slots:
     void pageIsTheResourceNamedAfterTheTool();
     void pageIsReadAnewAtEachCall();
+    void pageIsReadAsText();
     void missingPageLeavesOneWarning();
     void emptyNameLooksForTheBareExtension();
     void noDialogWithoutCreate();
@@ -25,11 +26,17 @@ private slots:
     void showOnAVisibleDialogDoesNothing();
     void showRestoresAMinimisedDialog();
     void showPausesAndTakesTheQuickTool();
+    void showHoldsTheLiveViewOnceTheDialogIsSeen();
+    void plainToolLeavesViewAndQuickToolAlone_data();
+    void plainToolLeavesViewAndQuickToolAlone();
+    void dialogWithoutMediatorIsShown();
     void showWithoutDialogDoesNothing();
     void hideLeavesItOpen();
     void closeLeadsToClosed();
     void closeOnAHiddenDialogDoesNothing();
     void closedReleasesViewAndClosesThePlugin();
+    void closedRefreshesTheLiveView();
+    void dialogIsHiddenBeforeThePluginCloses();
     void dialogThatMayNotFinishStays();
     void dialogIsAskedOnceWhetherItMayFinish();
     void pageThatClosesAHiddenDialogClosesNothing();
@@ -39,6 +46,7 @@ private slots:
     void modeGoesToAVisibleDialog();
     void forbiddenModeClosesIt();
     void forbiddenModeLeavesItWhenToldSo();
+    void toolDecidesAnewWhetherAForbiddenModeClosesIt();
     void modeWithoutVisibleDialogDoesNothing();
     void checkKindSixFollowsTheDialog();
     void closeToolOfADialogToolClosesIt();
@@ -51,9 +59,9 @@ namespace {
 class PatternDialog : public GUI_ModelessPatternDialog
 {
 public:
-    explicit PatternDialog(HostServices *host, QWidget *parent = nullptr)
+    PatternDialog(HostServices *host, JS_Mediator_Dialog *mediator, QWidget *parent)
         : GUI_ModelessPatternDialog(host, QStringLiteral("Pattern"), QStringLiteral("about:blank"),
-                                    new JS_Mediator_Dialog(host, QStringLiteral("pattern")), parent)
+                                    mediator, parent)
     {
     }
 
@@ -83,16 +91,45 @@ public:
         ++creations;
         if (fails)
             return nullptr;
-        return new PatternDialog(m_host, dialogParent);
+        auto *bridge =
+            hasMediator ? new JS_Mediator_Dialog(m_host, QStringLiteral("pattern")) : nullptr;
+        return new PatternDialog(m_host, bridge, dialogParent);
     }
     void slotModelessPatternDialogShown() override { ++shownSeen; }
 
     PatternDialog *dialog() { return static_cast<PatternDialog *>(m_modelessDialog.data()); }
 
+    bool closesOnForbiddenMode() override { return closes && ProbeTool::closesOnForbiddenMode(); }
+
     bool fails = false;
+    bool hasMediator = true;
+    bool closes = true;
     int creations = 0;
     int shownSeen = 0;
     QWidget *dialogParent = nullptr;
+};
+
+const QStringList LivePause = {"pauseLive",   "beginExclusiveUpdate", "pauseLiveExclusive",
+                               "suspendView", "resumeView",           "[1].refresh",
+                               "resumeLive"};
+
+// Notes whether the tool's dialog is seen while the host does its part.
+class WatchingHost : public StandInHost
+{
+public:
+    void suspendView(bool flag) override
+    {
+        seen.append(tool->isDialogVisible());
+        StandInHost::suspendView(flag);
+    }
+    void closePluginByName(const QString &name) override
+    {
+        seen.append(tool->isDialogVisible());
+        StandInHost::closePluginByName(name);
+    }
+
+    PLG_Interface *tool = nullptr;
+    QList<bool> seen;
 };
 
 QStringList onlyOf(const QStringList &calls, const QStringList &names)
@@ -126,6 +163,15 @@ void TestPlgDialog::pageIsReadAnewAtEachCall()
     QCOMPARE(tool.pageHtml(), QString());
     tool.m_toolName = QStringLiteral("t_probe");
     QVERIFY(!tool.pageHtml().isEmpty());
+}
+
+void TestPlgDialog::pageIsReadAsText()
+{
+    QFile file(QStringLiteral(":/t_lines.html"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("<p>One</p>\r\n<p>Two</p>\r\n"));
+    ProbeTool tool(QStringLiteral("t_lines"));
+    QCOMPARE(tool.pageHtml(), QStringLiteral("<p>One</p>\n<p>Two</p>\n"));
 }
 
 void TestPlgDialog::missingPageLeavesOneWarning()
@@ -244,6 +290,56 @@ void TestPlgDialog::showPausesAndTakesTheQuickTool()
                           "setQuickTool(\"\")", "setToolState(\"t_probe\", true)"}));
 }
 
+void TestPlgDialog::showHoldsTheLiveViewOnceTheDialogIsSeen()
+{
+    WatchingHost host;
+    host.addCamera();
+    DialogTool tool(&host);
+    host.tool = &tool;
+    tool.m_suspendsView = true;
+    tool.ensureDialog(true);
+    host.clearJournal();
+    tool.showDialog();
+    QCOMPARE(host.seen, QList<bool>({true}));
+    QCOMPARE(onlyOf(host.commands(), LivePause),
+             QStringList(
+                 {"pauseLive(false)", "suspendView(false)", "[1].refresh(true)", "resumeLive()"}));
+}
+
+void TestPlgDialog::plainToolLeavesViewAndQuickToolAlone_data()
+{
+    QTest::addColumn<int>("quickToolMode");
+    QTest::newRow("no quick tool") << 0;
+    QTest::newRow("other quick tool mode") << 2;
+}
+
+void TestPlgDialog::plainToolLeavesViewAndQuickToolAlone()
+{
+    QFETCH(int, quickToolMode);
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.m_quickToolMode = quickToolMode;
+    tool.ensureDialog(true);
+    host.clearJournal();
+    tool.showDialog();
+    QCOMPARE(host.commands(), QStringList());
+    tool.closeDialog();
+    QCOMPARE(host.commands(), QStringList({"deterUpdateUI(true)", "closePluginByName(\"t_probe\")",
+                                           "deterUpdateUI(false)"}));
+}
+
+void TestPlgDialog::dialogWithoutMediatorIsShown()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.hasMediator = false;
+    tool.ensureDialog(true);
+    tool.showDialog();
+    QVERIFY(tool.isDialogVisible());
+    tool.closeDialog();
+    QVERIFY(!tool.isDialogVisible());
+}
+
 void TestPlgDialog::showWithoutDialogDoesNothing()
 {
     StandInHost host;
@@ -303,6 +399,34 @@ void TestPlgDialog::closedReleasesViewAndClosesThePlugin()
              QStringList({"pausePlayback()", "resumeView(false)", "resumePlayback()",
                           "deterUpdateUI(true)", "closePluginByName(\"t_probe\")",
                           "deterUpdateUI(false)"}));
+}
+
+void TestPlgDialog::closedRefreshesTheLiveView()
+{
+    StandInHost host;
+    host.addCamera();
+    DialogTool tool(&host);
+    tool.m_suspendsView = true;
+    tool.ensureDialog(true);
+    tool.showDialog();
+    host.clearJournal();
+    tool.closeDialog();
+    QCOMPARE(onlyOf(host.commands(), LivePause),
+             QStringList(
+                 {"pauseLive(false)", "resumeView(false)", "[1].refresh(true)", "resumeLive()"}));
+}
+
+// What the application asks of the tool while it closes it is answered for a hidden dialog.
+void TestPlgDialog::dialogIsHiddenBeforeThePluginCloses()
+{
+    WatchingHost host;
+    DialogTool tool(&host);
+    host.tool = &tool;
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.slotModelessPatternDialogClosed();
+    QCOMPARE(host.seen, QList<bool>({false}));
+    QVERIFY(!tool.isDialogVisible());
 }
 
 void TestPlgDialog::dialogThatMayNotFinishStays()
@@ -424,6 +548,21 @@ void TestPlgDialog::forbiddenModeLeavesItWhenToldSo()
     tool.showDialog();
     tool.onModeChanged(1);
     QVERIFY(tool.isDialogVisible());
+}
+
+void TestPlgDialog::toolDecidesAnewWhetherAForbiddenModeClosesIt()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.m_allowedModes = 1;
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.closes = false;
+    tool.onModeChanged(1);
+    QVERIFY(tool.isDialogVisible());
+    tool.closes = true;
+    tool.onModeChanged(1);
+    QVERIFY(!tool.isDialogVisible());
 }
 
 void TestPlgDialog::modeWithoutVisibleDialogDoesNothing()
