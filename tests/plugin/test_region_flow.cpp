@@ -63,6 +63,7 @@ private slots:
     void dragGoesOnFromThePress();
     void symmetricDragMirrorsAndRecentres();
     void aspectDragKeepsItsAnchor();
+    void aspectDragKeepsItsOwnMinimum();
     void outsideDragChangesNothing();
     void lockPushesToAll();
     void lockIsNotAskedWhenTheToolKeepsToOne();
@@ -80,6 +81,8 @@ private slots:
     void finishReleasesWhereThePointerWasLast();
     void leaveTakesBackThePointer();
     void failingQuestionLeavesTheMacroClosable();
+    void failingBeginStartsNoDrag();
+    void failingMoveIsNoted();
     void failingEndStillEndsTheDrag();
     void absurdDocumentsDoNoHarm_data();
     void absurdDocumentsDoNoHarm();
@@ -278,6 +281,24 @@ void TestRegionFlow::aspectDragKeepsItsAnchor()
     QCOMPARE(scene.tool.m_anchorCorner, int(AnchorUndecided));
 }
 
+void TestRegionFlow::aspectDragKeepsItsOwnMinimum()
+{
+    // 20x20 becomes 40x20 at an aspect of 0.5, twice as much by the divider.
+    Scene scene;
+    scene.tool.aspectFixed = true;
+    scene.tool.aspect = 0.5;
+    scene.tool.m_minSize = QSize(20, 20);
+    scene.camera->state().usesScaleDivider = true;
+    scene.camera->state().scaleDivider = 2;
+    scene.tool.rect = corners(300, 200, 399, 249);
+    scene.press(399, 225);
+    scene.move(378, 225); // 79 wide, one too few
+    QCOMPARE(scene.tool.rect, corners(300, 200, 399, 249));
+    scene.move(379, 225);
+    QCOMPARE(scene.tool.rect, corners(300, 200, 379, 239));
+    scene.release(379, 225);
+}
+
 void TestRegionFlow::outsideDragChangesNothing()
 {
     Scene scene;
@@ -380,6 +401,8 @@ void TestRegionFlow::crossCursorTakesTheMouse()
              QStringList({"[1].reportCursorPosition((150,140))", "beginUndoMacro(\"\")",
                           "[1].reportCursorPosition((170,150))"}));
     scene.release(170, 150);
+    QCOMPARE(scene.takeCommands(),
+             QStringList({"endUndoMacro()", "[1].notifyChange(1, false)", "updateUI(4, false)"}));
 }
 
 void TestRegionFlow::crossCursorInMidDragHoldsIt()
@@ -546,12 +569,37 @@ void TestRegionFlow::failingQuestionLeavesTheMacroClosable()
     }
 }
 
+void TestRegionFlow::failingBeginStartsNoDrag()
+{
+    Scene scene;
+    scene.host.failOn(QStringLiteral("beginUndoMacro"));
+    QVERIFY_EXCEPTION_THROWN(scene.press(150, 140), StandInFault);
+    QVERIFY(!scene.tool.isDragging());
+    QCOMPARE(scene.tool.pressPosition(), QPoint(0, 0));
+}
+
+// The position is the view's, the document under the pointer is one that could be told so.
+void TestRegionFlow::failingMoveIsNoted()
+{
+    Scene scene;
+    scene.host.failOn(QStringLiteral("mapPoint"));
+    QVERIFY_EXCEPTION_THROWN(scene.move(150, 140), StandInFault);
+    QCOMPARE(scene.tool.lastMousePosition(), QPoint(150, 140));
+    scene.host.clearFaults();
+    scene.host.failOn(QStringLiteral("reportCursorPosition"));
+    QVERIFY_EXCEPTION_THROWN(scene.move(151, 141), StandInFault);
+    QCOMPARE(scene.tool.lastMousePosition(), QPoint(151, 141));
+    QCOMPARE(scene.tool.currentDocId(), -1);
+}
+
 void TestRegionFlow::failingEndStillEndsTheDrag()
 {
     Scene scene;
+    scene.move(150, 140);
     scene.press(150, 140);
     scene.host.failOn(QStringLiteral("endUndoMacro"));
     QVERIFY_EXCEPTION_THROWN(scene.release(150, 140), StandInFault);
+    QCOMPARE(shownPointer(), -1);
     QVERIFY(!scene.tool.isDragging());
     QCOMPARE(scene.tool.m_dragHandle, int(Outside));
     scene.host.endUndoMacro();

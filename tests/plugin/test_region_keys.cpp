@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 
 #include <limits>
+#include <stdexcept>
 
 using namespace RegionGeometry;
 
@@ -48,6 +49,8 @@ private slots:
     void shrinkAtTheMinimumChangesNothing();
     void resizeKeepsSymmetry();
     void resizeKeepsTheAspectOfEachPress();
+    void resizeKeepsTheMinimumOfTheAspect();
+    void failingToolLeavesNoAnchor();
     void rectanglesWithoutSizeAreNotStored();
     void documentThatGoesInBetweenIsNotToldOfIt();
 };
@@ -385,6 +388,36 @@ void TestRegionKeys::resizeKeepsTheAspectOfEachPress()
     // Decided anew by the next press: the bottom edge grows to the right.
     press(tool, Qt::Key_Down, Grow);
     QCOMPARE(tool.rect, corners(180, 90, 419, 209));
+    QCOMPARE(tool.m_anchorCorner, 4);
+}
+
+void TestRegionKeys::resizeKeepsTheMinimumOfTheAspect()
+{
+    // 20x20 becomes 40x20 at an aspect of 0.5.
+    StandInHost host;
+    addPlainCamera(host);
+    RegionTool tool(host);
+    tool.aspectFixed = true;
+    tool.aspect = 0.5;
+    tool.m_minSize = QSize(20, 20);
+    tool.rect = corners(200, 100, 241, 120);
+    press(tool, Qt::Key_Right, Shrink);
+    QCOMPARE(tool.rect, corners(200, 100, 240, 120)); // 41 at 0.5 is 20.5, rounded up
+    press(tool, Qt::Key_Right, Shrink);
+    QCOMPARE(tool.rect, corners(200, 100, 239, 119));
+    press(tool, Qt::Key_Right, Shrink);
+    QCOMPARE(tool.rect, corners(200, 100, 239, 119));
+}
+
+void TestRegionKeys::failingToolLeavesNoAnchor()
+{
+    StandInHost host;
+    addPlainCamera(host);
+    RegionTool tool(host);
+    tool.aspectFixed = true;
+    tool.aspect = 0.5;
+    tool.whenStored = [] { throw std::runtime_error("no room"); };
+    QVERIFY_EXCEPTION_THROWN(press(tool, Qt::Key_Up, Grow), std::runtime_error);
     QCOMPARE(tool.m_anchorCorner, 4);
 }
 
