@@ -5,6 +5,7 @@
 #include "foundation/Keys.h"
 #include "foundation/Theme.h"
 #include "plugin/contract/HostGuard.h"
+#include "plugin/contract/PLG_Interface.h"
 #include "workbench/CameraPanel.h"
 #include "workbench/HostCallPanel.h"
 #include "workbench/LogPanel.h"
@@ -86,6 +87,7 @@ void MainWindow::applyStyle()
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         guarded(&m_host, [&] { Theme::applyNativeStyle(&m_host, dock); });
     m_styles->actions().at(dark ? 1 : 0)->setChecked(true);
+    m_updateTools = true;
     scheduleRefresh(false);
 }
 
@@ -121,6 +123,7 @@ void MainWindow::refresh()
     const bool several = m_views->views().size() > 1;
     m_nextView->setEnabled(several);
     m_previousView->setEnabled(several);
+    updateTools();
     m_tools->refresh();
     m_status->refresh();
     const StandInDocument *current = m_host.document(m_host.currentKey());
@@ -316,7 +319,10 @@ void MainWindow::followHost()
     const auto rebuilt = [this] { scheduleRefresh(true); };
     connect(events, &StandInEvents::documentsChanged, this, rebuilt);
     connect(events, &StandInEvents::modeChanged, this, rebuilt);
-    connect(events, &StandInEvents::currentDocumentChanged, this, changed);
+    connect(events, &StandInEvents::currentDocumentChanged, this, [this] {
+        m_updateTools = true;
+        scheduleRefresh(false);
+    });
     connect(events, &StandInEvents::selectionChanged, this, changed);
     connect(events, &StandInEvents::lockChanged, this, changed);
     connect(events, &StandInEvents::cameraSettingsChanged, this, changed);
@@ -342,6 +348,20 @@ void MainWindow::scheduleRefresh(bool rebuild)
     m_rebuild = m_rebuild || rebuild;
     if (!m_refreshTimer->isActive())
         m_refreshTimer->start();
+}
+
+// Tools draw anew for another current document or style, which the host's own refresh need not
+// follow. While refreshes are held back they wait for the next.
+void MainWindow::updateTools()
+{
+    if (!m_updateTools || m_host.deterrals() > 0)
+        return;
+    m_updateTools = false;
+    const QList<PLG_Interface *> tools = m_host.plugins();
+    for (PLG_Interface *tool : tools) {
+        if (m_host.plugins().contains(tool))
+            guarded(&m_host, [tool] { tool->update(); });
+    }
 }
 
 void MainWindow::showLog()

@@ -65,6 +65,7 @@ private:
     void makePanels();
     void followHost();
     void scheduleRefresh(bool rebuild);
+    void updateTools();
     void showLog();
     void closeCurrent();
     QAction *makeAction(const char *name, const QString &text, const QKeySequence &shortcut);
@@ -107,4 +108,5 @@ private:
 
     QTimer *m_refreshTimer = nullptr;
     bool m_rebuild = false;
+    bool m_updateTools = false;
 };

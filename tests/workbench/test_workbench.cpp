@@ -1,5 +1,5 @@
 #include "foundation/Keys.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "plugin/PLG_Button.h"
 #include "tests/support/TestLog.h"
 #include "workbench/CameraPanel.h"
 #include "workbench/DocumentView.h"
@@ -40,6 +40,23 @@ QStringList labels(const Workbench &workbench)
     return result;
 }
 
+// A tool that counts how often it is told to draw anew.
+class DrawingTool final : public PLG_Button
+{
+public:
+    explicit DrawingTool(const QString &name) { m_toolName = name; }
+
+    void update() override
+    {
+        ++updates;
+        if (failing)
+            throw std::runtime_error("nothing to draw on");
+    }
+
+    int updates = 0;
+    bool failing = false;
+};
+
 QChar mnemonicOf(const QString &text)
 {
     const int at = text.indexOf('&');
@@ -74,6 +91,7 @@ private slots:
     void closesCamerasDownToNone();
     void keepsStyleAndPanels();
     void followsAStyleThatAPageStores();
+    void letsToolsDrawAnew();
     void tellsAnErrorInTheNotice();
     void showsThatTheLivePictureIsHeld();
     void undoesOnAllLockedCameras();
@@ -404,6 +422,44 @@ void TestWorkbench::followsAStyleThatAPageStores()
     QCOMPARE(QApplication::palette(), Look::palette(true));
     workbench.setStyle("light");
     QCOMPARE(QApplication::palette(), Look::palette(false));
+}
+
+// Without a refresh by the host, which a change of the current camera need not bring.
+void TestWorkbench::letsToolsDrawAnew()
+{
+    Workbench workbench(options());
+    workbench.start(options());
+    StandInHost &host = workbench.host();
+    DrawingTool first("t_first");
+    DrawingTool second("t_second");
+    host.addPlugin(&first);
+    host.addPlugin(&second);
+    workbench.window().refresh();
+    first.updates = second.updates = 0;
+
+    first.failing = true;
+    host.makeCurrent(2);
+    host.makeCurrent(1);
+    QTRY_COMPARE(second.updates, 1); // once for what comes together
+    QCOMPARE(first.updates, 1);
+    QCOMPARE(host.handledErrors(), QStringList("nothing to draw on"));
+    first.failing = false;
+    workbench.window().refresh();
+    QCOMPARE(second.updates, 1);
+
+    workbench.setStyle("dark");
+    QTRY_COMPARE(second.updates, 2);
+
+    // Held back, and not forgotten.
+    host.deterUpdateUI(true);
+    host.makeCurrent(2);
+    workbench.window().refresh();
+    QCOMPARE(second.updates, 2);
+    host.deterUpdateUI(false);
+    workbench.window().refresh();
+    QCOMPARE(second.updates, 3);
+    host.removePlugin(&first);
+    host.removePlugin(&second);
 }
 
 void TestWorkbench::tellsAnErrorInTheNotice()
