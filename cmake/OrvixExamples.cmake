@@ -11,5 +11,6 @@ write_basic_package_version_file(
 
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/plugins)
 add_subdirectory(examples/region_tool)
-add_dependencies(orvix-workbench t_region)
+add_subdirectory(examples/note_tool)
+add_dependencies(orvix-workbench t_region t_note)
 unset(CMAKE_LIBRARY_OUTPUT_DIRECTORY)

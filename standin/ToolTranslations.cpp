@@ -25,8 +25,8 @@ struct Label
     const char *text;
 };
 
-// The context is spelled like this in the module's message file.
-const Label Labels[] = {{"t_multilock", "mutlicamera", "Lock Camera"}};
+// The context of the lock tool is spelled like this in the module's message file.
+const Label Labels[] = {{"t_multilock", "mutlicamera", "Lock Camera"}, {"t_note", "note", "Note"}};
 
 QString languageOf(const QString &fileName)
 {

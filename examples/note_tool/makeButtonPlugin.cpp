@@ -1,0 +1,8 @@
+#include "plugin/makeButtonPlugin.h"
+
+#include "PLG_note.h"
+
+PLG_Interface *makeButtonPlugin()
+{
+    return new PLG_note;
+}
