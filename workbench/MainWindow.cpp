@@ -12,6 +12,7 @@
 #include "workbench/Look.h"
 #include "workbench/NoticeBar.h"
 #include "workbench/PagePanel.h"
+#include "workbench/Shortcuts.h"
 #include "workbench/StatusLine.h"
 #include "workbench/ToolBar.h"
 #include "workbench/ToolPanel.h"
@@ -47,6 +48,7 @@ MainWindow::MainWindow(StandInHost &host, LogModel &log)
     auto *toolPanel = new ToolPanel(m_host, this);
     addDockWidget(Qt::LeftDockWidgetArea, toolPanel); // where it has room, whatever else is open
     connect(m_tools, &ToolBar::panelCloseRequested, toolPanel, &ToolPanel::close);
+    new Shortcuts(m_host, this);
     m_host.state().mainWidget = this;
     resize(1280, 800);
     resizeDocks({m_logDock}, {230}, Qt::Vertical);

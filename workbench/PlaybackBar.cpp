@@ -1,5 +1,6 @@
 #include "workbench/PlaybackBar.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -9,13 +10,14 @@
 #include <limits>
 
 PlaybackBar::PlaybackBar(QWidget *parent)
-    : QWidget(parent), m_play(new QToolButton(this)), m_slider(new QSlider(Qt::Horizontal, this)),
-      m_label(new QLabel(this))
+    : QWidget(parent), m_play(new QToolButton(this)), m_toggle(new QAction(this)),
+      m_slider(new QSlider(Qt::Horizontal, this)), m_label(new QLabel(this))
 {
     m_play->setObjectName("play");
     m_play->setCheckable(true);
     m_play->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    m_play->setShortcut(QKeySequence("Ctrl+Space"));
+    m_toggle->setShortcut(QKeySequence("Ctrl+Space"));
+    addAction(m_toggle);
     m_play->setFocusPolicy(Qt::StrongFocus);
     m_slider->setObjectName("frame");
     m_slider->setAccessibleName(tr("Frame"));
@@ -32,6 +34,7 @@ PlaybackBar::PlaybackBar(QWidget *parent)
     connect(m_slider, &QSlider::valueChanged, this,
             [this](int value) { emit frameChosen(quint64(value)); });
     connect(m_play, &QToolButton::clicked, this, &PlaybackBar::playRequested);
+    connect(m_toggle, &QAction::triggered, m_play, [this] { m_play->click(); });
     setPlaying(false);
     setPosition(0, 0);
 }
@@ -56,10 +59,7 @@ bool PlaybackBar::isPlaying() const
 void PlaybackBar::setPlaying(bool playing)
 {
     m_play->setChecked(playing);
-    // The shortcut of a button goes with its text.
-    const QKeySequence shortcut = m_play->shortcut();
     m_play->setText(playing ? tr("Stop") : tr("Play"));
-    m_play->setShortcut(shortcut);
     m_play->setToolTip((playing ? tr("Stop playing") : tr("Play the recording")) + " (" +
-                       shortcut.toString(QKeySequence::NativeText) + ")");
+                       m_toggle->shortcut().toString(QKeySequence::NativeText) + ")");
 }

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QAction;
 class QLabel;
 class QSlider;
 class QToolButton;
@@ -30,6 +31,7 @@ signals:
 
 private:
     QToolButton *m_play;
+    QAction *m_toggle; ///< has the shortcut: that of a button would be its window's alone
     QSlider *m_slider;
     QLabel *m_label;
 };

@@ -16,6 +16,7 @@
 #include "workbench/ViewArea.h"
 #include "workbench/Workbench.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QProcess>
@@ -53,6 +54,14 @@ private slots:
     void keepsWhatCannotBeWritten();
     void tellsATroubleOnceWhileItLasts();
     void failingHostHarmsNothing();
+    void shortcutsWorkInTheDialog();
+    void modalDialogKeepsTheShortcutsAway();
+    void shortcutsStandAsideForTyping_data();
+    void shortcutsStandAsideForTyping();
+    void shortcutsComeBack_data();
+    void shortcutsComeBack();
+    void shortcutsComeBackWithoutWordOfTheFocus_data();
+    void shortcutsComeBackWithoutWordOfTheFocus();
     void goesThroughItsControlsByTab();
     void takesTheStyle();
     void speaksTheLanguageOfTheHost();
@@ -74,6 +83,7 @@ private:
     QString state() const { return PageHand::text(page(), "#state"); }
     bool isTyping() const;
     QString stored(int camera) const;
+    static void pressInFocus(int key, Qt::KeyboardModifiers modifiers);
 
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<Workbench> m_workbench;
@@ -81,6 +91,16 @@ private:
 
 namespace {
 const QString NoCamera = QStringLiteral("There is no camera to write a note for.");
+
+// A window system that says nothing of the focus when a window goes.
+class FocusSwallower : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        return event->type() == QEvent::FocusOut || event->type() == QEvent::WindowDeactivate;
+    }
+};
 
 const QString NotStored = QStringLiteral("This note could not be stored. It is kept here.");
 }
@@ -148,6 +168,11 @@ bool TestNoteTool::isTyping() const
 QString TestNoteTool::stored(int camera) const
 {
     return host().settings().value(QStringLiteral("t_note/text%1").arg(camera), "none").toString();
+}
+
+void TestNoteTool::pressInFocus(int key, Qt::KeyboardModifiers modifiers)
+{
+    TourHand::press(key, modifiers);
 }
 
 void TestNoteTool::showsOneSymbol()
@@ -565,6 +590,127 @@ void TestNoteTool::failingHostHarmsNothing()
     QVERIFY(PageHand::isShown(page(), "#text"));
     QVERIFY(PageHand::type(page(), "?"));
     QCOMPARE(stored(0), QString("kept!?"));
+}
+
+void TestNoteTool::shortcutsWorkInTheDialog()
+{
+    QVERIFY(open());
+    QVERIFY(PageHand::press(page(), Qt::Key_Tab)); // to Close
+    QVERIFY(!isTyping());
+    pressInFocus(Qt::Key_2, Qt::ControlModifier);
+    QCOMPARE(host().mode(), StandInHost::Mode::Memory);
+    auto *play = window().findChild<QAbstractButton *>("play");
+    pressInFocus(Qt::Key_Space, Qt::ControlModifier);
+    QVERIFY(play->isChecked());
+    pressInFocus(Qt::Key_PageDown, Qt::ControlModifier);
+    QTRY_COMPARE(name(), QString("Camera 2"));
+    QVERIFY(dialog()->isActiveWindow());
+    pressInFocus(Qt::Key_BracketRight, Qt::ControlModifier); // turns the picture
+    QCOMPARE(host().cameras().last()->state().quarterTurns, 1);
+}
+
+void TestNoteTool::modalDialogKeepsTheShortcutsAway()
+{
+    QVERIFY(open());
+    QVERIFY(PageHand::press(page(), Qt::Key_Tab));
+    QDialog modal(&window());
+    modal.setModal(true);
+    modal.show();
+    QVERIFY(QTest::qWaitForWindowActive(&modal));
+    pressInFocus(Qt::Key_2, Qt::ControlModifier);
+    QCOMPARE(host().mode(), StandInHost::Mode::Live);
+}
+
+void TestNoteTool::shortcutsStandAsideForTyping_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("memory mode") << int(Qt::Key_2);
+    QTest::newRow("add a camera") << int(Qt::Key_N);
+    QTest::newRow("close the camera") << int(Qt::Key_W);
+    QTest::newRow("next picture") << int(Qt::Key_PageDown);
+    QTest::newRow("turn the picture") << int(Qt::Key_BracketRight);
+}
+
+void TestNoteTool::shortcutsStandAsideForTyping()
+{
+    QFETCH(int, key);
+    QVERIFY(open());
+    QVERIFY(isTyping());
+    QVERIFY(PageHand::type(page(), "note"));
+    pressInFocus(key, Qt::ControlModifier);
+    QCOMPARE(host().mode(), StandInHost::Mode::Live);
+    QCOMPARE(host().cameras().size(), 2);
+    QCOMPARE(host().currentKey(), DOCKEY(1));
+    QCOMPARE(host().cameras().first()->state().quarterTurns, 0);
+    QCOMPARE(note(), QString("note"));
+    QVERIFY(PageHand::read(page(), "JSON.parse(note.getControlStatus())"
+                                   ".IsModalessDialogTextFocussing")
+                .toBool());
+
+    QVERIFY(PageHand::press(page(), Qt::Key_Tab));
+    QVERIFY(!isTyping());
+    pressInFocus(Qt::Key_2, Qt::ControlModifier);
+    QCOMPARE(host().mode(), StandInHost::Mode::Memory);
+}
+
+void TestNoteTool::shortcutsComeBack_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"frame", "page", "button", "hidden", "mode", "unloaded", "main window"})
+        QTest::newRow(way) << way;
+}
+
+// However the text box goes in mid-typing, the keys are the main window's again.
+void TestNoteTool::shortcutsComeBack()
+{
+    QFETCH(QString, way);
+    QVERIFY(open());
+    QVERIFY(PageHand::type(page(), "note"));
+    QVERIFY(isTyping());
+    if (way == "frame")
+        dialog()->close();
+    else if (way == "page")
+        PageHand::read(page(), "note.reject()");
+    else if (way == "button")
+        button()->trigger();
+    else if (way == "hidden")
+        tool()->hideDialog();
+    else if (way == "mode")
+        host().setMode(StandInHost::Mode::File);
+    else if (way == "unloaded")
+        m_workbench->unloadTool(tool());
+    if (way != "main window")
+        QVERIFY(!isTyping());
+    window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window()));
+    QTRY_VERIFY(!isTyping());
+    TourHand::press(Qt::Key_2, Qt::ControlModifier, &window());
+    QCOMPARE(host().mode(), StandInHost::Mode::Memory);
+}
+
+void TestNoteTool::shortcutsComeBackWithoutWordOfTheFocus_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"closed", "hidden", "deleted"})
+        QTest::newRow(way) << way;
+}
+
+void TestNoteTool::shortcutsComeBackWithoutWordOfTheFocus()
+{
+    QFETCH(QString, way);
+    FocusSwallower swallower;
+    QVERIFY(tool()->ensureDialog(true));
+    tool()->showDialog(); // the host takes it for closed, and does not close it before its end
+    QVERIFY(QTest::qWaitForWindowActive(dialog()));
+    QTRY_VERIFY(isTyping());
+    page()->installEventFilter(&swallower);
+    if (way == "closed")
+        tool()->closeDialog();
+    else if (way == "hidden")
+        tool()->hideDialog();
+    else
+        m_workbench->unloadTool(tool());
+    QVERIFY(!isTyping());
 }
 
 void TestNoteTool::goesThroughItsControlsByTab()
