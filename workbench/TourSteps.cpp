@@ -63,6 +63,7 @@ void TourSteps::walk()
     reloadsTheViews();
     changesPreferences();
     showsAboutAndEthernet();
+    writesNotes();
     writesASupportFile();
     turnsDark();
     showsDarkPages();

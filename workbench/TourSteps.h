@@ -7,6 +7,7 @@
 #include <functional>
 
 class DocumentView;
+class GUI_ModelessPatternDialog;
 class GUI_WebView;
 class MainWindow;
 class PLG_Interface;
@@ -99,6 +100,19 @@ private:
     void showsAboutAndEthernet();
     void writesASupportFile();
     void showsDarkPages();
+
+    // TourStepsNote.cpp: a tool with a dialog beside the window.
+    PLG_Interface *noteTool() const;
+    GUI_ModelessPatternDialog *noteDialog() const;
+    GUI_WebView *notePage() const;
+    bool openNote();
+    void closeNote();
+    void activateNote();
+    void typeNote(const QString &text);
+    void chooseNote(int index, const QString &note);
+    void addNotePicture(const QString &suffix);
+    void writesNotes();
+    void showsNoNote();
 
     // TourStepsWindow.cpp: tools that fail, log, style.
     void reportsABrokenTool();

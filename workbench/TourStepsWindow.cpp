@@ -121,6 +121,7 @@ void TourSteps::showsNoCamera()
         const QAction *button = lockAction();
         check(button && !button->isChecked(),
               "without a document the button is up, though the lock is on");
+        showsNoNote();
     });
 }
 
