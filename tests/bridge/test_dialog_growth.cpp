@@ -5,18 +5,14 @@
 #include "device/JS_Mediator_SelectBox.h"
 #include "plugin/PLG_Common.h"
 #include "tests/bridge/support/DialogPage.h"
+#include "tests/support/ObjectCount.h"
 #include "tests/support/TestLog.h"
 
 #include <QTimer>
-#include <QWebSettings>
 
-#include <atomic>
 #include <functional>
 
 // Dialogs that are opened and closed a hundred times leave nothing behind.
-
-// The toolkit tells of each object that is made and that goes, for tools that look into a process.
-extern Q_CORE_EXPORT quintptr qtHookData[];
 
 using Cycle = std::function<void(StandInHost &)>;
 Q_DECLARE_METATYPE(Cycle)
@@ -35,46 +31,6 @@ namespace {
 
 constexpr int Warming = 10;
 constexpr int Openings = 100;
-
-constexpr int HookForNew = 3;
-constexpr int HookForGone = 4;
-
-std::atomic<int> liveObjects{0};
-
-void countNew(QObject *)
-{
-    ++liveObjects;
-}
-
-void countGone(QObject *)
-{
-    --liveObjects;
-}
-
-/// Counts the objects that are made and not gone while it lives.
-struct ObjectCount
-{
-    ObjectCount()
-    {
-        liveObjects = 0;
-        qtHookData[HookForNew] = reinterpret_cast<quintptr>(&countNew);
-        qtHookData[HookForGone] = reinterpret_cast<quintptr>(&countGone);
-    }
-    ~ObjectCount()
-    {
-        qtHookData[HookForNew] = 0;
-        qtHookData[HookForGone] = 0;
-    }
-};
-
-void settle()
-{
-    for (int i = 0; i < 3; ++i) {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    QWebSettings::clearMemoryCaches();
-}
 
 const QString Calls = QStringLiteral("qrc:/pages/calls.html");
 const QString Connect = QStringLiteral(
@@ -195,16 +151,16 @@ void TestDialogGrowth::nothingGrows()
     host.setJournalEnabled(false);
     for (int i = 0; i < Warming; ++i)
         cycle(host);
-    settle();
+    ObjectCount::settle();
     const int widgets = QApplication::allWidgets().size();
     const int windows = QGuiApplication::allWindows().size();
     ObjectCount count;
     for (int i = 0; i < Openings; ++i)
         cycle(host);
-    settle();
+    ObjectCount::settle();
     QCOMPARE(QApplication::allWidgets().size(), widgets);
     QCOMPARE(QGuiApplication::allWindows().size(), windows);
-    QCOMPARE(liveObjects.load(), 0);
+    QCOMPARE(count.live(), 0);
     QCOMPARE(host.deterrals(), 0);
     QCOMPARE(host.state().openDialogs, 0);
 }
@@ -213,9 +169,9 @@ void TestDialogGrowth::countNoticesALostObject()
 {
     ObjectCount count;
     auto lost = std::make_unique<QObject>();
-    QCOMPARE(liveObjects.load(), 1);
+    QCOMPARE(count.live(), 1);
     lost.reset();
-    QCOMPARE(liveObjects.load(), 0);
+    QCOMPARE(count.live(), 0);
 }
 
 int main(int argc, char **argv)

@@ -1,0 +1,160 @@
+#include "bridge/GUI_ModelessPatternDialog.h"
+#include "bridge/GUI_WebView.h"
+#include "bridge/GUI_WebViewDialog.h"
+#include "plugin/contract/PLG_Interface.h"
+#include "tests/support/ObjectCount.h"
+#include "tests/support/TestLog.h"
+#include "workbench/MainWindow.h"
+#include "workbench/Options.h"
+#include "workbench/PageHand.h"
+#include "workbench/ToolBar.h"
+#include "workbench/ViewArea.h"
+#include "workbench/Workbench.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <functional>
+
+using Cycle = std::function<void(Workbench &)>;
+Q_DECLARE_METATYPE(Cycle)
+
+// The dialogs of the workbench, opened and closed a hundred times, leave nothing behind.
+class TestWindowGrowth : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void nothingGrows_data();
+    void nothingGrows();
+};
+
+namespace {
+
+constexpr int Warming = 10;
+constexpr int Openings = 100;
+constexpr int FadeIn = 700; // milliseconds that an animation may live, with some to spare
+
+bool isDrawn(GUI_WebView *view)
+{
+    return PageHand::read(view, "document.readyState === 'complete' && "
+                                "document.getElementsByTagName('button').length > 0")
+        .toBool();
+}
+
+// Runs a command that opens a modal dialog, which is closed by the button in its page, or by its
+// frame.
+void visit(Workbench &workbench, const char *action, const QString &closing)
+{
+    bool visited = false;
+    QTimer::singleShot(0, &workbench, [&] {
+        auto *dialog = dynamic_cast<GUI_WebViewDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !QTest::qWaitFor([&] { return isDrawn(dialog->webView()); }))
+            return;
+        visited = true;
+        if (closing.isEmpty())
+            dialog->close();
+        else
+            PageHand::read(dialog->webView(), "document.getElementById('" + closing + "').click()");
+    });
+    workbench.window().findChild<QAction *>(action)->trigger();
+    QVERIFY(visited);
+}
+
+PLG_Interface *noteTool(Workbench &workbench)
+{
+    return workbench.loader().tools().value(0);
+}
+
+// With text in the box, so that a refresh and a setting follow.
+void openNote(Workbench &workbench)
+{
+    PLG_Interface *tool = noteTool(workbench);
+    workbench.window().tools()->action(tool)->trigger();
+    QVERIFY(tool->isDialogVisible());
+    GUI_WebView *page = tool->ensureDialog(false)->webView();
+    QVERIFY(QTest::qWaitFor([&] { return isDrawn(page); }));
+    PageHand::read(page, "text.value = 'x'; text.dispatchEvent(new Event('input'))");
+    QCOMPARE(workbench.host().settings().value("t_note/text0", QVariant()), QVariant("x"));
+}
+
+}
+
+void TestWindowGrowth::nothingGrows_data()
+{
+    QTest::addColumn<Cycle>("cycle");
+    const auto row = [](const char *name, const char *action, const char *closing) {
+        QTest::newRow(name) << Cycle(
+            [action, closing](Workbench &workbench) { visit(workbench, action, closing); });
+    };
+    row("preferences", "prefs", "close");
+    row("preferences, closed by the frame", "prefs", "");
+    row("about", "about", "close");
+    row("Ethernet settings", "ethernet", "ok");
+    QTest::newRow("note, closed by the button") << Cycle([](Workbench &workbench) {
+        openNote(workbench);
+        workbench.window().tools()->action(noteTool(workbench))->trigger();
+        QVERIFY(!noteTool(workbench)->isDialogVisible());
+    });
+    QTest::newRow("note, closed by its page") << Cycle([](Workbench &workbench) {
+        openNote(workbench);
+        PageHand::read(noteTool(workbench)->ensureDialog(false)->webView(),
+                       "document.getElementById('close').click()");
+        QVERIFY(!noteTool(workbench)->isDialogVisible());
+        workbench.window().refresh(); // the button
+    });
+    QTest::newRow("note, unloaded while it is shown") << Cycle([](Workbench &workbench) {
+        openNote(workbench);
+        workbench.unloadTool(noteTool(workbench));
+        workbench.loadTools(PLUGIN_FOLDER);
+    });
+}
+
+void TestWindowGrowth::nothingGrows()
+{
+    QFETCH(Cycle, cycle);
+    QTemporaryDir dir;
+    LogCapture log;
+    Options options;
+    options.settingsFile = dir.filePath("settings.ini");
+    options.pluginFolder = PLUGIN_FOLDER;
+    options.cameras = 1;
+    Workbench workbench(options);
+    workbench.host().setJournalEnabled(false);
+    workbench.start(options);
+    workbench.window().show();
+    workbench.window().views()->setRunning(false);
+    QVERIFY(QTest::qWaitFor([&] { return workbench.window().views()->isVisible(); }));
+    for (int i = 0; i < Warming; ++i) {
+        cycle(workbench);
+        if (QTest::currentTestFailed())
+            return;
+    }
+    QTest::qWait(FadeIn);
+    ObjectCount::settle();
+    const int widgets = QApplication::allWidgets().size();
+    const int windows = QGuiApplication::allWindows().size();
+    const ObjectCount count;
+    for (int i = 0; i < Openings; ++i)
+        cycle(workbench);
+    QTest::qWait(FadeIn);
+    ObjectCount::settle();
+    QCOMPARE(count.live(), 0);
+    QCOMPARE(QApplication::allWidgets().size(), widgets);
+    QCOMPARE(QGuiApplication::allWindows().size(), windows);
+    QCOMPARE(workbench.host().deterrals(), 0);
+    QCOMPARE(workbench.host().state().openDialogs, 0);
+    QVERIFY(!workbench.host().state().isModalDialogOpen);
+    QVERIFY(!workbench.host().state().textBoxFocus);
+    QCOMPARE(workbench.host().handledErrors(), QStringList());
+}
+
+int main(int argc, char **argv)
+{
+    TestWindowGrowth test;
+    return runTest(argc, argv, test);
+}
+
+#include "test_window_growth.moc"
