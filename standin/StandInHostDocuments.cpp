@@ -1,3 +1,4 @@
+#include "plugin/contract/HostGuard.h"
 #include "plugin/contract/PLG_Interface.h"
 #include "standin/StandInHost.h"
 
@@ -30,7 +31,7 @@ StandInCamera *StandInHost::addCamera(const StandInCamera::Description &descript
         camera->setLockedTogether(true);
     StandInCamera *added = addDocument(std::move(camera));
     if (m_readOutTool)
-        m_readOutTool->setRegion(added, added->sensorRegion(), false);
+        guarded(this, [&] { m_readOutTool->setRegion(added, added->sensorRegion(), false); });
     return added;
 }
 

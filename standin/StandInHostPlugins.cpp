@@ -1,6 +1,7 @@
 #include "standin/StandInHost.h"
 
 #include "bridge/JS_Mediator_Plugin.h"
+#include "plugin/contract/HostGuard.h"
 #include "plugin/contract/PLG_Interface.h"
 
 #include <QScopeGuard>
@@ -111,6 +112,9 @@ void StandInHost::openPlugin(PLG_Interface *plugin)
 {
     if (!plugin || plugin == m_currentPlugin)
         return;
+    // A tool that fails to open is not open: the next attempt is a new one.
+    auto failed =
+        qScopeGuard([this, plugin] { guarded(this, [&] { leavePlugin(plugin, true); }); });
     if (plugin->hasPanel()) {
         if (m_currentPlugin)
             leavePlugin(m_currentPlugin, true);
@@ -125,6 +129,7 @@ void StandInHost::openPlugin(PLG_Interface *plugin)
             plugin->ensureDialog(true);
         plugin->showDialog();
     }
+    failed.dismiss();
     emit m_events.pluginsChanged();
 }
 

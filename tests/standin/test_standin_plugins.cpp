@@ -8,6 +8,8 @@
 #include <QResource>
 #include <QSignalSpy>
 
+#include <stdexcept>
+
 namespace {
 
 /// A tool that notes what the host does with it.
@@ -34,6 +36,8 @@ public:
     {
         notes.append("activate");
         PLG_Common::activate();
+        if (failing)
+            throw std::runtime_error("the tool is out of order");
     }
     void deactivate() override
     {
@@ -57,6 +61,7 @@ public:
     }
 
     QStringList notes;
+    bool failing = false;
 };
 
 /// A tool that is on while its dialog is shown.
@@ -89,6 +94,8 @@ private slots:
     void opensAButtonTool();
     void opensADialogTool();
     void unknownNameOpensNothing();
+    void toolThatFailsToOpenIsNotOpen_data();
+    void toolThatFailsToOpenIsNotOpen();
     void anotherPanelClosesTheFirst();
     void closesTheCurrentOne();
     void closesByName();
@@ -217,6 +224,39 @@ void TestStandInPlugins::unknownNameOpensNothing()
     host.closeCurrentPlugin();
     host.returnFromPlugin();
     QCOMPARE(host.currentPlugin(), nullptr);
+}
+
+void TestStandInPlugins::toolThatFailsToOpenIsNotOpen_data()
+{
+    QTest::addColumn<bool>("panel");
+    QTest::addColumn<QStringList>("left");
+    QTest::newRow("panel") << true << QStringList({"closeTool", "onClosed"});
+    QTest::newRow("button") << false << QStringList({"closeTool", "deactivate"});
+}
+
+void TestStandInPlugins::toolThatFailsToOpenIsNotOpen()
+{
+    QFETCH(bool, panel);
+    QFETCH(QStringList, left);
+    StandInHost host;
+    NotingTool tool("lut", panel);
+    tool.setTransaction(2);
+    host.addPlugin(&tool);
+    tool.notes.clear();
+    tool.failing = true;
+    QVERIFY_EXCEPTION_THROWN(host.openPluginByName("lut"), std::runtime_error);
+    QCOMPARE(tool.notes, QStringList("activate") + left);
+    QVERIFY(!host.isPluginOpen(&tool));
+    QCOMPARE(host.currentPlugin(), nullptr);
+    QVERIFY(!host.isTransactionOpen("lut"));
+    QCOMPARE(host.handledErrors(), QStringList()); // whoever opens it hears of it
+
+    tool.failing = false;
+    tool.notes.clear();
+    host.openPluginByName("lut");
+    QCOMPARE(tool.notes, QStringList("activate"));
+    QVERIFY(host.isPluginOpen(&tool));
+    QCOMPARE(host.isTransactionOpen("lut"), panel);
 }
 
 void TestStandInPlugins::anotherPanelClosesTheFirst()

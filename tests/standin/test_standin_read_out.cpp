@@ -33,6 +33,8 @@ public:
 
     void setRegion(DOC_Interface *doc, const QRect &rect, bool fromUser) override
     {
+        if (failing)
+            throw std::runtime_error("the tool is out of order");
         regions.insert(doc, rect);
         told.append(fromUser);
     }
@@ -53,12 +55,16 @@ private slots:
     void init();
     void cleanup();
     void toolBeginsWithWhatTheCamerasRead();
+    void picturesAreToldToChange();
     void otherToolsEditNoReadOut();
     void cameraReadsTheRegionWhenItIsSentItsSettings();
     void regionIsFittedToTheCamera();
     void lockedCamerasReadTheirOwnRegions();
     void dividedPictureLandsOnTheWholeSensor();
+    void binningThatIsOffDividesNothing();
     void failingToolLeavesTheRegion();
+    void toolThatFailsAtItsBeginEditsNothing();
+    void cameraComesWhileTheToolFails();
     void toolThatFailsAtItsEndLeavesThePictures();
     void toolThatIsDeletedLeavesThePictures();
 
@@ -105,6 +111,24 @@ void TestStandInReadOut::toolBeginsWithWhatTheCamerasRead()
     m_host->closePluginByName("t_region");
     QVERIFY(!m_host->isReadOutEdited());
     QCOMPARE(m_first->imageSize(), QSize(640, 480));
+    m_host->removePlugin(&tool);
+}
+
+// Views draw anew, and find the picture as it is then.
+void TestStandInReadOut::picturesAreToldToChange()
+{
+    RegionTool tool;
+    m_host->addPlugin(&tool);
+    QHash<DOCKEY, QSize> pictures;
+    connect(m_host->events(), &StandInEvents::cameraSettingsChanged, this,
+            [&](DOCKEY key) { pictures.insert(key, m_host->camera(key)->pictureSize()); });
+    const auto all = [this](const QSize &size) {
+        return QHash<DOCKEY, QSize>{{m_first->key(), size}, {m_second->key(), size}};
+    };
+    m_host->openPluginByName("t_region");
+    QCOMPARE(pictures, all({1024, 1024}));
+    m_host->closePluginByName("t_region");
+    QCOMPARE(pictures, all({640, 480}));
     m_host->removePlugin(&tool);
 }
 
@@ -169,16 +193,20 @@ void TestStandInReadOut::lockedCamerasReadTheirOwnRegions()
     RegionTool tool;
     m_host->addPlugin(&tool);
     m_second->setShutterSpeed(2000);
+    m_second->setRecordRate(500);
     m_host->setTrelvikLock(true);
     m_host->clearUndoStack();
     m_host->openPluginByName("t_region");
     tool.regions.insert(m_first, QRect(10, 20, 300, 200));
     tool.regions.insert(m_second, QRect(30, 40, 300, 200));
+    const int sent = m_second->sendCount();
     m_host->updateUI(1, false);
     QCOMPARE(m_first->deviceSettings().region, QRect(10, 20, 300, 200));
     QCOMPARE(m_second->deviceSettings().region, QRect(30, 40, 300, 200));
+    QCOMPARE(m_second->sendCount(), sent + 1);
     QCOMPARE(m_second->deviceSettings().shutterSpeed, 2000u); // set before, and not by the tool
-    QCOMPARE(m_host->undoSteps()->count(), 0);                // the tool has its own steps
+    QCOMPARE(m_second->deviceSettings().recordRate, 500u);
+    QCOMPARE(m_host->undoSteps()->count(), 0); // the tool has its own steps
 
     // What else is set goes to all of them, and leaves the regions.
     CameraSettings edited = m_first->settings();
@@ -186,7 +214,13 @@ void TestStandInReadOut::lockedCamerasReadTheirOwnRegions()
     m_first->editSettings(edited);
     m_host->updateUI(1, false);
     QCOMPARE(m_second->deviceSettings().shutterSpeed, 4000u);
+    QCOMPARE(m_second->deviceSettings().recordRate, 500u);
     QCOMPARE(m_second->deviceSettings().region, QRect(30, 40, 300, 200));
+    edited.recordRate = 2000;
+    m_first->editSettings(edited);
+    m_host->updateUI(1, false);
+    QCOMPARE(m_second->deviceSettings().recordRate, 2000u);
+    QCOMPARE(m_second->deviceSettings().shutterSpeed, 4000u);
     m_host->removePlugin(&tool);
 }
 
@@ -210,6 +244,18 @@ void TestStandInReadOut::dividedPictureLandsOnTheWholeSensor()
     m_host->removePlugin(&tool);
 }
 
+void TestStandInReadOut::binningThatIsOffDividesNothing()
+{
+    m_first->setBinningLevel(1);
+    RegionTool tool;
+    m_host->addPlugin(&tool);
+    m_host->openPluginByName("t_region");
+    tool.regions.insert(m_first, QRect(9, 18, 301, 201));
+    m_first->notifyChange(1, false);
+    QCOMPARE(m_first->deviceSettings().region, QRect(9, 18, 301, 201));
+    m_host->removePlugin(&tool);
+}
+
 void TestStandInReadOut::failingToolLeavesTheRegion()
 {
     RegionTool tool;
@@ -218,6 +264,33 @@ void TestStandInReadOut::failingToolLeavesTheRegion()
     tool.failing = true;
     m_first->notifyChange(1, false);
     QCOMPARE(m_first->deviceSettings().region, QRect(100, 200, 640, 480));
+    QCOMPARE(m_host->handledErrors(), QStringList("the tool is out of order"));
+    tool.failing = false;
+    m_host->removePlugin(&tool);
+}
+
+void TestStandInReadOut::toolThatFailsAtItsBeginEditsNothing()
+{
+    RegionTool tool;
+    m_host->addPlugin(&tool);
+    tool.failing = true;
+    QVERIFY_EXCEPTION_THROWN(m_host->openPluginByName("t_region"), std::runtime_error);
+    QVERIFY(!m_host->isReadOutEdited());
+    QCOMPARE(m_first->pictureSize(), QSize(640, 480));
+    tool.failing = false;
+    m_host->openPluginByName("t_region");
+    QVERIFY(m_host->isReadOutEdited());
+    m_host->removePlugin(&tool);
+}
+
+void TestStandInReadOut::cameraComesWhileTheToolFails()
+{
+    RegionTool tool;
+    m_host->addPlugin(&tool);
+    m_host->openPluginByName("t_region");
+    tool.failing = true;
+    StandInCamera *third = m_host->addCamera();
+    QVERIFY(third);
     QCOMPARE(m_host->handledErrors(), QStringList("the tool is out of order"));
     tool.failing = false;
     m_host->removePlugin(&tool);
