@@ -32,6 +32,29 @@ QRect scaledTo(const QRect &rect, const QSize &from, const QSize &to)
     return QRect(first, result.size().expandedTo(QSize(1, 1)));
 }
 
+// The base counts in the picture as it is turned in its view, the panel in image pixels.
+QVariantMap turnedBack(const QVariantMap &turned)
+{
+    QVariantMap info = turned;
+    const auto swapped = [&](const QString &across, const QString &down) {
+        info[across] = turned.value(down);
+        info[down] = turned.value(across);
+    };
+    for (const char *kind : {"", "Min", "Max", "Step"}) {
+        swapped(QLatin1String("Width") + QLatin1String(kind),
+                QLatin1String("Height") + QLatin1String(kind));
+        swapped(QLatin1String("PosX") + QLatin1String(kind),
+                QLatin1String("PosY") + QLatin1String(kind));
+    }
+    swapped(QLatin1String("CurrentWidth"), QLatin1String("CurrentHeight"));
+    info[QLatin1String("AspectRatio")] =
+        1.0 / turned.value(QLatin1String("AspectRatio")).toDouble();
+    const QString zoomed = turned.value(QLatin1String("ZoomResolution")).toString();
+    info[QLatin1String("ZoomResolution")] = zoomed.section(QLatin1Char(','), 1) + QLatin1Char(',') +
+                                            zoomed.section(QLatin1Char(','), 0, 0);
+    return info;
+}
+
 }
 
 PLG_region::PLG_region()
@@ -199,11 +222,14 @@ QVariantMap PLG_region::panelInfo()
     DOC_Interface *doc = m_host->currentDocument();
     if (!doc || !editsRegion(doc))
         return QVariantMap();
-    // The panel counts in image pixels, however the picture is turned in its view.
-    const QSize picture = doc->imageSize();
-    return regionInfo(doc, doc->isTransposed() ? picture.transposed() : picture, region(doc),
-                      m_options.fixAspect, m_options.originalAspect, m_options.aspect,
-                      qRound(doc->viewScale(true) * 100.0f));
+    const bool turned = doc->isTransposed();
+    const QRect rect = region(doc);
+    const QVariantMap info = regionInfo(
+        doc, doc->imageSize(),
+        turned ? QRect(rect.y(), rect.x(), rect.height(), rect.width()) : rect, m_options.fixAspect,
+        m_options.originalAspect, turned ? 1.0 / m_options.aspect : m_options.aspect,
+        qRound(doc->viewScale(true) * 100.0f));
+    return turned ? turnedBack(info) : info;
 }
 
 void PLG_region::editValue(const QString &name, int value)

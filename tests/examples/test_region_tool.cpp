@@ -58,6 +58,8 @@ private slots:
     void staysOnOneCameraWhenToldTo();
     void cameraThatGoesInMidDragEndsIt();
     void panelShowsAndSetsTheRegion();
+    void panelCountsInImagePixelsWhenThePictureIsTurned_data();
+    void panelCountsInImagePixelsWhenThePictureIsTurned();
     void cancelTakesBackAndLeaves();
     void resetTakesBackAndStays();
     void appliedRegionSurvivesCancel();
@@ -627,6 +629,53 @@ void TestRegionTool::panelShowsAndSetsTheRegion()
              QString("Camera 1"));
     QCOMPARE(evaluate("document.getElementById('zoom').textContent").toString(),
              QStringLiteral("100 %1 120 (100 %)").arg(QChar(0xd7)));
+}
+
+void TestRegionTool::panelCountsInImagePixelsWhenThePictureIsTurned_data()
+{
+    QTest::addColumn<int>("quarterTurns");
+    for (int turns = 0; turns < 4; ++turns)
+        QTest::newRow(qPrintable(QString::number(turns * 90))) << turns;
+}
+
+void TestRegionTool::panelCountsInImagePixelsWhenThePictureIsTurned()
+{
+    QFETCH(int, quarterTurns);
+    open();
+    QVERIFY(waitForPanel());
+    QVERIFY(setOption("minWidth", 60));
+    QVERIFY(setOption("minHeight", 20));
+    setRegion(0, corners(80, 60, 179, 89));
+    camera(0)->setQuarterTurns(quarterTurns);
+    tool()->update();
+    const auto value = [this](const char *id) {
+        return evaluate(QStringLiteral("document.getElementById('%1').value").arg(id)).toString();
+    };
+    const auto text = [this](const char *id) {
+        return evaluate(QStringLiteral("document.getElementById('%1').textContent").arg(id))
+            .toString();
+    };
+    const auto range = [](int low, int high) {
+        return QStringLiteral("%1 %2 %3").arg(low).arg(QChar(0x2013)).arg(high);
+    };
+    QCOMPARE(value("Width"), QString("100"));
+    QCOMPARE(value("Height"), QString("30"));
+    QCOMPARE(value("PosX"), QString("80"));
+    QCOMPARE(value("PosY"), QString("60"));
+    QCOMPARE(text("WidthRange"), range(60, 240));
+    QCOMPARE(text("HeightRange"), range(20, 180));
+    QCOMPARE(text("PosXRange"), range(0, 220));
+    QCOMPARE(text("PosYRange"), range(0, 210));
+    QCOMPARE(text("zoom"), QStringLiteral("100 %1 30 (100 %)").arg(QChar(0xd7)));
+
+    // At an aspect of 0.5 the 240 pixels to the right take 120 of the 180 below.
+    QVERIFY(setOption("aspect", 0.5));
+    QVERIFY(setOption("fixAspect", true));
+    setRegion(0, corners(80, 60, 199, 119));
+    tool()->update();
+    QCOMPARE(text("aspect"), QString("0.5000"));
+    QCOMPARE(text("WidthRange"), range(120, 240)); // 60 / 0.5
+    QCOMPARE(text("HeightRange"), range(20, 120));
 }
 
 void TestRegionTool::cancelTakesBackAndLeaves()
