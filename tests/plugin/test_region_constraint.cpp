@@ -821,6 +821,9 @@ void TestRegionConstraint::limitsComeFromToolAndDocument()
     tool.aspect = 0.5;
     QCOMPARE(constrainedBy(BottomRight, corners(100, 100, 199, 199)), corners(100, 100, 299, 199));
     QCOMPARE(tool.m_anchorCorner, int(AnchorTopLeft));
+    QRect byArgument = corners(100, 100, 199, 199); // the aspect that is given counts
+    tool.constrainRegion(camera, BottomRight, 1.0, byArgument, byArgument);
+    QCOMPARE(byArgument, corners(100, 100, 199, 199));
 }
 
 void TestRegionConstraint::fullImageIsAskedForSymmetryAlone()
