@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <functional>
 
 // The family of mediators, and the dialog that stands beside the main window.
 
@@ -37,6 +38,9 @@ private slots:
     void failureInMayFinishKeepsIt();
     void failureOfAListenerGoesToTheHost();
     void listenerMayDeleteIt();
+    void listenerMayCloseItAgain();
+    void questionMayCloseItAgain();
+    void shownIsToldOfShowingAlone();
     void hidingIsNotClosing();
     void defaultsLetItGo();
 };
@@ -110,11 +114,14 @@ public:
     {
         if (fails)
             throw std::runtime_error("no answer");
+        if (whenAsked)
+            whenAsked();
         return finishes;
     }
 
     bool finishes = true;
     bool fails = false;
+    std::function<void()> whenAsked;
 };
 
 /// A host with a shown modeless dialog.
@@ -442,6 +449,45 @@ void TestModelessDialog::listenerMayDeleteIt()
     connect(shown.dialog, &GUI_ModelessPatternDialog::closed, this, [&] { delete shown.dialog; });
     shown.dialog->close();
     QVERIFY(!shown.dialog);
+}
+
+void TestModelessDialog::listenerMayCloseItAgain()
+{
+    Shown shown;
+    QSignalSpy closedTold(shown.dialog, &GUI_ModelessPatternDialog::closed);
+    connect(shown.dialog, &GUI_ModelessPatternDialog::closed, this, [&] {
+        if (closedTold.count() < 5)
+            shown.dialog->reject();
+    });
+    shown.dialog->reject();
+    QCOMPARE(closedTold.count(), 1);
+    QVERIFY(!shown.dialog->isVisible());
+}
+
+// The user closes it once more while it asks.
+void TestModelessDialog::questionMayCloseItAgain()
+{
+    Shown shown;
+    QSignalSpy closedTold(shown.dialog, &GUI_ModelessPatternDialog::closed);
+    int questions = 0;
+    shown.dialog->whenAsked = [&] {
+        if (++questions < 5)
+            shown.dialog->reject();
+    };
+    shown.dialog->reject();
+    QCOMPARE(questions, 1);
+    QCOMPARE(closedTold.count(), 1);
+}
+
+// A window that comes back from the task bar was not opened.
+void TestModelessDialog::shownIsToldOfShowingAlone()
+{
+    Shown shown;
+    QSignalSpy shownTold(shown.dialog, &GUI_ModelessPatternDialog::shown);
+    QShowEvent back;
+    QSpontaneKeyEvent::setSpontaneous(&back);
+    static_cast<QObject *>(shown.dialog)->event(&back);
+    QCOMPARE(shownTold.count(), 0);
 }
 
 void TestModelessDialog::hidingIsNotClosing()
