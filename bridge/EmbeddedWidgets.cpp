@@ -1,6 +1,6 @@
 #include "bridge/EmbeddedWidgets.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QWebElement>
 #include <QWebFrame>
@@ -66,6 +66,8 @@ void EmbeddedWidgets::add(QWidget *widget, const QString &classid)
 
 bool EmbeddedWidgets::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::Hide)
+        takeFocusFrom(static_cast<QWidget *>(watched));
     if (event->type() != QEvent::DeferredDelete)
         return QObject::eventFilter(watched, event);
     const int index = indexOf(watched);
@@ -76,6 +78,15 @@ bool EmbeddedWidgets::eventFilter(QObject *watched, QEvent *event)
     else
         release(index);
     return true;
+}
+
+// The engine hides a widget while it takes a page apart. One that had the focus would hand it on to
+// the view, and the view to what is left of the page.
+void EmbeddedWidgets::takeFocusFrom(QWidget *widget)
+{
+    QWidget *focus = QApplication::focusWidget();
+    if (focus && (focus == widget || widget->isAncestorOf(focus)))
+        focus->clearFocus();
 }
 
 int EmbeddedWidgets::indexOf(const QObject *widget) const

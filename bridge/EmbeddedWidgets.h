@@ -12,9 +12,10 @@ class QWebPage;
 ///
 /// The engine deletes a widget whose tag has gone, and a view deletes its children; but the widgets
 /// are the host's. They leave the page instead, hidden and without a parent, and can be embedded
-/// again. A widget stands in one page: when another one embeds it, or the host deletes it, its tags
-/// go. While its tag is shown, deleteLater() from anywhere deletes nothing. Owned by the page, and
-/// goes last of what the page holds. GUI thread.
+/// again. One that is hidden gives up the focus to nobody. A widget stands in one page: when
+/// another one embeds it, or the host deletes it, its tags go. While its tag is shown,
+/// deleteLater() from anywhere deletes nothing. Owned by the page, and goes last of what the page
+/// holds. GUI thread.
 class EmbeddedWidgets : public QObject
 {
     Q_OBJECT
@@ -36,6 +37,7 @@ private:
         QStringList classids;
     };
 
+    static void takeFocusFrom(QWidget *widget);
     int indexOf(const QObject *widget) const;
     void release(int index);
     void giveUp(const QObject *token);

@@ -4,6 +4,7 @@
 #include "tests/support/TestLog.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QWebElement>
 #include <QWebFrame>
 
@@ -30,6 +31,7 @@ private slots:
     void widgetLeavesThePageWithItsTag();
     void widgetComesBackWhenItsTagIsShownAgain();
     void widgetLivesOnAfterTheView();
+    void widgetKeepsTheFocusFromAPageThatGoes();
     void widgetLivesOnAfterADialog();
     void widgetMovesToAnotherPage();
     void sameWidgetTwiceInAPage();
@@ -92,6 +94,19 @@ struct Embedding
     QPointer<QLabel> area;
     QScopedPointer<GUI_WebView> view;
     bool loaded = false;
+};
+
+// How often a widget has got the focus.
+class FocusCount : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        comings += event->type() == QEvent::FocusIn ? 1 : 0;
+        return false;
+    }
+
+    int comings = 0;
 };
 
 // Everything that is to be deleted later is deleted.
@@ -308,6 +323,38 @@ void TestWebPage::widgetLivesOnAfterTheView()
     QVERIFY(shown.isFree());
     shown.load(); // and can be shown again
     QVERIFY(shown.isShown());
+}
+
+void TestWebPage::widgetKeepsTheFocusFromAPageThatGoes()
+{
+    Embedding shown;
+    QVERIFY(QTest::qWaitForWindowActive(shown.view.data()));
+    auto *field = new QLineEdit(shown.area);
+    field->show();
+    field->setFocus();
+    QCOMPARE(QApplication::focusWidget(), field);
+    FocusCount count;
+    shown.view->installEventFilter(&count);
+    shown.reload();
+    QVERIFY(shown.isShown());
+    QCOMPARE(count.comings, 0);
+
+    field->setFocus();
+    QCOMPARE(QApplication::focusWidget(), field);
+    shown.view.reset();
+    QCOMPARE(count.comings, 0);
+    QVERIFY(shown.isFree());
+
+    shown.load();
+    QVERIFY(shown.isShown());
+    QVERIFY(QTest::qWaitForWindowActive(shown.view.data()));
+    shown.area->setFocusPolicy(Qt::StrongFocus);
+    shown.area->setFocus();
+    QCOMPARE(QApplication::focusWidget(), shown.area);
+    shown.view->installEventFilter(&count);
+    shown.run(QStringLiteral("document.getElementById('widget').style.display = 'none'"));
+    settle();
+    QCOMPARE(count.comings, 0);
 }
 
 void TestWebPage::widgetLivesOnAfterADialog()
