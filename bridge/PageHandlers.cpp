@@ -87,6 +87,9 @@ const char *const Script =
     "    return true;"
     "})";
 
+// By this name it is found, another copy of this class too.
+const QLatin1String OwnName("orvixPageHandlers");
+
 // Script text of the names of all signals. By its signature a page gets another function object,
 // for which it has no use but where signals share a name.
 QString signalNames(const QMetaObject &meta)
@@ -111,10 +114,10 @@ QString signalNames(const QMetaObject &meta)
 
 void PageHandlers::guard(QWebFrame *frame, QObject *object)
 {
-    const QObjectList children = object->children();
-    for (const QObject *child : children) {
-        // By name, since another copy of this class may have made it.
-        if (child->inherits("PageHandlers") && child->property("frame").value<QObject *>() == frame)
+    // Among the object's children are the engine's, for what pages have connected.
+    const auto known = object->findChildren<QObject *>(OwnName, Qt::FindDirectChildrenOnly);
+    for (const QObject *child : known) {
+        if (child->property("frame").value<QObject *>() == frame)
             return;
     }
     auto *handlers = new PageHandlers(frame, object);
@@ -128,6 +131,7 @@ PageHandlers::PageHandlers(QWebFrame *frame, QObject *object)
       m_script(QLatin1String(Script) + QLatin1String("([") + signalNames(*object->metaObject()) +
                QLatin1String("], "))
 {
+    setObjectName(OwnName);
 }
 
 bool PageHandlers::event(QEvent *event)
