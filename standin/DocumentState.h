@@ -123,8 +123,8 @@ struct DocCameraState
 struct DocDisplayState
 {
     QSet<QString> availableTools; ///< beside those with a transaction at the host
-    QHash<QString, bool> toolOn; ///< goes before the host's own state of the tool
-    int quarterTurns = 0;        ///< clockwise
+    QHash<QString, bool> toolOn;  ///< goes before the host's own state of the tool
+    int quarterTurns = 0;         ///< clockwise
     bool isFlippedHorizontally = false;
     bool isFlippedVertically = false;
     int binningLevel = 0; ///< exponent: 0, 1, 2 mean 1, 2, 4

@@ -6,7 +6,8 @@
 class StandInDocument;
 
 /// The picture of a document, turned, flipped and scaled as the document says, or a text where
-/// there is none. Of a camera that shows its whole sensor, what is not read is darker. It tells the document how large its view is.
+/// there is none. Of a camera that shows its whole sensor, what is not read is darker. It tells the
+/// document how large its view is.
 class PictureArea : public QWidget
 {
     Q_OBJECT

@@ -168,7 +168,8 @@ void Workbench::takeIn(PLG_Interface *tool)
     }
     const QString file = m_loader.fileOf(tool);
     if (reason.isEmpty())
-        qInfo().noquote() << tr("Loaded %1: tool \"%2\"").arg(QFileInfo(file).fileName(), tool->name());
+        qInfo().noquote()
+            << tr("Loaded %1: tool \"%2\"").arg(QFileInfo(file).fileName(), tool->name());
     else
         refuse(tool, reason);
 }
