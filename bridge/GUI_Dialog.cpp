@@ -43,7 +43,7 @@ void GUI_Dialog::setVisible(bool visible)
 {
     // A dialog that hides ends its exec(); one that only changes its flags goes on.
     if (m_changingFlags && !visible)
-        QWidget::setVisible(visible);
+        QWidget::setVisible(visible); // NOLINT(bugprone-parent-virtual-call)
     else
         QDialog::setVisible(visible);
 }
