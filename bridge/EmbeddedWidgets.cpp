@@ -81,11 +81,12 @@ bool EmbeddedWidgets::eventFilter(QObject *watched, QEvent *event)
 }
 
 // The engine hides a widget while it takes a page apart. One that had the focus would hand it on to
-// the view, and the view to what is left of the page.
+// the view, and the view to what is left of the page. When the whole view hides, the focus goes on
+// as ever.
 void EmbeddedWidgets::takeFocusFrom(QWidget *widget)
 {
     QWidget *focus = QApplication::focusWidget();
-    if (focus && (focus == widget || widget->isAncestorOf(focus)))
+    if (focus && widget->isHidden() && (focus == widget || widget->isAncestorOf(focus)))
         focus->clearFocus();
 }
 

@@ -12,7 +12,7 @@ class QWebPage;
 ///
 /// The engine deletes a widget whose tag has gone, and a view deletes its children; but the widgets
 /// are the host's. They leave the page instead, hidden and without a parent, and can be embedded
-/// again. One that is hidden gives up the focus to nobody. A widget stands in one page: when
+/// again. One that the engine hides gives up the focus to nobody. A widget stands in one page: when
 /// another one embeds it, or the host deletes it, its tags go. While its tag is shown,
 /// deleteLater() from anywhere deletes nothing. Owned by the page, and goes last of what the page
 /// holds. GUI thread.

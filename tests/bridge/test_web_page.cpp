@@ -32,6 +32,7 @@ private slots:
     void widgetComesBackWhenItsTagIsShownAgain();
     void widgetLivesOnAfterTheView();
     void widgetKeepsTheFocusFromAPageThatGoes();
+    void focusGoesOnWhenTheViewHides();
     void widgetLivesOnAfterADialog();
     void widgetMovesToAnotherPage();
     void sameWidgetTwiceInAPage();
@@ -355,6 +356,23 @@ void TestWebPage::widgetKeepsTheFocusFromAPageThatGoes()
     shown.run(QStringLiteral("document.getElementById('widget').style.display = 'none'"));
     settle();
     QCOMPARE(count.comings, 0);
+}
+
+void TestWebPage::focusGoesOnWhenTheViewHides()
+{
+    QWidget window;
+    QLineEdit next(&window);
+    Embedding shown;
+    shown.view->setParent(&window);
+    shown.view->show();
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(shown.isShown());
+    shown.area->setFocusPolicy(Qt::StrongFocus);
+    shown.area->setFocus();
+    QCOMPARE(QApplication::focusWidget(), shown.area);
+    shown.view->hide();
+    QCOMPARE(QApplication::focusWidget(), &next);
 }
 
 void TestWebPage::widgetLivesOnAfterADialog()
