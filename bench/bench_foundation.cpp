@@ -1,8 +1,8 @@
 #include "bench/BenchRatios.h"
 #include "bridge/OperationLog.h"
+#include "contract/HostGuard.h"
 #include "foundation/LogGroups.h"
 #include "foundation/Utilities.h"
-#include "plugin/contract/HostGuard.h"
 #include "standin/StandInHost.h"
 
 #include <QApplication>

@@ -3,7 +3,7 @@
 // load_child LIBRARY...: the time to load them, in nanoseconds.
 // load_child LIBRARY... --tool MODULE: the same, and to the module's first tool and its end.
 
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 
 #include <dlfcn.h>
 

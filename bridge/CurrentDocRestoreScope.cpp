@@ -1,6 +1,6 @@
 #include "bridge/CurrentDocRestoreScope.h"
 
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 
 CurrentDocRestoreScope::CurrentDocRestoreScope(HostServices *host, DOCKEY key)
     : m_host(host), m_key(key)

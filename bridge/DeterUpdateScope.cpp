@@ -1,6 +1,6 @@
 #include "bridge/DeterUpdateScope.h"
 
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 
 DeterUpdateScope::DeterUpdateScope(HostServices *host) : m_host(host)
 {

@@ -1,6 +1,6 @@
 #include "bridge/DialogEnterScope.h"
 
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 
 DialogEnterScope::DialogEnterScope(HostServices *host) : m_host(host)
 {

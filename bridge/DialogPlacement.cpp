@@ -1,7 +1,7 @@
 #include "bridge/DialogPlacement.h"
 
+#include "contract/HostServices.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/HostServices.h"
 
 #include <QDialog>
 #include <QGuiApplication>

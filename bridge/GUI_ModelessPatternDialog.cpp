@@ -1,6 +1,6 @@
 #include "bridge/GUI_ModelessPatternDialog.h"
 
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 
 #include <QPointer>
 #include <QShowEvent>

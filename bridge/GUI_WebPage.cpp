@@ -1,8 +1,8 @@
 #include "bridge/GUI_WebPage.h"
 
 #include "bridge/EmbeddedWidgets.h"
+#include "contract/HostGuard.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/HostGuard.h"
 
 #include <QHash>
 #include <QWidget>

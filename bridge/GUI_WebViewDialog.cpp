@@ -5,9 +5,9 @@
 #include "bridge/JS_Mediator_Dialog.h"
 #include "bridge/OperationLog.h"
 #include "bridge/PageSignal.h"
+#include "contract/HostGuard.h"
 #include "foundation/LogGroups.h"
 #include "foundation/Utilities.h"
-#include "plugin/contract/HostGuard.h"
 
 #include <QCloseEvent>
 #include <QPropertyAnimation>

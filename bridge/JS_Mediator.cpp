@@ -4,11 +4,11 @@
 #include "bridge/GUI_WebView.h"
 #include "bridge/OperationLog.h"
 #include "bridge/PageHandlers.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostGuard.h"
+#include "contract/ViewPauseGuard.h"
 #include "foundation/Keys.h"
 #include "foundation/Theme.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/ViewPauseGuard.h"
 
 #include <QDialog>
 #include <QEvent>

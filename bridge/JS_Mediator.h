@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bridge/SkipRange.h"
-#include "plugin/contract/HostTypes.h"
+#include "contract/HostTypes.h"
 
 #include <QList>
 #include <QMap>

@@ -3,11 +3,11 @@
 #include "bridge/ConcurrentTask.h"
 #include "bridge/FileChoice.h"
 #include "bridge/OperationLog.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostGuard.h"
 #include "foundation/APP_Exception.h"
 #include "foundation/Keys.h"
 #include "foundation/LogGroups.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostGuard.h"
 
 #include <QFileInfo>
 

@@ -1,8 +1,8 @@
 #include "bridge/JS_Mediator.h"
 
 #include "bridge/OperationLog.h"
+#include "contract/HostGuard.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/HostGuard.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "bridge/JS_Mediator.h"
 
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostServices.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostServices.h"
 
 // Skip values: every n-th frame, or every n milliseconds.
 

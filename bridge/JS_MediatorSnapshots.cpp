@@ -7,11 +7,11 @@
 #include "bridge/DeviceRow.h"
 #include "bridge/OperationLog.h"
 #include "bridge/UpdateFlagsScope.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostGuard.h"
+#include "contract/PLG_Interface.h"
 #include "foundation/Json.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/PLG_Interface.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

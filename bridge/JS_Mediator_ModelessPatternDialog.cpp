@@ -1,6 +1,6 @@
 #include "bridge/JS_Mediator_ModelessPatternDialog.h"
 
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 
 void JS_Mediator_ModelessPatternDialog::setTextBoxFocusState(bool focused)
 {

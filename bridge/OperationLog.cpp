@@ -1,9 +1,9 @@
 #include "bridge/OperationLog.h"
 
 #include "bridge/JS_Mediator.h"
+#include "contract/HostGuard.h"
 #include "foundation/LogGroups.h"
 #include "foundation/LogLines.h"
-#include "plugin/contract/HostGuard.h"
 
 namespace {
 

@@ -12,7 +12,7 @@ if(ORVIX_SANITIZE)
     set(ORVIX_INSTALL_SANITIZERS -fsanitize=address,undefined)
 endif()
 
-foreach(folder plugin foundation bridge record device save standin)
+foreach(folder contract foundation bridge plugin record device save standin)
     if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${folder})
         install(DIRECTORY ${folder} DESTINATION ${ORVIX_INSTALL_INCLUDEDIR}
                 FILES_MATCHING PATTERN "*.h" PATTERN PLG_multilock.h EXCLUDE)
@@ -32,5 +32,5 @@ install(FILES
         ${PROJECT_BINARY_DIR}/package/OrvixToolkitConfig.cmake
         ${PROJECT_BINARY_DIR}/package/OrvixToolkitConfigVersion.cmake
         cmake/OrvixTool.cmake
-        plugin/makeButtonPlugin.map
+        contract/makeButtonPlugin.map
         DESTINATION ${package_folder})

@@ -2,7 +2,7 @@
 # installed package; here they find this build under the same names.
 add_library(OrvixToolkit::orvix_toolkit ALIAS orvix_toolkit)
 add_library(OrvixToolkit::orvix_standin ALIAS orvix_standin)
-set(OrvixToolkit_EXPORTS ${PROJECT_SOURCE_DIR}/plugin/makeButtonPlugin.map)
+set(OrvixToolkit_EXPORTS ${PROJECT_SOURCE_DIR}/contract/makeButtonPlugin.map)
 include(cmake/OrvixTool.cmake)
 file(WRITE ${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/orvixtoolkit-config.cmake "")
 write_basic_package_version_file(

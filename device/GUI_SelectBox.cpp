@@ -2,10 +2,10 @@
 
 #include "bridge/GUI_WebView.h"
 #include "bridge/PageSignal.h"
+#include "contract/HostGuard.h"
 #include "device/JS_Mediator_SelectBox.h"
 #include "device/SelectBoxPlacement.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/HostGuard.h"
 
 #include <QEvent>
 #include <QGuiApplication>

@@ -2,11 +2,11 @@
 
 #include "bridge/OperationLog.h"
 #include "bridge/PageSignal.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostGuard.h"
+#include "contract/PLG_Interface.h"
 #include "foundation/Keys.h"
 #include "foundation/LogGroups.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/PLG_Interface.h"
 
 namespace {
 

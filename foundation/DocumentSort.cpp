@@ -1,6 +1,6 @@
+#include "contract/DOC_Interface.h"
+#include "contract/HostServices.h"
 #include "foundation/Utilities.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostServices.h"
 
 #include <QCollator>
 #include <QSet>

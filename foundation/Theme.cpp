@@ -1,7 +1,7 @@
 #include "foundation/Theme.h"
 
+#include "contract/HostServices.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/HostServices.h"
 
 #include <QFile>
 #include <QTextStream>

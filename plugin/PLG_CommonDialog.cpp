@@ -4,8 +4,8 @@
 #include "bridge/GUI_ModelessPatternDialog.h"
 #include "bridge/JS_Mediator_Dialog.h"
 #include "bridge/PageSignal.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/ViewPauseGuard.h"
+#include "contract/HostGuard.h"
+#include "contract/ViewPauseGuard.h"
 
 #include <QFile>
 #include <QtDebug>

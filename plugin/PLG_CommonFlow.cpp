@@ -1,9 +1,9 @@
 #include "plugin/PLG_Common.h"
 
+#include "contract/DOC_Interface.h"
+#include "contract/HostServices.h"
+#include "contract/ViewPauseGuard.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostServices.h"
-#include "plugin/contract/ViewPauseGuard.h"
 
 // The flow of a tool: switched on and off, and the buttons of its panel.
 

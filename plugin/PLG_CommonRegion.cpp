@@ -1,9 +1,9 @@
 #include "plugin/PLG_Common.h"
 
+#include "contract/DOC_Interface.h"
+#include "contract/HostServices.h"
 #include "foundation/Keys.h"
 #include "plugin/RegionGeometry.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostServices.h"
 
 #include <QKeyEvent>
 

@@ -3,8 +3,8 @@
 #include "bridge/GUI_ModelessPatternDialog.h"
 #include "bridge/JS_Mediator.h"
 #include "bridge/PageSignal.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostServices.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostServices.h"
 
 PLG_Common::PLG_Common() : m_toolMutex(new QMutex(QMutex::Recursive)) {}
 

@@ -1,7 +1,7 @@
 #include "plugin/PLG_multilock.h"
 
+#include "contract/HostServices.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/HostServices.h"
 
 namespace {
 constexpr int ToggleButton = 1;

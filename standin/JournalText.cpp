@@ -2,8 +2,8 @@
 
 #include "bridge/GUI_WebView.h"
 #include "bridge/JS_Mediator.h"
+#include "contract/PLG_Interface.h"
 #include "foundation/LogGroups.h"
-#include "plugin/contract/PLG_Interface.h"
 #include "standin/StandInDocument.h"
 
 #include <QWidget>

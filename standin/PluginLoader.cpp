@@ -1,6 +1,6 @@
 #include "standin/PluginLoader.h"
 
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 
 #include <QCoreApplication>
 #include <QDir>

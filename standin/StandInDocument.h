@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugin/contract/DOC_Interface.h"
+#include "contract/DOC_Interface.h"
 #include "standin/CallJournal.h"
 #include "standin/DocumentState.h"
 #include "standin/ViewGeometry.h"

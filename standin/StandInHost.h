@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugin/contract/HostServices.h"
+#include "contract/HostServices.h"
 #include "standin/CallJournal.h"
 #include "standin/SavePlan.h"
 #include "standin/StandInCamera.h"

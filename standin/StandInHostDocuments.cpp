@@ -1,5 +1,5 @@
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/HostGuard.h"
+#include "contract/PLG_Interface.h"
 #include "standin/StandInHost.h"
 
 #include "bridge/JS_Mediator.h"

@@ -2,8 +2,8 @@
 
 #include "bridge/GUI_WebView.h"
 #include "bridge/JS_Mediator.h"
+#include "contract/PLG_Interface.h"
 #include "foundation/InfoItems.h"
-#include "plugin/contract/PLG_Interface.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -1,8 +1,8 @@
 #include "standin/StandInHost.h"
 
 #include "bridge/JS_Mediator_Plugin.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/HostGuard.h"
+#include "contract/PLG_Interface.h"
 
 #include <QScopeGuard>
 

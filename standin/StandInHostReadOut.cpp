@@ -1,6 +1,6 @@
+#include "contract/HostGuard.h"
+#include "contract/PLG_Interface.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/PLG_Interface.h"
 #include "standin/StandInHost.h"
 
 #include <algorithm>

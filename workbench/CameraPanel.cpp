@@ -1,7 +1,7 @@
 #include "workbench/CameraPanel.h"
 
 #include "bridge/OperationLog.h"
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 #include "standin/StandInCamera.h"
 #include "standin/StandInHost.h"
 #include "workbench/SettingChoices.h"

@@ -2,9 +2,9 @@
 
 #include "bridge/GUI_WebView.h"
 #include "bridge/PageSignal.h"
+#include "contract/HostGuard.h"
 #include "device/GUI_SelectBox.h"
 #include "device/JS_Mediator_SelectBox.h"
-#include "plugin/contract/HostGuard.h"
 #include "standin/StandInHost.h"
 #include "workbench/Pages.h"
 

@@ -2,10 +2,10 @@
 
 #include "bridge/JS_Mediator_Page.h"
 #include "bridge/OperationLog.h"
+#include "contract/HostGuard.h"
+#include "contract/PLG_Interface.h"
 #include "foundation/Keys.h"
 #include "foundation/Theme.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/PLG_Interface.h"
 #include "workbench/CameraPanel.h"
 #include "workbench/HostCallPanel.h"
 #include "workbench/LogPanel.h"

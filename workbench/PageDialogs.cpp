@@ -4,7 +4,7 @@
 #include "bridge/GUI_WebViewDialog.h"
 #include "bridge/JS_Mediator_Dialog.h"
 #include "bridge/PageSignal.h"
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 #include "standin/StandInHost.h"
 #include "workbench/Pages.h"
 

@@ -3,7 +3,7 @@
 #include "bridge/GUI_WebView.h"
 #include "bridge/JS_Mediator_Page.h"
 #include "bridge/PageSignal.h"
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 #include "standin/StandInHost.h"
 #include "workbench/Pages.h"
 

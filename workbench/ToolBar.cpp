@@ -1,8 +1,8 @@
 #include "workbench/ToolBar.h"
 
 #include "bridge/OperationLog.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/HostGuard.h"
+#include "contract/PLG_Interface.h"
 #include "standin/StandInHost.h"
 
 #include <QAction>

@@ -2,7 +2,7 @@
 
 #include "bridge/JS_Mediator.h"
 #include "bridge/PageSignal.h"
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 #include "standin/StandInHost.h"
 
 #include <QCloseEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bridge/GUI_WebView.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 
 #include <QDockWidget>
 #include <QPointer>

@@ -1,6 +1,6 @@
 #include "workbench/ToolView.h"
 
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 #include "standin/StandInHost.h"
 #include "workbench/DocumentView.h"
 #include "workbench/PictureArea.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "plugin/contract/HostTypes.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/HostTypes.h"
+#include "contract/PLG_Interface.h"
 
 #include <QHash>
 #include <QObject>

@@ -1,6 +1,6 @@
 #include "workbench/TourSteps.h"
 
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 #include "workbench/CameraPanel.h"
 #include "workbench/DocumentView.h"
 #include "workbench/HostCallPanel.h"

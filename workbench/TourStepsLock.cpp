@@ -1,4 +1,4 @@
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 #include "workbench/CameraPanel.h"
 #include "workbench/DocumentView.h"
 #include "workbench/MainWindow.h"

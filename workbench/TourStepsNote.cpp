@@ -1,6 +1,6 @@
 #include "bridge/GUI_ModelessPatternDialog.h"
 #include "bridge/GUI_WebView.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 #include "workbench/DocumentView.h"
 #include "workbench/MainWindow.h"
 #include "workbench/PageHand.h"

@@ -1,5 +1,5 @@
+#include "contract/PLG_Interface.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/PLG_Interface.h"
 #include "workbench/DocumentView.h"
 #include "workbench/EmptyPage.h"
 #include "workbench/HostCallPanel.h"

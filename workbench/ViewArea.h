@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugin/contract/HostTypes.h"
+#include "contract/HostTypes.h"
 
 #include <QHash>
 #include <QWidget>

@@ -1,9 +1,9 @@
 #include "workbench/Workbench.h"
 
+#include "contract/HostGuard.h"
+#include "contract/PLG_Interface.h"
 #include "foundation/DOC_ReadFileException.h"
 #include "foundation/Keys.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/PLG_Interface.h"
 #include "workbench/DocumentView.h"
 #include "workbench/DropDownBoxes.h"
 #include "workbench/HostCallPanel.h"

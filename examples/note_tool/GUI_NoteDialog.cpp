@@ -3,8 +3,8 @@
 #include "JS_Mediator_Note.h"
 #include "bridge/GUI_WebView.h"
 #include "bridge/PageSignal.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/HostServices.h"
+#include "contract/HostGuard.h"
+#include "contract/HostServices.h"
 
 namespace {
 const QSize Smallest(240, 200);

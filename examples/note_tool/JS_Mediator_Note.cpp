@@ -1,8 +1,8 @@
 #include "JS_Mediator_Note.h"
 
 #include "PLG_note.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/HostServices.h"
+#include "contract/HostGuard.h"
+#include "contract/HostServices.h"
 
 #include <QDateTime>
 #include <QLocale>

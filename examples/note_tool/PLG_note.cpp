@@ -3,9 +3,9 @@
 #include "GUI_NoteDialog.h"
 #include "JS_Mediator_Note.h"
 #include "bridge/PageSignal.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/HostServices.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostGuard.h"
+#include "contract/HostServices.h"
 
 #include <QDateTime>
 

@@ -2,10 +2,10 @@
 
 #include "PLG_region.h"
 #include "bridge/OperationLog.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostGuard.h"
+#include "contract/HostServices.h"
 #include "foundation/LogGroups.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/HostServices.h"
 
 JS_Mediator_Region::JS_Mediator_Region(HostServices *host, PLG_region &tool)
     : JS_Mediator_Plugin(host, QLatin1String("region")), m_tool(tool)

@@ -2,9 +2,9 @@
 
 #include "PLG_region.h"
 #include "bridge/OperationLog.h"
+#include "contract/HostGuard.h"
+#include "contract/HostServices.h"
 #include "foundation/LogGroups.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/HostServices.h"
 
 JS_Mediator_RegionOptions::JS_Mediator_RegionOptions(HostServices *host, PLG_region &tool)
     : JS_Mediator_ModelessPatternDialog(host, QLatin1String("regionoptions")), m_tool(tool)

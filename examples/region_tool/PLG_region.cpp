@@ -4,10 +4,10 @@
 #include "JS_Mediator_Region.h"
 #include "JS_Mediator_RegionOptions.h"
 #include "bridge/GUI_ModelessPatternDialog.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostGuard.h"
+#include "contract/HostServices.h"
 #include "plugin/RegionGeometry.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostGuard.h"
-#include "plugin/contract/HostServices.h"
 
 namespace {
 

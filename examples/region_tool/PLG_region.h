@@ -1,8 +1,8 @@
 #pragma once
 
 #include "RegionOptions.h"
+#include "contract/HostTypes.h"
 #include "plugin/PLG_Button.h"
-#include "plugin/contract/HostTypes.h"
 
 #include <QHash>
 

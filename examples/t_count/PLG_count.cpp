@@ -1,5 +1,5 @@
+#include "contract/HostServices.h"
 #include "plugin/PLG_Button.h"
-#include "plugin/contract/HostServices.h"
 
 /// A command button that tells how many cameras there are.
 class PLG_count final : public PLG_Button

@@ -1,6 +1,6 @@
 #include "bridge/FileChoice.h"
 #include "bridge/JS_Mediator.h"
-#include "plugin/contract/DOC_Interface.h"
+#include "contract/DOC_Interface.h"
 #include "tests/bridge/support/FaultMatrix.h"
 #include "tests/support/TestLog.h"
 

@@ -1,8 +1,8 @@
 #include "ChangedTables.h"
 #include "TablePlace.h"
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostServices.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostServices.h"
+#include "contract/PLG_Interface.h"
 #include "tests/support/TestLog.h"
 
 #include <QHash>

@@ -1,4 +1,4 @@
-#include "plugin/contract/ViewPauseGuard.h"
+#include "contract/ViewPauseGuard.h"
 #include "standin/StandInCamera.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"

@@ -1,6 +1,6 @@
 #include "bridge/GUI_ModelessPatternDialog.h"
 #include "bridge/JS_Mediator_Dialog.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 #include "standin/PluginLoader.h"
 #include "tests/bridge/support/FaultMatrix.h"
 #include "tests/support/TestLog.h"

@@ -267,7 +267,7 @@ void TestRegionTool::installsNothingOfThisBuild()
     const QDir prefix(m_place->filePath("prefix"));
     for (const char *file :
          {"include/orvix/plugin/PLG_Button.h",
-          "include/orvix/plugin/contract/"
+          "include/orvix/contract/"
           "HostServices.h",
           "include/orvix/bridge/JS_Mediator_Plugin.h", "include/orvix/standin/StandInHost.h",
           "include/orvix/plugin/makeButtonPlugin.h"})

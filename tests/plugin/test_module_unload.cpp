@@ -1,4 +1,4 @@
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 #include "standin/PluginLoader.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"

@@ -1,5 +1,5 @@
+#include "contract/PLG_Interface.h"
 #include "foundation/LogGroups.h"
-#include "plugin/contract/PLG_Interface.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
 

@@ -1,7 +1,7 @@
 #include "bridge/GUI_ModelessPatternDialog.h"
 #include "bridge/GUI_WebView.h"
 #include "bridge/GUI_WebViewDialog.h"
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 #include "tests/support/ObjectCount.h"
 #include "tests/support/TestLog.h"
 #include "workbench/MainWindow.h"

@@ -2,8 +2,8 @@
 
 #include "bridge/FileChoice.h"
 #include "bridge/GUI_ModelessPatternDialog.h"
+#include "contract/HostGuard.h"
 #include "foundation/APP_Exception.h"
-#include "plugin/contract/HostGuard.h"
 
 PageToolMediator::PageToolMediator(HostServices *host)
     : JS_Mediator_Page(host, QLatin1String("t_page"))

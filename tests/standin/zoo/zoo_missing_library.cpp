@@ -1,4 +1,4 @@
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 
 // Of a library that lies in another folder when the module is loaded.
 int cameraDriverVersion();

@@ -1,4 +1,4 @@
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 
 extern "C" Q_DECL_EXPORT PLG_Interface *makeButtonPlugin()
 {

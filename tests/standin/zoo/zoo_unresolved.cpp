@@ -1,4 +1,4 @@
-#include "plugin/contract/PLG_Interface.h"
+#include "contract/PLG_Interface.h"
 
 // Nobody defines it.
 PLG_Interface *makeMissingTool(int kind);

@@ -1,7 +1,7 @@
-#include "plugin/contract/ViewPauseGuard.h"
+#include "contract/ViewPauseGuard.h"
 
-#include "plugin/contract/DOC_Interface.h"
-#include "plugin/contract/HostGuard.h"
+#include "contract/DOC_Interface.h"
+#include "contract/HostGuard.h"
 
 #include <QMutex>
 

@@ -1,4 +1,4 @@
-#include "plugin/contract/HostGuard.h"
+#include "contract/HostGuard.h"
 
 #include <QtDebug>
 
