@@ -1,7 +1,7 @@
 #include "bridge/ConcurrentTask.h"
 
 #include "contract/HostServices.h"
-#include "foundation/APP_ConcurrentException.h"
+#include "foundation/exceptions/APP_ConcurrentException.h"
 
 #include <QFuture>
 #include <QFutureWatcher>

@@ -5,9 +5,9 @@
 #include "bridge/OperationLog.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
-#include "foundation/APP_Exception.h"
 #include "foundation/Keys.h"
 #include "foundation/LogGroups.h"
+#include "foundation/exceptions/APP_Exception.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #include "standin/StandInHost.h"
 
-#include "foundation/DOC_Exception.h"
+#include "foundation/exceptions/DOC_Exception.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "standin/StandInRecording.h"
 
-#include "foundation/DOC_ReadFileException.h"
+#include "foundation/exceptions/DOC_ReadFileException.h"
 #include "standin/NaturalOrder.h"
 #include "standin/StandInHost.h"
 

@@ -2,8 +2,8 @@
 
 #include "contract/HostGuard.h"
 #include "contract/PLG_Interface.h"
-#include "foundation/DOC_ReadFileException.h"
 #include "foundation/Keys.h"
+#include "foundation/exceptions/DOC_ReadFileException.h"
 #include "workbench/DocumentView.h"
 #include "workbench/DropDownBoxes.h"
 #include "workbench/HostCallPanel.h"

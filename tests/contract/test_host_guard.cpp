@@ -1,5 +1,5 @@
 #include "contract/HostGuard.h"
-#include "foundation/DOC_Exception.h"
+#include "foundation/exceptions/DOC_Exception.h"
 #include "standin/StandInFault.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"

@@ -1,9 +1,9 @@
-#include "foundation/APP_ConcurrentException.h"
-#include "foundation/APP_Exception.h"
-#include "foundation/DOC_Exception.h"
-#include "foundation/DOC_FileException.h"
-#include "foundation/DOC_ReadFileException.h"
-#include "foundation/UTL_Exception.h"
+#include "foundation/exceptions/APP_ConcurrentException.h"
+#include "foundation/exceptions/APP_Exception.h"
+#include "foundation/exceptions/DOC_Exception.h"
+#include "foundation/exceptions/DOC_FileException.h"
+#include "foundation/exceptions/DOC_ReadFileException.h"
+#include "foundation/exceptions/UTL_Exception.h"
 #include "tests/support/TestLog.h"
 
 #include <QThread>

@@ -1,4 +1,4 @@
-#include "foundation/DOC_ReadFileException.h"
+#include "foundation/exceptions/DOC_ReadFileException.h"
 #include "standin/NaturalOrder.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"

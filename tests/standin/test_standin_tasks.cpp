@@ -1,4 +1,4 @@
-#include "foundation/APP_ConcurrentException.h"
+#include "foundation/exceptions/APP_ConcurrentException.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
 

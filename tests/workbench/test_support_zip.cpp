@@ -1,6 +1,6 @@
 #include "bridge/FileChoice.h"
 #include "bridge/JS_Mediator.h"
-#include "foundation/APP_Exception.h"
+#include "foundation/exceptions/APP_Exception.h"
 #include "standin/StandInCamera.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"

@@ -3,7 +3,7 @@
 #include "bridge/FileChoice.h"
 #include "bridge/GUI_ModelessPatternDialog.h"
 #include "contract/HostGuard.h"
-#include "foundation/APP_Exception.h"
+#include "foundation/exceptions/APP_Exception.h"
 
 PageToolMediator::PageToolMediator(HostServices *host)
     : JS_Mediator_Page(host, QLatin1String("t_page"))

@@ -1,4 +1,4 @@
-#include "foundation/UTL_Exception.h"
+#include "foundation/exceptions/UTL_Exception.h"
 
 UTL_Exception::UTL_Exception(const QString &message, uint errorCode)
     : APP_Exception(message, errorCode)

@@ -1,4 +1,4 @@
-#include "foundation/APP_Exception.h"
+#include "foundation/exceptions/APP_Exception.h"
 
 #include "foundation/LogGroups.h"
 #include "foundation/LogLines.h"

@@ -1,4 +1,4 @@
-#include "foundation/DOC_FileException.h"
+#include "foundation/exceptions/DOC_FileException.h"
 
 #include "foundation/LogGroups.h"
 #include "foundation/LogLines.h"

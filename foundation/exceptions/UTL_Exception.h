@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/APP_Exception.h"
+#include "foundation/exceptions/APP_Exception.h"
 
 /// A failure of a utility or of a computation. It logs as an APP_Exception. Any thread.
 class UTL_Exception : public APP_Exception

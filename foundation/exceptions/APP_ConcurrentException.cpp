@@ -1,4 +1,4 @@
-#include "foundation/APP_ConcurrentException.h"
+#include "foundation/exceptions/APP_ConcurrentException.h"
 
 // The copy is a member and no throw that was forgotten.
 APP_ConcurrentException::APP_ConcurrentException(const APP_Exception &inner)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/APP_Exception.h"
+#include "foundation/exceptions/APP_Exception.h"
 
 #include <QException>
 

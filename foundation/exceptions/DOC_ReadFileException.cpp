@@ -1,4 +1,4 @@
-#include "foundation/DOC_ReadFileException.h"
+#include "foundation/exceptions/DOC_ReadFileException.h"
 
 DOC_ReadFileException::DOC_ReadFileException(const QString &path)
     : DOC_FileException(QLatin1String("File read failed."), path, 1)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/DOC_FileException.h"
+#include "foundation/exceptions/DOC_FileException.h"
 
 /// A file that could not be read: "File read failed." with the error code 1. Any thread.
 class DOC_ReadFileException : public DOC_FileException

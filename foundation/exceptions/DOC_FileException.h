@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/DOC_Exception.h"
+#include "foundation/exceptions/DOC_Exception.h"
 
 /// A failure with a file. The path stands in a second log line and nowhere else. Any thread.
 class DOC_FileException : public DOC_Exception

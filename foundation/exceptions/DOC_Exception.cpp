@@ -1,4 +1,4 @@
-#include "foundation/DOC_Exception.h"
+#include "foundation/exceptions/DOC_Exception.h"
 
 DOC_Exception::DOC_Exception(const QString &message, uint errorCode)
     : APP_Exception(message, errorCode)
