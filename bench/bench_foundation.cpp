@@ -1,5 +1,5 @@
 #include "bench/BenchRatios.h"
-#include "bridge/OperationLog.h"
+#include "bridge/operation/OperationLog.h"
 #include "contract/HostGuard.h"
 #include "foundation/LogGroups.h"
 #include "foundation/Utilities.h"

@@ -1,7 +1,7 @@
 #include "device/JS_Mediator_SelectBox.h"
 
-#include "bridge/OperationLog.h"
-#include "bridge/PageSignal.h"
+#include "bridge/mediator/PageSignal.h"
+#include "bridge/operation/OperationLog.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
 #include "contract/PLG_Interface.h"

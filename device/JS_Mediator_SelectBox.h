@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bridge/JS_Mediator.h"
+#include "bridge/mediator/JS_Mediator.h"
 
 /// What the page of the select box sees: the window fills it by signals, and the page tells what
 /// the user has chosen. Each choice closes the box before it takes effect.

@@ -1,9 +1,9 @@
 #include "plugin/PLG_Common.h"
 
-#include "bridge/DeterUpdateScope.h"
-#include "bridge/GUI_ModelessPatternDialog.h"
-#include "bridge/JS_Mediator_Dialog.h"
-#include "bridge/PageSignal.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
+#include "bridge/mediator/JS_Mediator_Dialog.h"
+#include "bridge/mediator/PageSignal.h"
+#include "bridge/operation/DeterUpdateScope.h"
 #include "contract/HostGuard.h"
 #include "contract/ViewPauseGuard.h"
 

@@ -1,8 +1,8 @@
 #include "plugin/PLG_Common.h"
 
-#include "bridge/GUI_ModelessPatternDialog.h"
-#include "bridge/JS_Mediator.h"
-#include "bridge/PageSignal.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
+#include "bridge/mediator/JS_Mediator.h"
+#include "bridge/mediator/PageSignal.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostServices.h"
 

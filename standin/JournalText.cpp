@@ -1,7 +1,7 @@
 #include "standin/JournalText.h"
 
-#include "bridge/GUI_WebView.h"
-#include "bridge/JS_Mediator.h"
+#include "bridge/mediator/JS_Mediator.h"
+#include "bridge/page/GUI_WebView.h"
 #include "contract/PLG_Interface.h"
 #include "foundation/LogGroups.h"
 #include "standin/StandInDocument.h"

@@ -2,7 +2,7 @@
 #include "contract/PLG_Interface.h"
 #include "standin/StandInHost.h"
 
-#include "bridge/JS_Mediator.h"
+#include "bridge/mediator/JS_Mediator.h"
 
 #include <algorithm>
 

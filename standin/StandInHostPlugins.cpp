@@ -1,6 +1,6 @@
 #include "standin/StandInHost.h"
 
-#include "bridge/JS_Mediator_Plugin.h"
+#include "bridge/mediator/JS_Mediator_Plugin.h"
 #include "contract/HostGuard.h"
 #include "contract/PLG_Interface.h"
 

@@ -1,6 +1,6 @@
 #include "workbench/CameraPanel.h"
 
-#include "bridge/OperationLog.h"
+#include "bridge/operation/OperationLog.h"
 #include "contract/HostGuard.h"
 #include "standin/StandInCamera.h"
 #include "standin/StandInHost.h"

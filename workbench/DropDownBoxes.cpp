@@ -1,7 +1,7 @@
 #include "workbench/DropDownBoxes.h"
 
-#include "bridge/GUI_WebView.h"
-#include "bridge/PageSignal.h"
+#include "bridge/mediator/PageSignal.h"
+#include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
 #include "device/GUI_SelectBox.h"
 #include "device/JS_Mediator_SelectBox.h"

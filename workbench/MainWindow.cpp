@@ -1,7 +1,7 @@
 #include "workbench/MainWindow.h"
 
-#include "bridge/JS_Mediator_Page.h"
-#include "bridge/OperationLog.h"
+#include "bridge/mediator/JS_Mediator_Page.h"
+#include "bridge/operation/OperationLog.h"
 #include "contract/HostGuard.h"
 #include "contract/PLG_Interface.h"
 #include "foundation/Keys.h"

@@ -1,9 +1,9 @@
 #include "workbench/PageDialogs.h"
 
-#include "bridge/GUI_WebView.h"
-#include "bridge/GUI_WebViewDialog.h"
-#include "bridge/JS_Mediator_Dialog.h"
-#include "bridge/PageSignal.h"
+#include "bridge/dialog/GUI_WebViewDialog.h"
+#include "bridge/mediator/JS_Mediator_Dialog.h"
+#include "bridge/mediator/PageSignal.h"
+#include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
 #include "standin/StandInHost.h"
 #include "workbench/Pages.h"

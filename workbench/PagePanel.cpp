@@ -1,8 +1,8 @@
 #include "workbench/PagePanel.h"
 
-#include "bridge/GUI_WebView.h"
-#include "bridge/JS_Mediator_Page.h"
-#include "bridge/PageSignal.h"
+#include "bridge/mediator/JS_Mediator_Page.h"
+#include "bridge/mediator/PageSignal.h"
+#include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
 #include "standin/StandInHost.h"
 #include "workbench/Pages.h"

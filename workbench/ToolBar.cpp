@@ -1,6 +1,6 @@
 #include "workbench/ToolBar.h"
 
-#include "bridge/OperationLog.h"
+#include "bridge/operation/OperationLog.h"
 #include "contract/HostGuard.h"
 #include "contract/PLG_Interface.h"
 #include "standin/StandInHost.h"

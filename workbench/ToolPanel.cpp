@@ -1,7 +1,7 @@
 #include "workbench/ToolPanel.h"
 
-#include "bridge/JS_Mediator.h"
-#include "bridge/PageSignal.h"
+#include "bridge/mediator/JS_Mediator.h"
+#include "bridge/mediator/PageSignal.h"
 #include "contract/HostGuard.h"
 #include "standin/StandInHost.h"
 

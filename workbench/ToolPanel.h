@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bridge/GUI_WebView.h"
+#include "bridge/page/GUI_WebView.h"
 #include "contract/PLG_Interface.h"
 
 #include <QDockWidget>

@@ -1,5 +1,5 @@
-#include "bridge/GUI_ModelessPatternDialog.h"
-#include "bridge/GUI_WebView.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
+#include "bridge/page/GUI_WebView.h"
 #include "contract/PLG_Interface.h"
 #include "workbench/DocumentView.h"
 #include "workbench/MainWindow.h"

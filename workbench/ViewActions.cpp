@@ -1,6 +1,6 @@
 #include "workbench/ViewActions.h"
 
-#include "bridge/OperationLog.h"
+#include "bridge/operation/OperationLog.h"
 #include "foundation/Keys.h"
 #include "standin/StandInHost.h"
 

@@ -1,6 +1,6 @@
 #include "workbench/ViewArea.h"
 
-#include "bridge/OperationLog.h"
+#include "bridge/operation/OperationLog.h"
 #include "standin/StandInCamera.h"
 #include "standin/StandInHost.h"
 #include "standin/StandInRecording.h"

@@ -1,8 +1,8 @@
 #include "GUI_NoteDialog.h"
 
 #include "JS_Mediator_Note.h"
-#include "bridge/GUI_WebView.h"
-#include "bridge/PageSignal.h"
+#include "bridge/mediator/PageSignal.h"
+#include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
 #include "contract/HostServices.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bridge/GUI_ModelessPatternDialog.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
 
 class JS_Mediator_Note;
 

@@ -2,7 +2,7 @@
 
 #include "GUI_NoteDialog.h"
 #include "JS_Mediator_Note.h"
-#include "bridge/PageSignal.h"
+#include "bridge/mediator/PageSignal.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
 #include "contract/HostServices.h"

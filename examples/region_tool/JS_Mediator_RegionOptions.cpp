@@ -1,7 +1,7 @@
 #include "JS_Mediator_RegionOptions.h"
 
 #include "PLG_region.h"
-#include "bridge/OperationLog.h"
+#include "bridge/operation/OperationLog.h"
 #include "contract/HostGuard.h"
 #include "contract/HostServices.h"
 #include "foundation/LogGroups.h"

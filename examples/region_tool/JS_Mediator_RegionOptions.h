@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bridge/JS_Mediator_ModelessPatternDialog.h"
+#include "bridge/mediator/JS_Mediator_ModelessPatternDialog.h"
 
 class PLG_region;
 

@@ -3,7 +3,7 @@
 #include "GUI_RegionOverlay.h"
 #include "JS_Mediator_Region.h"
 #include "JS_Mediator_RegionOptions.h"
-#include "bridge/GUI_ModelessPatternDialog.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
 #include "contract/HostServices.h"

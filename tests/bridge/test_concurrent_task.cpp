@@ -1,4 +1,4 @@
-#include "bridge/ConcurrentTask.h"
+#include "bridge/operation/ConcurrentTask.h"
 #include "contract/HostGuard.h"
 #include "foundation/exceptions/APP_ConcurrentException.h"
 #include "foundation/exceptions/APP_Exception.h"

@@ -1,5 +1,5 @@
-#include "bridge/FileChoice.h"
-#include "bridge/JS_Mediator.h"
+#include "bridge/mediator/JS_Mediator.h"
+#include "bridge/operation/FileChoice.h"
 #include "contract/DOC_Interface.h"
 #include "tests/bridge/support/FaultMatrix.h"
 #include "tests/support/TestLog.h"

@@ -1,8 +1,8 @@
-#include "bridge/GUI_Dialog.h"
-#include "bridge/GUI_EmbeddedWidget.h"
-#include "bridge/GUI_MarqueeProgressDialog.h"
-#include "bridge/GUI_QFileDialog.h"
-#include "bridge/GUI_SyncProgress.h"
+#include "bridge/dialog/GUI_Dialog.h"
+#include "bridge/dialog/GUI_EmbeddedWidget.h"
+#include "bridge/dialog/GUI_MarqueeProgressDialog.h"
+#include "bridge/dialog/GUI_QFileDialog.h"
+#include "bridge/dialog/GUI_SyncProgress.h"
 #include "tests/support/TestLog.h"
 
 #include <QPushButton>

@@ -1,7 +1,7 @@
-#include "bridge/GUI_ModelessPatternDialog.h"
-#include "bridge/JS_Mediator_ModelessPatternDialog.h"
-#include "bridge/JS_Mediator_Page.h"
-#include "bridge/JS_Mediator_Plugin.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
+#include "bridge/mediator/JS_Mediator_ModelessPatternDialog.h"
+#include "bridge/mediator/JS_Mediator_Page.h"
+#include "bridge/mediator/JS_Mediator_Plugin.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"
 

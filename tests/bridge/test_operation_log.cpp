@@ -1,5 +1,5 @@
-#include "bridge/JS_Mediator.h"
-#include "bridge/OperationLog.h"
+#include "bridge/mediator/JS_Mediator.h"
+#include "bridge/operation/OperationLog.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
 

@@ -1,4 +1,4 @@
-#include "bridge/PageHandlers.h"
+#include "bridge/page/PageHandlers.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"
 

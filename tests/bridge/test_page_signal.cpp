@@ -1,4 +1,4 @@
-#include "bridge/PageSignal.h"
+#include "bridge/mediator/PageSignal.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"
 

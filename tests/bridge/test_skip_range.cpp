@@ -1,5 +1,5 @@
-#include "bridge/JS_Mediator.h"
-#include "bridge/SkipRange.h"
+#include "bridge/data/SkipRange.h"
+#include "bridge/mediator/JS_Mediator.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
 

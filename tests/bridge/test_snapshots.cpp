@@ -1,4 +1,4 @@
-#include "bridge/CalibrationUnits.h"
+#include "bridge/data/CalibrationUnits.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"
 

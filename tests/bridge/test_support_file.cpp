@@ -1,4 +1,4 @@
-#include "bridge/FileChoice.h"
+#include "bridge/operation/FileChoice.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"
 

@@ -1,4 +1,4 @@
-#include "bridge/JS_Mediator_Page.h"
+#include "bridge/mediator/JS_Mediator_Page.h"
 #include "plugin/PLG_Common.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"

@@ -1,4 +1,4 @@
-#include "bridge/GUI_WebPage.h"
+#include "bridge/page/GUI_WebPage.h"
 #include "plugin/PLG_Common.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"

@@ -1,5 +1,5 @@
-#include "bridge/GUI_WebPage.h"
-#include "bridge/GUI_WebView.h"
+#include "bridge/page/GUI_WebPage.h"
+#include "bridge/page/GUI_WebView.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
 

@@ -1,4 +1,4 @@
-#include "bridge/DialogPlacement.h"
+#include "bridge/dialog/DialogPlacement.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"
 

@@ -1,4 +1,4 @@
-#include "bridge/GUI_WebView.h"
+#include "bridge/page/GUI_WebView.h"
 #include "device/GUI_SelectBox.h"
 #include "device/JS_Mediator_SelectBox.h"
 #include "device/SelectBoxPlacement.h"

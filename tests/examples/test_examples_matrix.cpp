@@ -1,5 +1,5 @@
-#include "bridge/GUI_ModelessPatternDialog.h"
-#include "bridge/JS_Mediator_Dialog.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
+#include "bridge/mediator/JS_Mediator_Dialog.h"
 #include "contract/PLG_Interface.h"
 #include "standin/PluginLoader.h"
 #include "tests/bridge/support/FaultMatrix.h"

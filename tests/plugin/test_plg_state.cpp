@@ -1,6 +1,6 @@
 #include "ProbeTool.h"
-#include "bridge/GUI_ModelessPatternDialog.h"
-#include "bridge/JS_Mediator.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
+#include "bridge/mediator/JS_Mediator.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
 

@@ -1,5 +1,5 @@
-#include "bridge/GUI_WebView.h"
-#include "bridge/JS_Mediator.h"
+#include "bridge/mediator/JS_Mediator.h"
+#include "bridge/page/GUI_WebView.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
 

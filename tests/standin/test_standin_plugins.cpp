@@ -1,4 +1,4 @@
-#include "bridge/GUI_ModelessPatternDialog.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "plugin/PLG_Button.h"
 #include "standin/PluginLoader.h"
 #include "standin/StandInHost.h"

@@ -1,4 +1,4 @@
-#include "bridge/GUI_WebView.h"
+#include "bridge/page/GUI_WebView.h"
 #include "device/GUI_SelectBox.h"
 #include "standin/StandInCamera.h"
 #include "tests/support/TestLog.h"

@@ -1,5 +1,5 @@
-#include "bridge/GUI_WebView.h"
-#include "bridge/JS_Mediator_Page.h"
+#include "bridge/mediator/JS_Mediator_Page.h"
+#include "bridge/page/GUI_WebView.h"
 #include "foundation/Keys.h"
 #include "standin/StandInCamera.h"
 #include "tests/support/TestLog.h"

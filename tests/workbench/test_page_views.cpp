@@ -1,4 +1,4 @@
-#include "bridge/GUI_WebView.h"
+#include "bridge/page/GUI_WebView.h"
 #include "tests/support/TestLog.h"
 #include "workbench/DocumentView.h"
 #include "workbench/LogModel.h"

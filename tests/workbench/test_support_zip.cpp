@@ -1,5 +1,5 @@
-#include "bridge/FileChoice.h"
-#include "bridge/JS_Mediator.h"
+#include "bridge/mediator/JS_Mediator.h"
+#include "bridge/operation/FileChoice.h"
 #include "foundation/exceptions/APP_Exception.h"
 #include "standin/StandInCamera.h"
 #include "standin/StandInHost.h"

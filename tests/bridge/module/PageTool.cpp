@@ -1,7 +1,7 @@
 #include "PageTool.h"
 
-#include "bridge/FileChoice.h"
-#include "bridge/GUI_ModelessPatternDialog.h"
+#include "bridge/dialog/GUI_ModelessPatternDialog.h"
+#include "bridge/operation/FileChoice.h"
 #include "contract/HostGuard.h"
 #include "foundation/exceptions/APP_Exception.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bridge/JS_Mediator_ModelessPatternDialog.h"
-#include "bridge/JS_Mediator_Page.h"
+#include "bridge/mediator/JS_Mediator_ModelessPatternDialog.h"
+#include "bridge/mediator/JS_Mediator_Page.h"
 #include "plugin/PLG_Common.h"
 
 /// What the tool's page sees of it.

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "bridge/GUI_WebView.h"
-#include "bridge/GUI_WebViewDialog.h"
-#include "bridge/JS_Mediator_Dialog.h"
+#include "bridge/dialog/GUI_WebViewDialog.h"
+#include "bridge/mediator/JS_Mediator_Dialog.h"
+#include "bridge/page/GUI_WebView.h"
 #include "standin/StandInHost.h"
 #include "tests/bridge/support/PageProbe.h"
 

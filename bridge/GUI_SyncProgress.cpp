@@ -1,6 +1,0 @@
-#include "bridge/GUI_SyncProgress.h"
-
-void GUI_SyncProgress::complete(bool result)
-{
-    done(result ? QDialog::Accepted : QDialog::Rejected);
-}

@@ -1,0 +1,73 @@
+#include "bridge/data/SkipRange.h"
+
+#include "foundation/Utilities.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr uint NoFrames = ~0u;
+constexpr uint Digits = 5;
+
+QList<double> selectableValues(double minimum, double maximum)
+{
+    QList<double> values;
+    if (!(minimum > 0.0))
+        return values;
+    for (quint64 i = 1;; ++i) {
+        const double value = UTL::roundDigits(double(i) * minimum, Digits);
+        if (value > maximum)
+            break;
+        values.append(value);
+    }
+    if (!std::binary_search(values.cbegin(), values.cend(), maximum))
+        values.append(maximum);
+    return values;
+}
+
+}
+
+void SkipSource::addFrames(uint frames)
+{
+    if (frames != 0)
+        m_frames = std::min(m_frames, frames);
+}
+
+void SkipSource::addRate(uint framesPerSecond)
+{
+    if (!m_rates.contains(framesPerSecond))
+        m_rates.append(framesPerSecond);
+}
+
+SkipRange SkipSource::inFrames(const SkipRange &previous) const
+{
+    SkipRange range = previous;
+    range.minimum = 1.0;
+    range.maximum = double(m_frames);
+    return range;
+}
+
+SkipRange SkipSource::inMilliseconds(const SkipRange &previous) const
+{
+    uint divisor = 0;
+    for (uint rate : m_rates)
+        divisor = UTL::gcd(divisor, rate);
+
+    SkipRange range;
+    range.rateDivisor = divisor;
+    range.minimum = divisor == 0 ? 1.0 : UTL::roundDigits(1000.0 / divisor, Digits);
+    range.maximum =
+        m_frames == NoFrames ? range.minimum : UTL::roundDigits(m_frames * range.minimum, Digits);
+    if (divisor == previous.rateDivisor)
+        range.values = previous.values;
+    if (range.values.isEmpty())
+        range.values = selectableValues(range.minimum, range.maximum);
+    return range;
+}
+
+double clampedSkipValue(const SkipRange &range, double value)
+{
+    if (range.minimum > value)
+        return range.minimum;
+    return value > range.maximum ? range.maximum : value;
+}

@@ -1,0 +1,109 @@
+#include "bridge/dialog/GUI_WebViewDialog.h"
+
+#include "bridge/dialog/DialogPlacement.h"
+#include "bridge/mediator/JS_Mediator_Dialog.h"
+#include "bridge/mediator/PageSignal.h"
+#include "bridge/operation/OperationLog.h"
+#include "bridge/page/GUI_WebView.h"
+#include "contract/HostGuard.h"
+#include "foundation/LogGroups.h"
+#include "foundation/Utilities.h"
+
+#include <QCloseEvent>
+#include <QPropertyAnimation>
+#include <QUrl>
+#include <QVBoxLayout>
+
+GUI_WebViewDialog::GUI_WebViewDialog(HostServices *host, const QString &title, const QString &url,
+                                     JS_Mediator_Dialog *mediator, QWidget *parent)
+    : GUI_Dialog(parent, Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint | Qt::WindowTitleHint,
+                 true),
+      m_host(host), m_mediator(mediator), m_layout(new QVBoxLayout(this)),
+      m_webView(new GUI_WebView(host, this))
+{
+    m_entered.emplace(host);
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->addWidget(m_webView);
+    setWindowTitle(m_host->translate(title));
+    connect(this, &QDialog::rejected, this, &GUI_WebViewDialog::slotRejected);
+    connect(m_webView, &QWebView::loadStarted, this, &GUI_WebViewDialog::loadStarted);
+    connect(m_webView, &QWebView::loadProgress, this, &GUI_WebViewDialog::loadProgress);
+    connect(m_webView, &QWebView::loadFinished, this, &GUI_WebViewDialog::loadFinished);
+    if (m_mediator) {
+        connect(mediator, &JS_Mediator_Dialog::accept, this, &QDialog::accept);
+        connect(mediator, &JS_Mediator_Dialog::reject, this, &QDialog::reject);
+    }
+    m_host->attachMediator(m_webView, mediator); // without one the page still gets the host's own
+    m_webView->load(QUrl(url));
+}
+
+GUI_WebViewDialog::~GUI_WebViewDialog()
+{
+    m_heldWhileLoading.reset();
+    m_entered.reset();
+    m_mediator.reset();
+    m_extraMediators.clear();
+}
+
+void GUI_WebViewDialog::addMediator(JS_Mediator *mediator)
+{
+    m_extraMediators.emplace_back(mediator);
+    m_host->attachMediator(m_webView, mediator);
+}
+
+void GUI_WebViewDialog::done(int result)
+{
+    if (m_closing)
+        return;
+    QPointer<GUI_WebViewDialog> self(this);
+    m_closing = true;
+    GUI_Dialog::done(result);
+    if (self)
+        m_closing = false;
+}
+
+void GUI_WebViewDialog::closeEvent(QCloseEvent *event)
+{
+    rejectOnClose(QLatin1String("GUI_WebViewDialog::closeEvent"), event);
+}
+
+void GUI_WebViewDialog::rejectOnClose(const QString &scope, QCloseEvent *event)
+{
+    OperationLogScope trace(scope);
+    QPointer<GUI_WebViewDialog> self(this);
+    reject();
+    if (self && isVisible())
+        event->ignore(); // it may not finish yet
+}
+
+void GUI_WebViewDialog::slotRejected()
+{
+    JS_Mediator_Dialog *mediator = m_mediator.get();
+    if (!mediator)
+        return;
+    guarded(m_host, [&] { PageSignal::send(mediator, [&] { emit mediator->rejected(); }); });
+}
+
+void GUI_WebViewDialog::loadStarted()
+{
+    OperationLogScope trace(QLatin1String("GUI_WebViewDialog::loadStarted"));
+    guarded(m_host, [&] {
+        if (!m_heldWhileLoading)
+            m_heldWhileLoading.emplace(m_host);
+    });
+    m_webView->setFocus(Qt::OtherFocusReason);
+    setWindowOpacity(0.0); // nobody sees the page half painted
+}
+
+void GUI_WebViewDialog::loadProgress(int) {}
+
+void GUI_WebViewDialog::loadFinished(bool ok)
+{
+    OperationLogScope trace(QLatin1String("GUI_WebViewDialog::loadFinished"),
+                            LogGroups::group(QLatin1String("ok"), ok));
+    guarded(m_host, [&] { centerDialog(m_host, this); });
+    UTL::fadeInAnimation(this)->start(QAbstractAnimation::DeleteWhenStopped);
+    m_heldWhileLoading.reset();
+    if (m_refreshOnLoad)
+        guarded(m_host, [&] { m_host->updateUI(~0u, true); });
+}

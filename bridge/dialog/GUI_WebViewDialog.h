@@ -1,0 +1,71 @@
+#pragma once
+
+#include "bridge/dialog/GUI_Dialog.h"
+#include "bridge/operation/DeterUpdateScope.h"
+#include "bridge/operation/DialogEnterScope.h"
+
+#include <QList>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class GUI_WebView;
+class HostServices;
+class JS_Mediator;
+class JS_Mediator_Dialog;
+class QVBoxLayout;
+
+/// A dialog that consists of one page and its mediator, which it owns.
+///
+/// While the page loads, the host's refreshes are held back and the dialog is transparent; then it
+/// fades in. A page that does not exist gives an empty dialog that can be closed.
+class GUI_WebViewDialog : public GUI_Dialog
+{
+    Q_OBJECT
+
+public:
+    /// `title` is an English source text, translated by the host. `mediator` passes into the
+    /// dialog's ownership and may be null. Throws what the host throws; the mediator is gone then.
+    GUI_WebViewDialog(HostServices *host, const QString &title, const QString &url,
+                      JS_Mediator_Dialog *mediator, QWidget *parent);
+    ~GUI_WebViewDialog() override;
+
+    /// Shows a further mediator to the page; it passes into the dialog's ownership. Throws what the
+    /// host throws.
+    void addMediator(JS_Mediator *mediator);
+
+    JS_Mediator_Dialog *mediator() const { return m_mediator.get(); }
+    GUI_WebView *webView() const { return m_webView; }
+
+    /// Accepts or rejects once: what a page asks for in its handler of `rejected` comes too late.
+    void done(int result) override;
+
+protected:
+    HostServices *host() const { return m_host; }
+
+    /// Whether the whole user interface is refreshed once the page has loaded; true at start.
+    void setRefreshOnLoad(bool refresh) { m_refreshOnLoad = refresh; }
+
+    void closeEvent(QCloseEvent *event) override;
+
+    /// What every dialog does when its frame is closed: a trace under `scope`, then rejection.
+    void rejectOnClose(const QString &scope, QCloseEvent *event);
+
+private slots:
+    void slotRejected();
+    void loadStarted();
+    void loadProgress(int percent);
+    void loadFinished(bool ok);
+
+private:
+    HostServices *m_host;
+    std::unique_ptr<JS_Mediator_Dialog> m_mediator;
+    std::vector<std::unique_ptr<JS_Mediator>> m_extraMediators;
+    QVBoxLayout *m_layout;
+    GUI_WebView *m_webView;
+    std::optional<DialogEnterScope> m_entered;
+    bool m_refreshOnLoad = true;
+    bool m_closing = false;
+    std::optional<DeterUpdateScope> m_heldWhileLoading;
+};

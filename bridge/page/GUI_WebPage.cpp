@@ -1,0 +1,64 @@
+#include "bridge/page/GUI_WebPage.h"
+
+#include "bridge/page/EmbeddedWidgets.h"
+#include "contract/HostGuard.h"
+#include "foundation/Keys.h"
+
+#include <QHash>
+#include <QWidget>
+
+namespace {
+
+// Which plug-in brings the widget that a page names. Pages spell the last one exactly so.
+QHash<QString, QString> makePluginNames()
+{
+    return {{QLatin1String("histogram"), Keys::tools.histogram},
+            {QLatin1String("lineprofile"), Keys::tools.lineProfile},
+            {QLatin1String("lut"), Keys::tools.lut},
+            {QLatin1String("sensorlut"), Keys::tools.sensorLut},
+            {QLatin1String("livecontrol_hwimage_trigger_histogram"), Keys::tools.liveControl},
+            {QLatin1String("livecontrol_auto_exposure_histogram"), Keys::tools.liveControl},
+            {QLatin1String("imagetrigger_histogram"), Keys::tools.imageTrigger},
+            {QLatin1String("analoggain"), Keys::tools.analogGain},
+            {QLatin1String("focuscheck"), Keys::tools.focusCheck},
+            {QLatin1String("colorcorrection_histgram"), Keys::tools.colorCorrection}};
+}
+
+QString pluginOf(const QString &classid)
+{
+    static const QHash<QString, QString> names = makePluginNames();
+    return names.value(classid);
+}
+
+}
+
+GUI_WebPage::GUI_WebPage(HostServices *host, QObject *parent)
+    : QWebPage(parent), m_host(host), m_embedded(new EmbeddedWidgets(this))
+{
+}
+
+QObject *GUI_WebPage::createPlugin(const QString &classid, const QUrl &, const QStringList &,
+                                   const QStringList &)
+{
+    QObject *object =
+        guarded(m_host, static_cast<QObject *>(nullptr), [&] { return hostWidget(classid); });
+    if (auto *widget = qobject_cast<QWidget *>(object))
+        m_embedded->add(widget, classid);
+    return object;
+}
+
+void GUI_WebPage::javaScriptConsoleMessage(const QString &, int, const QString &) {}
+
+QObject *GUI_WebPage::hostWidget(const QString &classid)
+{
+    if (classid == QLatin1String("mdi"))
+        return m_host->webPageEmbeddedMdi();
+    const QString name = pluginOf(classid);
+    if (name.isEmpty())
+        return nullptr;
+    PLG_Interface *plugin = m_host->pluginByName(name);
+    if (!plugin)
+        return nullptr;
+    m_host->prepareEmbeddedWidget(plugin, classid);
+    return m_host->embeddedWidget(plugin);
+}

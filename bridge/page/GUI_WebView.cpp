@@ -1,0 +1,33 @@
+#include "bridge/page/GUI_WebView.h"
+
+#include "bridge/page/GUI_WebPage.h"
+
+GUI_WebView::GUI_WebView(HostServices *host, QWidget *parent) : QWebView(parent)
+{
+    setPage(new GUI_WebPage(host, this));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setAcceptDrops(false);
+}
+
+GUI_WebView::~GUI_WebView()
+{
+    // A page that is still loading ends that now, and whoever listens is going too.
+    disconnect(page(), &QWebPage::loadFinished, this, nullptr);
+    disconnect(page(), &QWebPage::loadProgress, this, nullptr);
+    if (m_inspector) {
+        m_inspector->close();
+        delete m_inspector;
+    }
+}
+
+void GUI_WebView::showCustomContextMenu(const QPoint &pos)
+{
+    if (!m_menu.actions().isEmpty())
+        m_menu.exec(mapToGlobal(pos));
+}
+
+void GUI_WebView::execWebInspector()
+{
+    if (m_inspector)
+        triggerPageAction(QWebPage::InspectElement);
+}
