@@ -1,6 +1,6 @@
 #include "bench/BenchRatios.h"
 #include "plugin/PLG_Common.h"
-#include "plugin/RegionGeometry.h"
+#include "plugin/region/RegionGeometry.h"
 #include "standin/StandInHost.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "FuzzInput.h"
 
 #include "plugin/PLG_Common.h"
-#include "plugin/RegionGeometry.h"
+#include "plugin/region/RegionGeometry.h"
 #include "standin/StandInHost.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "contract/PLG_Interface.h"
-#include "plugin/RegionCursor.h"
+#include "plugin/region/RegionCursor.h"
 
 #include <QFont>
 #include <QFontMetrics>

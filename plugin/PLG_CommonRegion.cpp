@@ -3,7 +3,7 @@
 #include "contract/DOC_Interface.h"
 #include "contract/HostServices.h"
 #include "foundation/Keys.h"
-#include "plugin/RegionGeometry.h"
+#include "plugin/region/RegionGeometry.h"
 
 #include <QKeyEvent>
 

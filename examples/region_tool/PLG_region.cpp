@@ -7,7 +7,7 @@
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
 #include "contract/HostServices.h"
-#include "plugin/RegionGeometry.h"
+#include "plugin/region/RegionGeometry.h"
 
 namespace {
 

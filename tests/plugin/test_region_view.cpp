@@ -1,5 +1,5 @@
 #include "RegionTool.h"
-#include "plugin/RegionGeometry.h"
+#include "plugin/region/RegionGeometry.h"
 #include "tests/support/TestLog.h"
 
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "plugin/RegionGeometry.h"
+#include "plugin/region/RegionGeometry.h"
 
 #include <algorithm>
 #include <array>

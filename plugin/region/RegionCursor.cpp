@@ -1,4 +1,4 @@
-#include "plugin/RegionCursor.h"
+#include "plugin/region/RegionCursor.h"
 
 #include "foundation/Utilities.h"
 
