@@ -3,8 +3,8 @@
 #include "bridge/mediator/PageSignal.h"
 #include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
-#include "device/GUI_SelectBox.h"
-#include "device/JS_Mediator_SelectBox.h"
+#include "device/selectbox/GUI_SelectBox.h"
+#include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "standin/StandInHost.h"
 #include "workbench/Pages.h"
 

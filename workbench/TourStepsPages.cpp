@@ -1,7 +1,7 @@
 #include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/mediator/JS_Mediator_Page.h"
 #include "bridge/page/GUI_WebView.h"
-#include "device/GUI_SelectBox.h"
+#include "device/selectbox/GUI_SelectBox.h"
 #include "foundation/Keys.h"
 #include "workbench/DocumentView.h"
 #include "workbench/DropDownBoxes.h"

@@ -1,5 +1,5 @@
 #include "bridge/page/GUI_WebView.h"
-#include "device/GUI_SelectBox.h"
+#include "device/selectbox/GUI_SelectBox.h"
 #include "standin/StandInCamera.h"
 #include "tests/support/TestLog.h"
 #include "workbench/DropDownBoxes.h"

@@ -1,5 +1,5 @@
-#include "device/GUI_SelectBox.h"
-#include "device/JS_Mediator_SelectBox.h"
+#include "device/selectbox/GUI_SelectBox.h"
+#include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "plugin/PLG_Common.h"
 #include "tests/bridge/support/FaultMatrix.h"
 

@@ -1,10 +1,10 @@
-#include "device/GUI_SelectBox.h"
+#include "device/selectbox/GUI_SelectBox.h"
 
 #include "bridge/mediator/PageSignal.h"
 #include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
-#include "device/JS_Mediator_SelectBox.h"
-#include "device/SelectBoxPlacement.h"
+#include "device/selectbox/JS_Mediator_SelectBox.h"
+#include "device/selectbox/SelectBoxPlacement.h"
 #include "foundation/Keys.h"
 
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "device/SelectBoxPlacement.h"
+#include "device/selectbox/SelectBoxPlacement.h"
 
 #include <algorithm>
 

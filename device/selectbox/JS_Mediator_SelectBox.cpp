@@ -1,4 +1,4 @@
-#include "device/JS_Mediator_SelectBox.h"
+#include "device/selectbox/JS_Mediator_SelectBox.h"
 
 #include "bridge/mediator/PageSignal.h"
 #include "bridge/operation/OperationLog.h"
