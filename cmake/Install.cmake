@@ -15,7 +15,7 @@ endif()
 foreach(folder contract foundation bridge plugin record device save standin)
     if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${folder})
         install(DIRECTORY ${folder} DESTINATION ${ORVIX_INSTALL_INCLUDEDIR}
-                FILES_MATCHING PATTERN "*.h" PATTERN PLG_multilock.h EXCLUDE)
+                FILES_MATCHING PATTERN "*.h")
     endif()
 endforeach()
 install(TARGETS orvix_toolkit orvix_standin ARCHIVE DESTINATION ${ORVIX_INSTALL_LIBDIR})

@@ -1,4 +1,4 @@
-#include "plugin/makeButtonPlugin.h"
+#include "tools/multilock/makeButtonPlugin.h"
 
 #include "PLG_note.h"
 

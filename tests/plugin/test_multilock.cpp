@@ -1,7 +1,7 @@
-#include "plugin/PLG_multilock.h"
-#include "plugin/makeButtonPlugin.h"
 #include "standin/StandInHost.h"
 #include "tests/support/TestLog.h"
+#include "tools/multilock/PLG_multilock.h"
+#include "tools/multilock/makeButtonPlugin.h"
 
 #include <memory>
 

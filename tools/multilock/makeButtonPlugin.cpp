@@ -1,6 +1,6 @@
-#include "plugin/makeButtonPlugin.h"
+#include "tools/multilock/makeButtonPlugin.h"
 
-#include "plugin/PLG_multilock.h"
+#include "tools/multilock/PLG_multilock.h"
 
 #include <new>
 

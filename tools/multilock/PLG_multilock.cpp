@@ -1,4 +1,4 @@
-#include "plugin/PLG_multilock.h"
+#include "tools/multilock/PLG_multilock.h"
 
 #include "contract/HostServices.h"
 #include "foundation/Keys.h"
