@@ -4,7 +4,7 @@
 #include "bridge/page/GUI_WebView.h"
 #include "foundation/Keys.h"
 #include "foundation/LogLines.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QApplication>
 #include <QEventLoop>

@@ -3,7 +3,7 @@
 #include "contract/HostGuard.h"
 #include "foundation/LogGroups.h"
 #include "foundation/Utilities.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QApplication>
 #include <QCollator>

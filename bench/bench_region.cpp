@@ -1,7 +1,7 @@
 #include "bench/BenchRatios.h"
 #include "plugin/PLG_Common.h"
 #include "plugin/region/RegionGeometry.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QApplication>
 #include <QRandomGenerator>

@@ -2,7 +2,7 @@
 
 #include "plugin/PLG_Common.h"
 #include "plugin/region/RegionGeometry.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QApplication>
 #include <QKeyEvent>

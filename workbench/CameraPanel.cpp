@@ -2,8 +2,8 @@
 
 #include "bridge/operation/OperationLog.h"
 #include "contract/HostGuard.h"
-#include "standin/StandInCamera.h"
-#include "standin/StandInHost.h"
+#include "standin/documents/StandInCamera.h"
+#include "standin/host/StandInHost.h"
 #include "workbench/SettingChoices.h"
 #include "workbench/SettingsText.h"
 

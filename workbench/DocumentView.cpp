@@ -1,6 +1,6 @@
 #include "workbench/DocumentView.h"
 
-#include "standin/StandInDocument.h"
+#include "standin/documents/StandInDocument.h"
 #include "workbench/ElidingLabel.h"
 #include "workbench/LockBadge.h"
 #include "workbench/PictureArea.h"

@@ -5,7 +5,7 @@
 #include "contract/HostGuard.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "workbench/Pages.h"
 
 #include <QEvent>

@@ -1,6 +1,6 @@
 #include "workbench/HostCallPanel.h"
 
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "workbench/Look.h"
 
 #include <QPlainTextEdit>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QMainWindow>
 

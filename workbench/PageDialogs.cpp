@@ -5,7 +5,7 @@
 #include "bridge/mediator/PageSignal.h"
 #include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "workbench/Pages.h"
 
 namespace {

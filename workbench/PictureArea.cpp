@@ -1,6 +1,6 @@
 #include "workbench/PictureArea.h"
 
-#include "standin/StandInCamera.h"
+#include "standin/documents/StandInCamera.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,6 +1,6 @@
 #include "workbench/SettingChoices.h"
 
-#include "standin/CameraSettings.h"
+#include "standin/documents/CameraSettings.h"
 
 #include <algorithm>
 

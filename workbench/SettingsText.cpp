@@ -1,6 +1,6 @@
 #include "workbench/SettingsText.h"
 
-#include "standin/StandInCamera.h"
+#include "standin/documents/StandInCamera.h"
 
 #include <QCoreApplication>
 

@@ -1,6 +1,6 @@
 #include "workbench/Shortcuts.h"
 
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "workbench/StatusLine.h"
 
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "workbench/ElidingLabel.h"
 
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "workbench/SupportFile.h"
 
 #include "foundation/LogGroups.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QBuffer>
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 #include "bridge/operation/OperationLog.h"
 #include "contract/HostGuard.h"
 #include "contract/PLG_Interface.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QAction>
 #include <QWidget>

@@ -3,7 +3,7 @@
 #include "bridge/mediator/JS_Mediator.h"
 #include "bridge/mediator/PageSignal.h"
 #include "contract/HostGuard.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QCloseEvent>
 

@@ -1,7 +1,7 @@
 #include "workbench/ToolView.h"
 
 #include "contract/HostGuard.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "workbench/DocumentView.h"
 #include "workbench/PictureArea.h"
 #include "workbench/ViewArea.h"

@@ -2,7 +2,7 @@
 
 #include "bridge/operation/OperationLog.h"
 #include "foundation/Keys.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <QAction>
 #include <QActionGroup>

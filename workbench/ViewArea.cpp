@@ -1,9 +1,9 @@
 #include "workbench/ViewArea.h"
 
 #include "bridge/operation/OperationLog.h"
-#include "standin/StandInCamera.h"
-#include "standin/StandInHost.h"
-#include "standin/StandInRecording.h"
+#include "standin/documents/StandInCamera.h"
+#include "standin/documents/StandInRecording.h"
+#include "standin/host/StandInHost.h"
 #include "workbench/DocumentView.h"
 #include "workbench/EmptyPage.h"
 #include "workbench/PlaybackBar.h"

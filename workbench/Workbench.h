@@ -1,7 +1,7 @@
 #pragma once
 
-#include "standin/PluginLoader.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
+#include "standin/tools/PluginLoader.h"
 #include "workbench/LogModel.h"
 #include "workbench/LogRecorder.h"
 

@@ -4,8 +4,8 @@
 #include "foundation/exceptions/APP_Exception.h"
 #include "foundation/exceptions/DOC_ReadFileException.h"
 #include "foundation/exceptions/UTL_Exception.h"
-#include "standin/StandInFault.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
+#include "standin/journal/StandInFault.h"
 #include "tests/support/TestLog.h"
 
 #include <QThread>

@@ -2,7 +2,7 @@
 #include "bridge/mediator/JS_Mediator_Page.h"
 #include "bridge/page/GUI_WebView.h"
 #include "plugin/PLG_Common.h"
-#include "standin/PluginLoader.h"
+#include "standin/tools/PluginLoader.h"
 #include "tests/bridge/support/FaultMatrix.h"
 #include "tests/bridge/support/PageProbe.h"
 #include "tests/support/TestLog.h"

@@ -1,6 +1,6 @@
 #include "bridge/mediator/JS_Mediator.h"
 #include "bridge/operation/OperationLog.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #include "bridge/data/SkipRange.h"
 #include "bridge/mediator/JS_Mediator.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 // The range of skip values that the selected partitions allow.

@@ -1,6 +1,6 @@
 #include "bridge/page/GUI_WebPage.h"
 #include "bridge/page/GUI_WebView.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <QTimer>

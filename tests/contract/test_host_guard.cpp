@@ -1,7 +1,7 @@
 #include "contract/HostGuard.h"
 #include "foundation/exceptions/DOC_Exception.h"
-#include "standin/StandInFault.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
+#include "standin/journal/StandInFault.h"
 #include "tests/support/TestLog.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #include "contract/ViewPauseGuard.h"
-#include "standin/StandInCamera.h"
-#include "standin/StandInHost.h"
+#include "standin/documents/StandInCamera.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <QElapsedTimer>

@@ -3,7 +3,7 @@
 #include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "device/selectbox/SelectBoxPlacement.h"
 #include "plugin/PLG_Common.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/bridge/support/PageProbe.h"
 #include "tests/support/TestLog.h"
 

@@ -1,7 +1,7 @@
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
 #include "contract/PLG_Interface.h"
-#include "standin/PluginLoader.h"
+#include "standin/tools/PluginLoader.h"
 #include "tests/bridge/support/FaultMatrix.h"
 #include "tests/support/TestLog.h"
 

@@ -3,7 +3,7 @@
 #include "bridge/page/GUI_WebView.h"
 #include "contract/DOC_Interface.h"
 #include "contract/PLG_Interface.h"
-#include "standin/StandInCamera.h"
+#include "standin/documents/StandInCamera.h"
 #include "tests/support/TestLog.h"
 #include "workbench/DocumentView.h"
 #include "workbench/MainWindow.h"

@@ -1,7 +1,7 @@
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
 #include "bridge/page/GUI_WebView.h"
-#include "standin/StandInCamera.h"
+#include "standin/documents/StandInCamera.h"
 #include "tests/support/TestLog.h"
 #include "workbench/DocumentView.h"
 #include "workbench/MainWindow.h"

@@ -1,6 +1,6 @@
 #include "foundation/Utilities.h"
-#include "standin/StandInFault.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
+#include "standin/journal/StandInFault.h"
 #include "tests/support/TestLog.h"
 
 #include <QCollator>

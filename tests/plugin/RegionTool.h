@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ProbeTool.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
 #include "contract/PLG_Interface.h"
-#include "standin/PluginLoader.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
+#include "standin/tools/PluginLoader.h"
 #include "tests/support/TestLog.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "ProbeTool.h"
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <QFile>

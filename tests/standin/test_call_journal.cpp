@@ -1,6 +1,6 @@
 #include "contract/PLG_Interface.h"
 #include "foundation/LogGroups.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <QElapsedTimer>

@@ -1,4 +1,4 @@
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <QSignalSpy>

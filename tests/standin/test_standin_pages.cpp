@@ -1,6 +1,6 @@
 #include "bridge/mediator/JS_Mediator.h"
 #include "bridge/page/GUI_WebView.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <QSignalSpy>

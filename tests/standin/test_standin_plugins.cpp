@@ -1,7 +1,7 @@
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "plugin/PLG_Button.h"
-#include "standin/PluginLoader.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
+#include "standin/tools/PluginLoader.h"
 #include "tests/support/TestLog.h"
 
 #include <QFile>

@@ -1,5 +1,5 @@
 #include "plugin/PLG_Common.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <memory>

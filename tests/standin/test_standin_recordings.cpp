@@ -1,6 +1,6 @@
 #include "foundation/exceptions/DOC_ReadFileException.h"
-#include "standin/NaturalOrder.h"
-#include "standin/StandInHost.h"
+#include "standin/documents/NaturalOrder.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <QCollator>

@@ -1,7 +1,7 @@
 #include "foundation/InfoItems.h"
 #include "foundation/Keys.h"
-#include "standin/StandInDefaults.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
+#include "standin/settings/StandInDefaults.h"
 #include "tests/support/TestLog.h"
 
 #include <QFile>

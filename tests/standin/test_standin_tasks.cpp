@@ -1,5 +1,5 @@
 #include "foundation/exceptions/APP_ConcurrentException.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <QLabel>

@@ -1,5 +1,5 @@
-#include "standin/SceneRenderer.h"
-#include "standin/StandInHost.h"
+#include "standin/drawing/SceneRenderer.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #include "bridge/page/GUI_WebView.h"
 #include "device/selectbox/GUI_SelectBox.h"
-#include "standin/StandInCamera.h"
+#include "standin/documents/StandInCamera.h"
 #include "tests/support/TestLog.h"
 #include "workbench/DropDownBoxes.h"
 #include "workbench/LogModel.h"

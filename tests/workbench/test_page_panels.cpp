@@ -1,7 +1,7 @@
 #include "bridge/mediator/JS_Mediator_Page.h"
 #include "bridge/page/GUI_WebView.h"
 #include "foundation/Keys.h"
-#include "standin/StandInCamera.h"
+#include "standin/documents/StandInCamera.h"
 #include "tests/support/TestLog.h"
 #include "workbench/LogModel.h"
 #include "workbench/MainWindow.h"

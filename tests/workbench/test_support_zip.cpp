@@ -1,8 +1,8 @@
 #include "bridge/mediator/JS_Mediator.h"
 #include "bridge/operation/FileChoice.h"
 #include "foundation/exceptions/APP_Exception.h"
-#include "standin/StandInCamera.h"
-#include "standin/StandInHost.h"
+#include "standin/documents/StandInCamera.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 #include "workbench/SupportFile.h"
 

@@ -1,5 +1,5 @@
 #include "plugin/PLG_Button.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 #include "workbench/ToolBar.h"
 

@@ -3,7 +3,7 @@
 #include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
 #include "bridge/page/GUI_WebView.h"
-#include "standin/StandInHost.h"
+#include "standin/host/StandInHost.h"
 #include "tests/bridge/support/PageProbe.h"
 
 /// A host with a shown dialog whose page "calls.html" has a mediator under the name "bridge".

@@ -1,5 +1,5 @@
 #include "contract/PLG_Interface.h"
-#include "standin/PluginLoader.h"
+#include "standin/tools/PluginLoader.h"
 #include "tests/support/TestLog.h"
 
 #include <QDir>

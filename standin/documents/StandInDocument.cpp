@@ -1,0 +1,175 @@
+#include "standin/documents/StandInDocument.h"
+
+#include "standin/host/StandInHost.h"
+
+#include <QtDebug>
+
+StandInDocument::StandInDocument(StandInHost &host, DOCKEY key)
+    : m_host(host), m_journal(host.callJournal()), m_key(key),
+      m_journalName(QLatin1Char('[') + QString::number(key) + QLatin1Char(']')), m_heads(*this)
+{
+}
+
+StandInDocument::~StandInDocument() = default;
+
+int StandInDocument::Heads::headCount()
+{
+    m_document.asked("headCount");
+    return m_document.m_state.headCount;
+}
+
+void StandInDocument::markClosed()
+{
+    m_closed = true;
+}
+
+void StandInDocument::checkOpen(const char *operation) const
+{
+    if (m_closed)
+        qCritical().noquote() << "call on the closed document" << m_journalName << operation;
+}
+
+ViewGeometry StandInDocument::geometry() const
+{
+    ViewGeometry geometry;
+    geometry.picture = pictureSize();
+    geometry.quarterTurns = m_state.quarterTurns;
+    geometry.flippedHorizontally = m_state.isFlippedHorizontally;
+    geometry.flippedVertically = m_state.isFlippedVertically;
+    const QSize turned = geometry.turnedSize();
+    // A zoom counts sensor pixels, so that a binned picture keeps its size on the screen.
+    const int pixel = showsWholeSensor() ? 1 : 1 << m_state.binningLevel;
+    geometry.scale = m_state.zoom > 0.0 ? m_state.zoom * pixel
+                                        : ViewGeometry::fittingScale(turned, m_state.viewSize);
+    if (!m_state.viewSize.isEmpty()) {
+        const QSize shown = (QSizeF(turned) * geometry.scale).toSize();
+        geometry.origin = QPoint((m_state.viewSize.width() - shown.width()) / 2,
+                                 (m_state.viewSize.height() - shown.height()) / 2);
+    }
+    return geometry;
+}
+
+void StandInDocument::setQuarterTurns(int turns)
+{
+    m_state.quarterTurns = ((turns % 4) + 4) % 4;
+    emit m_host.events()->viewChanged(m_key);
+}
+
+void StandInDocument::setFlips(bool horizontal, bool vertical)
+{
+    m_state.isFlippedHorizontally = horizontal;
+    m_state.isFlippedVertically = vertical;
+    emit m_host.events()->viewChanged(m_key);
+}
+
+void StandInDocument::setZoom(double zoom)
+{
+    m_state.zoom = zoom;
+    emit m_host.events()->viewChanged(m_key);
+}
+
+void StandInDocument::setViewSize(const QSize &size)
+{
+    if (m_state.viewSize == size)
+        return;
+    m_state.viewSize = size;
+    emit m_host.events()->viewChanged(m_key);
+}
+
+void StandInDocument::setBinningLevel(int exponent)
+{
+    m_state.binningLevel = qBound(0, exponent, 2);
+    emit m_host.events()->viewChanged(m_key);
+}
+
+void StandInDocument::setToolOn(const QString &tool, bool on)
+{
+    m_state.toolOn.insert(tool, on);
+    emit m_host.events()->toolStateChanged(tool);
+}
+
+const StandInPartition *StandInDocument::partition(int number) const
+{
+    for (const StandInPartition &entry : m_state.partitions) {
+        if (entry.number == number)
+            return &entry;
+    }
+    return nullptr;
+}
+
+const StandInSlot *StandInDocument::slotAt(int slot) const
+{
+    return slot >= 0 && slot < m_state.mediaSlots.size() ? &m_state.mediaSlots.at(slot) : nullptr;
+}
+
+StandInSlot *StandInDocument::slotAt(int slot)
+{
+    return slot >= 0 && slot < m_state.mediaSlots.size() ? &m_state.mediaSlots[slot] : nullptr;
+}
+
+const StandInData *StandInDocument::dataAt(int slot, int index) const
+{
+    const StandInSlot *found = slotAt(slot);
+    return found && index >= 0 && index < found->data.size() ? &found->data.at(index) : nullptr;
+}
+
+int StandInDocument::indexOfCustomInfo(const QString &name) const
+{
+    for (int i = 0; i < m_state.customInfo.size(); ++i) {
+        if (m_state.customInfo.at(i).toMap().value(QStringLiteral("name")).toString() == name)
+            return i;
+    }
+    return -1;
+}
+
+bool StandInDocument::isToolOnHere(const QString &tool) const
+{
+    const auto own = m_state.toolOn.find(tool);
+    return own != m_state.toolOn.end() ? *own : m_host.toolState(tool);
+}
+
+bool StandInDocument::isInTransaction(const QString &tool) const
+{
+    return m_host.isTransactionOpen(tool);
+}
+
+bool StandInDocument::isSelectedHere() const
+{
+    return m_host.selection().contains(m_key);
+}
+
+int StandInDocument::selectedCount() const
+{
+    return m_host.selection().size();
+}
+
+int StandInDocument::cameraCountOfHost() const
+{
+    return m_host.cameras().size();
+}
+
+QList<DOC_Interface *> StandInDocument::groupMembersHere()
+{
+    return m_host.groupMembersOf(this);
+}
+
+void StandInDocument::setSelectedHere(bool selected)
+{
+    m_host.select(m_key, selected);
+}
+
+void StandInDocument::pushSettings()
+{
+    sendSettings();
+}
+
+void StandInDocument::notifyRefreshed()
+{
+    ++m_state.refreshes;
+    emit m_host.events()->documentRefreshed(m_key);
+}
+
+void StandInDocument::notifyInfoChanged()
+{
+    emit m_host.events()->documentInfoChanged();
+}

@@ -1,0 +1,24 @@
+#include "standin/host/StandInHost.h"
+
+StandInHost::StandInHost() : m_settings(std::make_unique<StandInSettings>()), m_prefsDialog(*this)
+{
+    qRegisterMetaType<DOCKEY>("DOCKEY"); // so that events can be queued and spied on
+    m_journal.setDocumentRemover([this](DOCKEY key) { closeDocument(key); });
+    m_journal.setListener([this](const QString &line) { emit m_events.callJournalled(line); });
+    m_appScriptObject.setObjectName(QStringLiteral("app"));
+    m_mainScriptObject.setObjectName(QStringLiteral("main"));
+    QObject::connect(&m_undo, &QUndoStack::indexChanged, &m_events, &StandInEvents::undoChanged);
+    QObject::connect(&m_undo, &QUndoStack::canUndoChanged, &m_events, &StandInEvents::undoChanged);
+    QObject::connect(&m_undo, &QUndoStack::canRedoChanged, &m_events, &StandInEvents::undoChanged);
+}
+
+StandInHost::StandInHost(const QString &iniFile) : StandInHost()
+{
+    m_settings = std::make_unique<StandInSettings>(iniFile);
+}
+
+StandInHost::~StandInHost()
+{
+    // The undo stack tells of its end, and there may be nobody left to tell.
+    m_undo.disconnect();
+}

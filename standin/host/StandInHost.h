@@ -1,0 +1,570 @@
+#pragma once
+
+#include "contract/HostServices.h"
+#include "standin/documents/StandInCamera.h"
+#include "standin/documents/StandInGroup.h"
+#include "standin/documents/StandInRecording.h"
+#include "standin/host/StandInEvents.h"
+#include "standin/host/StandInState.h"
+#include "standin/journal/CallJournal.h"
+#include "standin/saving/SavePlan.h"
+#include "standin/settings/StandInSettings.h"
+#include "standin/tools/ToolTranslations.h"
+
+#include <QUndoStack>
+
+#include <memory>
+#include <vector>
+
+/// A complete stand-in for the application: every operation of HostServices, in memory.
+///
+/// What a tool of this library works with is real: modes, settings, documents and selection, the
+/// lock, plug-ins, transactions, pauses, the undo stack, translations, the save plan. Everything
+/// else answers from state(). Each call of the library leaves a line in the journal, and a test can
+/// let any of them fail. What tests and the workbench do by themselves, by the operations below,
+/// leaves none.
+///
+/// It outlives all tools. GUI thread, but for the journal.
+class StandInHost : public HostServices
+{
+public:
+    enum class Mode { Live, Memory, File };
+
+    /// The value of a camera that changeSettings() takes over.
+    enum class Setting { RecordRate, ShutterSpeed, Region };
+
+    /// A message that was shown to the user.
+    struct Message
+    {
+        QString kind; ///< "info", "warn", "alert" or "confirm"
+        QString text;
+        QStringList items;
+    };
+
+    /// Settings in memory.
+    StandInHost();
+
+    /// Settings in an INI file, which is made when it does not exist.
+    explicit StandInHost(const QString &iniFile);
+
+    virtual ~StandInHost();
+
+    StandInHost(const StandInHost &) = delete;
+    StandInHost &operator=(const StandInHost &) = delete;
+
+    // The journal and faults; see CallJournal.
+
+    QStringList journal() const { return m_journal.lines(); }
+    QStringList commands() const { return m_journal.commands(); }
+    void clearJournal() { m_journal.clear(); }
+    void setJournalEnabled(bool on) { m_journal.setEnabled(on); }
+    void setJournalLimit(int lines) { m_journal.setLimit(lines); }
+    int callCount() const { return m_journal.callCount(); }
+    void failOn(const QString &operation, int nth = 1) { m_journal.failOn(operation, nth); }
+    void failAtCall(int nth) { m_journal.failAtCall(nth); }
+    void failFromCall(int nth) { m_journal.failFromCall(nth); }
+    void answerNullOn(const QString &operation, int nth = 1)
+    {
+        m_journal.answerNullOn(operation, nth);
+    }
+    void answerEmptyOn(const QString &operation, int nth = 1)
+    {
+        m_journal.answerEmptyOn(operation, nth);
+    }
+    void delayOn(const QString &operation, int msec) { m_journal.delayOn(operation, msec); }
+    void removeDocumentOn(const QString &operation, DOCKEY key)
+    {
+        m_journal.removeDocumentOn(operation, key);
+    }
+    void clearFaults() { m_journal.clearFaults(); }
+    CallJournal &callJournal() { return m_journal; }
+
+    // What it answers from, and what happens in it.
+
+    StandInState &state() { return m_state; }
+    StandInSettings &settings() { return *m_settings; }
+    StandInEvents *events() { return &m_events; }
+    QUndoStack *undoSteps() { return &m_undo; } ///< owned by the host
+
+    // Modes.
+
+    Mode mode() const { return m_mode; }
+
+    /// Changes the mode and tells all plug-ins.
+    void setMode(Mode mode);
+
+    // Documents. Keys count from 1 and are never used again. The first document that is added
+    // becomes the current one and is selected.
+
+    /// A new camera, owned by the host. It joins the lock when that is on.
+    StandInCamera *addCamera(const StandInCamera::Description &description = {});
+
+    /// Opens a folder of images, a frame each, in natural order. The recording is owned by the
+    /// host. Throws a DOC_ReadFileException when the folder holds no image that can be read.
+    StandInRecording *openRecording(const QString &folder);
+
+    /// A document that stands for a group of others.
+    StandInGroup *addGroup(const QString &name, const QList<StandInDocument *> &members);
+
+    /// Closes a document without a call in the journal.
+    void closeDocument(DOCKEY key);
+
+    StandInDocument *document(DOCKEY key) const; ///< null without such a document
+    StandInCamera *camera(DOCKEY key) const;     ///< null without such a camera
+    QList<StandInDocument *> documents() const;  ///< in the order of the list
+    QList<StandInCamera *> cameras() const;
+    QList<StandInRecording *> recordings() const;
+
+    DOCKEY currentKey() const { return m_currentKey; } ///< NoDocKey without a current document
+    void makeCurrent(DOCKEY key);                      ///< nothing without such a document
+
+    QList<DOCKEY> selection() const { return m_selection; } ///< in the order of selection
+    void select(DOCKEY key, bool selected);
+
+    /// Members of the group that a document stands for or is part of, in the order of the list.
+    QList<DOC_Interface *> groupMembersOf(StandInDocument *document) const;
+
+    // Camera settings and the lock.
+
+    /// Sets one value of a camera, taken from `wanted`, as one undo step that also holds what
+    /// follows on the other cameras: while this one is locked the value reaches all locked ones,
+    /// clamped to what each can do.
+    void changeSettings(StandInCamera &camera, const CameraSettings &wanted, Setting setting);
+
+    /// Changes the document alone, as one undo step; nothing is sent.
+    void editSettings(StandInCamera &camera, const CameraSettings &settings);
+
+    bool isLockOn() const { return m_locked; }
+
+    /// Whether the current plug-in is one of the state's `readOutTools`. Meanwhile each camera
+    /// shows its whole sensor, in sensor pixels, and reads out the tool's region of it when it is
+    /// sent its settings.
+    bool isReadOutEdited() const { return m_readOutTool; }
+
+    /// The part of the sensor that such a tool wants a camera to read, by its regionToSensor(). The
+    /// camera's present one while there is none, or when the tool fails, which is handed to
+    /// errorHandler().
+    QRect wantedReadOut(StandInCamera &camera);
+
+    // Tools.
+
+    bool toolState(const QString &tool) const { return m_toolOn.value(tool, false); }
+    bool isToolActive(const QString &tool) const { return m_activeTools.contains(tool); }
+    QString quickTool() const { return m_quickTool; }
+    bool isTransactionOpen(const QString &tool) const { return m_transactions.contains(tool); }
+
+    /// Takes a plug-in in, which stays the caller's: setHost() comes first, then its translations
+    /// are looked for. When it is deleted the host forgets it.
+    void addPlugin(PLG_Interface *plugin);
+
+    /// Closes the plug-in and forgets it, with its translations. Nothing for one that is not here.
+    void removePlugin(PLG_Interface *plugin);
+
+    /// Opens it as openPluginByName() does, without a line in the journal: what a press of the
+    /// button of a tool with a panel or dialog does. Nothing for null and the current one. Throws
+    /// what the tool throws.
+    void openPlugin(PLG_Interface *plugin);
+
+    QList<PLG_Interface *> plugins() const { return m_plugins; }
+    bool isPluginOpen(PLG_Interface *plugin) const { return m_openPlugins.contains(plugin); }
+
+    /// Text on the tool's button, translated: as the host knows it, else as the mediator of the
+    /// tool's page says, else the tool's name.
+    QString toolLabel(PLG_Interface *plugin);
+
+    /// Names of the translation files in use.
+    QStringList translationFiles() const { return m_translations.files(); }
+
+    // Pauses: calls that begin minus calls that end, 0 when all is balanced.
+
+    int livePauses() const { return m_livePauses; }
+    int playbackPauses() const { return m_playbackPauses; }
+    int viewSuspensions() const { return m_viewSuspensions; }
+    int exclusiveUpdates() const { return m_exclusiveUpdates; }
+    int exclusiveRefreshes() const { return m_exclusiveRefreshes; }
+    int deterrals() const { return m_deterrals; }
+    int openMacros() const { return m_openMacros; }
+
+    // Messages.
+
+    /// What confirm() answers from now on; false at the start.
+    void answerConfirm(bool yes) { m_confirmAnswer = yes; }
+
+    /// Whether messages are shown as message boxes and confirm() asks the user; off at the start.
+    void setInteractive(bool on) { m_interactive = on; }
+
+    QList<Message> messages() const { return m_messages; }
+    void clearMessages() { m_messages.clear(); }
+
+    /// what() of everything that errorHandler() got.
+    QStringList handledErrors() const { return m_handledErrors; }
+    void clearHandledErrors() { m_handledErrors.clear(); }
+
+    SavePlan &savePlan() { return m_savePlan; }
+
+    // Pages.
+
+    /// Does what attachMediator() does, for pages of a user interface around the host.
+    void showMediator(GUI_WebView *view, JS_Mediator *mediator);
+
+    /// The object that pages see as "main"; its properties are free for a user interface.
+    QObject *pageObject() { return &m_mainScriptObject; }
+
+    // The contract.
+
+    // HostMain
+
+    void updateUI(uint flags, bool force) override;
+    void hideSelectBox() override;
+    bool isShownDropBox() override;
+    void showDropDownBox(const QString &key, const QRect &rect) override;
+    void hideDropDownBox(const QString &key, const QPoint &pos) override;
+    void hideDropDownBox(const QString &key) override;
+    bool needsDialogEnterNotice() override;
+    QObject *webPageEmbeddedMdi() override;
+    void attachMediator(GUI_WebView *view, JS_Mediator *mediator) override;
+    int currentMode() override;
+    bool isLiveMode() override;
+    bool isMemoryMode() override;
+    bool isFileMode() override;
+    QWidget *mainWidget() override;
+    void errorHandler(std::exception &e) override;
+    void info(const QString &text, QWidget *parent) override;
+    void warn(const QString &text, const QStringList &items, QWidget *parent) override;
+    void warn(const QString &text, QWidget *parent) override;
+    void alert(const QString &text, const QStringList &items, QWidget *parent) override;
+    void alert(const QString &text, QWidget *parent) override;
+    bool confirm(const QString &text, QWidget *parent, const QVariantMap &options) override;
+    QString translate(const QString &text) override;
+    void setAllQuickToolsDisabledRefresh() override;
+    HostPrefsDialog *prefsDialog() override;
+    void openAboutDialog() override;
+    bool isToolRunning(const QString &tool) override;
+    bool isFeatureOn(const QString &key, DOC_Interface *doc, bool) override;
+    bool isReady() override;
+    bool isDialogExitSuppressed() override;
+    bool isUpdateIgnore() override;
+    void deterUpdateUI(bool deter) override;
+    void exportSupportSnapshot(SupportSnapshot &out) override;
+    bool writeSupportFile(const QString &path, const SupportSnapshot &snapshot) override;
+    bool isAutoCameraNameEnabled() override;
+    QVariant getPref(const QString &key, const QVariant &defaultValue) override;
+    int getPrefInt(const QString &key, const QVariant &defaultValue) override;
+    bool getPrefBool(const QString &key, const QVariant &defaultValue) override;
+    double getPrefFloat(const QString &key, const QVariant &defaultValue) override;
+    QString getPrefString(const QString &key, const QVariant &defaultValue) override;
+    void setPref(const QString &key, const QVariant &value) override;
+    void setPrefInt(const QString &key, int value) override;
+    void setPrefBool(const QString &key, bool value) override;
+    void setPrefFloat(const QString &key, double value) override;
+    void setPrefString(const QString &key, const QString &value) override;
+    void setTextBoxFocusState(bool focused) override;
+    void notifyDialogLeft() override;
+    void notifyDialogEntered() override;
+    bool hasRestoredPrefs() override;
+    void acknowledgeRestoredPrefs(bool) override;
+    void runWithProgress(const QString &text, QFutureWatcher<void> &watcher) override;
+    bool isTrelvikWindowShown() override;
+    void openEthernetSettings() override;
+    QVariant prefDefault(const QString &key) override;
+    void removePref(const QString &key) override;
+    QString infoItemDefaultDisplay() override;
+    QString infoItemLabel(const QString &id) override;
+    QStringList fontFamilyList() override;
+    void applyOutputFontName(const QString &fontName, int group) override;
+    QString hostVersionText() override;
+    void getTimeCodeSetting(TimeCodeRecord &out) override;
+    void setTimeCodeSetting(const TimeCodeRecord &record) override;
+    bool isConverting() override;
+    bool isPartitionSelectionAuto() override;
+    QObject *appScriptObject() override;
+    QObject *mainScriptObject() override;
+    bool isCycleView() override;
+    bool isNotLivePage(bool orDeviceSettings) override;
+    bool isPrefsDialogOpen() override;
+    bool isModalDialogOpen() override;
+    bool textBoxFocusState() override;
+    QString companionInstallDir() override;
+
+    // HostPlugins
+
+    PLG_Interface *pluginByName(const QString &name) override;
+    void returnFromPlugin() override;
+    void openPluginByName(const QString &tool) override;
+    void closePluginByName(const QString &tool) override;
+    void closeCurrentPlugin() override;
+    PLG_Interface *currentPlugin() override;
+    QString currentPluginName() override;
+    bool isTrelvikRunning() override;
+    bool isMVersion() override;
+    void prepareSelectAll() override;
+    bool isAutoExposureSettingOpen() override;
+    bool isHwTriggerSettingOpen() override;
+    bool isVariableSettingOpen() override;
+    bool isTracking() override;
+    bool isSendingNodeCommand() override;
+    bool isAdjustingImage() override;
+    bool isDetectingPixelDefect() override;
+    bool isImageTriggerCapturing() override;
+    bool isImageTriggerDetecting() override;
+    bool isOtherPluginOpen() override;
+    void prepareEmbeddedWidget(PLG_Interface *plugin, const QString &classid) override;
+    QWidget *embeddedWidget(PLG_Interface *plugin) override;
+
+    // HostDocuments
+
+    DOC_Interface *deviceByKey(DOCKEY key, bool) override;
+    DOC_Interface *documentByKey(DOCKEY key) override;
+    void setCurrentDoc(DOCKEY key, bool) override;
+    void unselectDoc(DOCKEY key) override;
+    DOC_Interface *currentDocument() override;
+    DOCKEY currentDocKey() override;
+    void removeDocument(DOCKEY key) override;
+    void removeAllDocuments(int, bool unselectOnly) override;
+    void selectAllDocs(JS_Mediator *receiver) override;
+    void selectDocs(const QList<DOCKEY> &keys, bool) override;
+    void refreshDocumentInfo(bool) override;
+    void setTrelvikLock(bool lock) override;
+    bool isTrelvikLocked() override;
+    void commitTransaction(bool apply, const QString &tool) override;
+    void beginTransaction(const QString &tool, bool, bool) override;
+    void rollbackTransaction(const QString &tool) override;
+    void resetTransaction(const QString &tool) override;
+    void setToolActive(const QString &tool, bool on) override;
+    void setQuickTool(const QString &tool) override;
+    void setToolState(const QString &tool, bool on) override;
+    bool isWaveDataAcquisition() override;
+    void deviceKeys(QList<DOCKEY> &out, bool) override;
+    void liveDocKeys(QList<DOCKEY> &out, bool) override;
+    void selectedDocKeys(QList<DOCKEY> &out, bool inListOrder) override;
+    QMutex *documentsMutex() override;
+    void endExclusiveUpdate() override;
+    void beginExclusiveUpdate() override;
+    void endExclusiveRefresh() override;
+    void beginExclusiveRefresh() override;
+    QList<DOCKEY> documentKeys(bool, bool) override;
+    QList<DOCKEY> liveDocumentKeys(bool) override;
+    void temporaryDocumentKeys(QList<DOCKEY> &out) override;
+    QList<DOCKEY> openedDocumentKeys() override;
+    void targetDocKeys(QList<DOCKEY> &out, bool, int) override;
+    DOCKEY documentKeyOf(DOC_Interface *doc) override;
+    int selectedDocumentCount() override;
+    void importTargets(const QList<DOCKEY> &keys) override;
+    void closeFileDocuments(bool) override;
+    void openFiles(const QStringList &files, bool, bool, bool, bool, bool) override;
+    void closeCameraData(int cameraNumber) override;
+    QList<SavedRecord> findSavedRecords(const QString &folder,
+                                        const QList<SavedRecord> &records) override;
+    void refreshAfterDelete(DOCKEY key) override;
+    int documentCount() override;
+    bool hasWaveformData() override;
+    bool areAllDevicesLocked() override;
+
+    // HostLiveControl
+
+    void resumeLive() override;
+    void pauseLiveExclusive(bool, bool, bool) override;
+    void pauseLive(bool) override;
+    bool isLivePaused() override;
+    void suspendView(bool) override;
+    void resumeView(bool) override;
+    void prepareLiveForPrefs() override;
+
+    // HostRecord
+
+    bool isRecording() override;
+    int recordingState() override;
+    bool hasPartitionConflict(bool) override;
+
+    // HostPlayback
+
+    void pausePlayback() override;
+    void resumePlayback() override;
+
+    // HostCameraLink
+
+    QString defaultCameraName() override;
+    void connectDevices(const QStringList &addresses) override;
+    void addDevice(const QString &name, const QString &address, bool dummy) override;
+    QString searchAgain() override;
+    void setNetworkSettings(const QString &adapter, const QString &ip, const QString &mask,
+                            const QString &gateway, const QString &mac) override;
+    bool isLowlightOn() override;
+    bool hasLowlightDevice() override;
+    bool areAllLowlight(bool on) override;
+    bool isLensCalibrationRunning() override;
+    bool isAutoFocusing() override;
+    bool isPhaseAdjusting() override;
+    bool isShading() override;
+    bool isCurrentOtherThanAutoFocus(bool) override;
+    void saveCameraSettings(const QString &path, const QList<DOCKEY> &keys) override;
+    void loadCameraSettings(const QString &path, const QList<DOCKEY> &keys) override;
+    void selectCameraPartition(int partitionNo, bool) override;
+    void selectVariable(uint number) override;
+
+    // HostFileExport
+
+    void copySelectArea(int mode) override;
+    void clearPlannedGroupDir() override;
+    void clearPlannedDirs() override;
+    void clearPlannedFiles() override;
+    void setPlannedGroupDir(const QString &name) override;
+    void addPlannedDir(const QString &dir) override;
+    void addPlannedFile(const QString &path) override;
+    bool isPlannedDir(const QString &dir) override;
+    bool isPlannedFile(const QString &path) override;
+    QString plannedGroupDir() override;
+    QString plannedTargetDir() override;
+    uint cardReaderDriveMask() override;
+    uint openCardReaderDrive() override;
+    void openCardReaderDrive(uint drive) override;
+    void closeCardReaderData() override;
+    QList<QVariantMap> kelvaultDrives() override;
+    QList<QVariantMap> cfCardDrives() override;
+    void openKelvaultDrive(int type, int driveNo, int slotNo, const QString &name) override;
+    bool unlockKelvaultDrive(int type, int driveNo, const QString &password) override;
+    bool changeDrivePassword(int type, int driveNo, const QString &oldPassword,
+                             const QString &newPassword) override;
+    void forgetDrivePassword(int type, int driveNo, int slotNo, const QString &text) override;
+    bool openCFCardDrive(int *type, int *driveNo) override;
+    void openCFCardDrive(int type, int driveNo, int slotNo, const QString &name) override;
+    void closeCFastData(bool) override;
+    double driveUseRatio(int type, int driveNo, int slotNo) override;
+    double cfastUseRatio(int type, int driveNo, int slotNo) override;
+    quint64 totalWrittenBytes(int type, int driveNo, int slotNo) override;
+    bool formatKelvaultDrive(int type, int driveNo, int slotNo) override;
+    bool formatCFCardDrive(int type, int driveNo, int slotNo) override;
+    void refreshMediaView(int kind) override;
+    bool isBackgroundSaving() override;
+    bool isBackgroundConverting() override;
+    bool isDirectSaving(bool) override;
+    bool isAutoExporting() override;
+
+    // HostViewState
+
+    float rotation(DOCKEY key) override;
+    bool flipHorizontal(DOCKEY key) override;
+    bool flipVertical(DOCKEY key) override;
+    float zoomFactor(int which) override;
+    bool isViewCycling() override;
+    bool isDisplayInfoShowing() override;
+    void setDisplayInfoShowing(bool show) override;
+
+    // HostWindows
+
+    int countMdiWindow(bool visible, int) override;
+    QString currentWindowTitle() override;
+    bool isFullScreen() override;
+    bool isActiveOnTrelvik() override;
+    void showAllDocuments() override;
+
+    // HostUndoStack
+
+    void clearUndoStack() override;
+    bool canUndo() override;
+    bool canRedo() override;
+    void beginUndoMacro(const QString &text) override;
+    void endUndoMacro() override;
+    void undo() override;
+    void redo() override;
+
+private:
+    class PrefsDialog : public HostPrefsDialog
+    {
+    public:
+        explicit PrefsDialog(StandInHost &host) : m_host(host) {}
+        virtual ~PrefsDialog() = default;
+        void showPage(const QString &page) override;
+        int exec() override;
+
+    private:
+        StandInHost &m_host;
+    };
+
+    template <class... Arguments>
+    CallAnswer asked(const char *operation, const Arguments &...arguments)
+    {
+        return m_journal.question(QString(), operation, arguments...);
+    }
+
+    template <class... Arguments>
+    CallAnswer told(const char *operation, const Arguments &...arguments)
+    {
+        return m_journal.command(QString(), operation, arguments...);
+    }
+
+    void showMessage(const QString &kind, const QString &text, const QStringList &items,
+                     QWidget *parent);
+    QWidget *messageParent(QWidget *parent) const;
+    void refreshUI(uint flags, bool send);
+    void hideBoxes();
+    QVariant pref(const QString &key, const QVariant &defaultValue) const;
+    void storePref(const QString &key, const QVariant &value);
+
+    PLG_Interface *findPlugin(const QString &name) const;
+    void leavePlugin(PLG_Interface *plugin, bool close);
+    void forgetPlugin(PLG_Interface *plugin);
+    void beginReadOut(PLG_Interface *plugin);
+    void endReadOut(PLG_Interface *plugin);
+
+    template <class Document> Document *addDocument(std::unique_ptr<Document> document);
+    QList<DOCKEY> allKeys() const;
+    void setSelection(const QList<DOCKEY> &keys);
+    QList<DOCKEY> cameraKeys(bool liveOnly) const;
+
+    using SettingsByKey = QMap<DOCKEY, CameraSettings>;
+    void pushSettings(const SettingsByKey &wanted, const QString &text, bool send);
+    void resendSettings();
+    void restoreSettings(const SettingsByKey &settings);
+    SettingsByKey settingsOfAll() const;
+
+    void setToolOn(const QString &tool, bool on);
+
+    CallJournal m_journal;
+    StandInEvents m_events;
+    StandInState m_state;
+    std::unique_ptr<StandInSettings> m_settings;
+    Mode m_mode = Mode::Live;
+
+    std::vector<std::unique_ptr<StandInDocument>> m_documents;
+    std::vector<std::unique_ptr<StandInDocument>> m_closedDocuments;
+    DOCKEY m_lastKey = 0;
+    DOCKEY m_currentKey = NoDocKey;
+    QList<DOCKEY> m_selection;
+    QMutex m_documentsMutex;
+    bool m_locked = false;
+
+    QHash<QString, bool> m_toolOn;
+    QSet<QString> m_activeTools;
+    QString m_quickTool;
+    QMap<QString, SettingsByKey> m_transactions;
+
+    QList<PLG_Interface *> m_plugins;
+    QList<PLG_Interface *> m_openPlugins;
+    PLG_Interface *m_currentPlugin = nullptr;
+    PLG_Interface *m_readOutTool = nullptr; ///< the current one, if it edits what cameras read
+    QHash<PLG_Interface *, QString> m_preparedWidgets; ///< class id made ready last
+    ToolTranslations m_translations;
+
+    int m_livePauses = 0;
+    int m_playbackPauses = 0;
+    int m_viewSuspensions = 0;
+    int m_exclusiveUpdates = 0;
+    int m_exclusiveRefreshes = 0;
+    int m_deterrals = 0;
+    uint m_deterredFlags = 0;
+    bool m_deterredSend = false;
+
+    QUndoStack m_undo;
+    int m_openMacros = 0;
+    int m_clearedMacros = 0; ///< macros whose end is still to come, though they were cleared
+
+    SavePlan m_savePlan;
+    bool m_confirmAnswer = false;
+    bool m_interactive = false;
+    QList<Message> m_messages;
+    QStringList m_handledErrors;
+    PrefsDialog m_prefsDialog;
+    QObject m_appScriptObject;
+    QObject m_mainScriptObject;
+};

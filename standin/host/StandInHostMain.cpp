@@ -1,0 +1,620 @@
+#include "standin/host/StandInHost.h"
+
+#include "bridge/mediator/JS_Mediator.h"
+#include "bridge/page/GUI_WebView.h"
+#include "contract/PLG_Interface.h"
+#include "foundation/InfoItems.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QMessageBox>
+#include <QPointer>
+#include <QProgressDialog>
+#include <QWebFrame>
+#include <QWebPage>
+
+namespace {
+
+constexpr uint ResendSettings = 1;
+constexpr uint RefreshDisplay = 4;
+constexpr int ProgressDelay = 300; // milliseconds; a short task shows nothing
+constexpr char OwnContext[] = "Orvix";
+
+QString messageText(const QString &text, const QStringList &items)
+{
+    return (QStringList(text) + items).join(QLatin1Char('\n'));
+}
+
+}
+
+void StandInHost::updateUI(uint flags, bool force)
+{
+    told("updateUI", flags, force);
+    refreshUI(flags, flags == ResendSettings);
+}
+
+// Settings are sent only when that alone is asked for, by an edit: a refresh of everything, which
+// ends each page operation, shows what is there and changes no camera.
+void StandInHost::refreshUI(uint flags, bool send)
+{
+    if (m_state.isUpdateIgnore)
+        return;
+    if (m_deterrals > 0) {
+        m_deterredFlags |= flags;
+        m_deterredSend = m_deterredSend || send;
+        return;
+    }
+    if (send)
+        resendSettings();
+    const QList<PLG_Interface *> plugins = m_plugins;
+    for (PLG_Interface *plugin : plugins) {
+        if (m_plugins.contains(plugin))
+            plugin->update();
+    }
+    if (flags & RefreshDisplay) {
+        for (const StandInDocument *document : documents())
+            emit m_events.documentRefreshed(document->key());
+    }
+    emit m_events.updated(flags);
+}
+
+void StandInHost::hideSelectBox()
+{
+    told("hideSelectBox");
+    if (m_state.hideDropDown)
+        m_state.hideDropDown();
+}
+
+void StandInHost::hideBoxes()
+{
+    m_state.isShownDropBox = false;
+    if (m_state.hideDropDown)
+        m_state.hideDropDown();
+}
+
+bool StandInHost::isShownDropBox()
+{
+    asked("isShownDropBox");
+    return m_state.isShownDropBox;
+}
+
+void StandInHost::showDropDownBox(const QString &key, const QRect &rect)
+{
+    told("showDropDownBox", key, rect);
+    m_state.isShownDropBox = true;
+    if (m_state.showDropDown)
+        m_state.showDropDown(key, rect);
+}
+
+void StandInHost::hideDropDownBox(const QString &key, const QPoint &pos)
+{
+    told("hideDropDownBox", key, pos);
+    hideBoxes();
+}
+
+void StandInHost::hideDropDownBox(const QString &key)
+{
+    told("hideDropDownBox", key);
+    hideBoxes();
+}
+
+bool StandInHost::needsDialogEnterNotice()
+{
+    asked("needsDialogEnterNotice");
+    return m_state.needsDialogEnterNotice;
+}
+
+QObject *StandInHost::webPageEmbeddedMdi()
+{
+    return asked("webPageEmbeddedMdi").null ? nullptr : m_state.webPageEmbeddedMdi.data();
+}
+
+void StandInHost::attachMediator(GUI_WebView *view, JS_Mediator *mediator)
+{
+    told("attachMediator", view, mediator);
+    showMediator(view, mediator);
+}
+
+void StandInHost::showMediator(GUI_WebView *view, JS_Mediator *mediator)
+{
+    if (!view)
+        return;
+    QWebFrame *frame = view->page()->mainFrame();
+    QObject *owner = frame; // of the connection, which ends with it
+    QString name;
+    if (mediator) {
+        mediator->setWebView(view);
+        owner = mediator;
+        name = mediator->inherits("JS_Mediator_SaveFile") ? QStringLiteral("savefile")
+                                                          : mediator->objectName();
+    }
+    const auto show = [frame, mediator, name, app = QPointer<QObject>(&m_appScriptObject),
+                       main = QPointer<QObject>(&m_mainScriptObject)] {
+        if (mediator)
+            frame->addToJavaScriptWindowObject(name, mediator);
+        if (app)
+            frame->addToJavaScriptWindowObject(QStringLiteral("app"), app);
+        if (main)
+            frame->addToJavaScriptWindowObject(QStringLiteral("main"), main);
+    };
+    if (!frame->url().isEmpty()) // else the first page is still to come
+        show();
+    QObject::connect(frame, &QWebFrame::javaScriptWindowObjectCleared, owner, show);
+}
+
+int StandInHost::currentMode()
+{
+    asked("currentMode");
+    return int(m_mode);
+}
+
+bool StandInHost::isLiveMode()
+{
+    asked("isLiveMode");
+    return m_mode == Mode::Live;
+}
+
+bool StandInHost::isMemoryMode()
+{
+    asked("isMemoryMode");
+    return m_mode == Mode::Memory;
+}
+
+bool StandInHost::isFileMode()
+{
+    asked("isFileMode");
+    return m_mode == Mode::File;
+}
+
+void StandInHost::setMode(Mode mode)
+{
+    if (mode == m_mode)
+        return;
+    m_mode = mode;
+    const QList<PLG_Interface *> plugins = m_plugins;
+    for (PLG_Interface *plugin : plugins) {
+        if (m_plugins.contains(plugin))
+            plugin->onModeChanged(int(mode));
+    }
+    emit m_events.modeChanged(int(mode));
+}
+
+QWidget *StandInHost::mainWidget()
+{
+    return asked("mainWidget").null ? nullptr : m_state.mainWidget.data();
+}
+
+QWidget *StandInHost::messageParent(QWidget *parent) const
+{
+    return parent ? parent : m_state.mainWidget.data();
+}
+
+void StandInHost::showMessage(const QString &kind, const QString &text, const QStringList &items,
+                              QWidget *parent)
+{
+    m_messages.append({kind, text, items});
+    const QString whole = messageText(text, items);
+    emit m_events.messageShown(kind, whole);
+    if (!m_interactive)
+        return;
+    const QString title = QCoreApplication::applicationName();
+    if (kind == QLatin1String("info"))
+        QMessageBox::information(messageParent(parent), title, whole);
+    else if (kind == QLatin1String("warn"))
+        QMessageBox::warning(messageParent(parent), title, whole);
+    else
+        QMessageBox::critical(messageParent(parent), title, whole);
+}
+
+void StandInHost::errorHandler(std::exception &e)
+{
+    const QString text = QString::fromUtf8(e.what());
+    told("errorHandler", text);
+    m_handledErrors.append(text);
+    emit m_events.errorHandled(text);
+    if (m_interactive)
+        QMessageBox::critical(messageParent(nullptr), QCoreApplication::applicationName(), text);
+}
+
+void StandInHost::info(const QString &text, QWidget *parent)
+{
+    told("info", text, parent);
+    showMessage(QStringLiteral("info"), text, {}, parent);
+}
+
+void StandInHost::warn(const QString &text, const QStringList &items, QWidget *parent)
+{
+    told("warn", text, items, parent);
+    showMessage(QStringLiteral("warn"), text, items, parent);
+}
+
+void StandInHost::warn(const QString &text, QWidget *parent)
+{
+    told("warn", text, parent);
+    showMessage(QStringLiteral("warn"), text, {}, parent);
+}
+
+void StandInHost::alert(const QString &text, const QStringList &items, QWidget *parent)
+{
+    told("alert", text, items, parent);
+    showMessage(QStringLiteral("alert"), text, items, parent);
+}
+
+void StandInHost::alert(const QString &text, QWidget *parent)
+{
+    told("alert", text, parent);
+    showMessage(QStringLiteral("alert"), text, {}, parent);
+}
+
+bool StandInHost::confirm(const QString &text, QWidget *parent, const QVariantMap &options)
+{
+    told("confirm", text, parent, options);
+    m_messages.append({QStringLiteral("confirm"), text, {}});
+    emit m_events.messageShown(QStringLiteral("confirm"), text);
+    if (!m_interactive)
+        return m_confirmAnswer;
+    return QMessageBox::question(messageParent(parent), QCoreApplication::applicationName(),
+                                 text) == QMessageBox::Yes;
+}
+
+QString StandInHost::translate(const QString &text)
+{
+    asked("translate", text);
+    const auto own = m_state.translations.find(text);
+    return own != m_state.translations.end()
+               ? *own
+               : QCoreApplication::translate(OwnContext, text.toUtf8().constData());
+}
+
+void StandInHost::setAllQuickToolsDisabledRefresh()
+{
+    told("setAllQuickToolsDisabledRefresh");
+    emit m_events.toolStateChanged(QString());
+}
+
+HostPrefsDialog *StandInHost::prefsDialog()
+{
+    asked("prefsDialog");
+    return &m_prefsDialog;
+}
+
+void StandInHost::PrefsDialog::showPage(const QString &page)
+{
+    m_host.m_journal.command(QStringLiteral("prefsDialog"), "showPage", page);
+    if (m_host.m_state.prefsDialog)
+        m_host.m_state.prefsDialog->showPage(page);
+}
+
+int StandInHost::PrefsDialog::exec()
+{
+    m_host.m_journal.command(QStringLiteral("prefsDialog"), "exec");
+    if (m_host.m_state.prefsDialog)
+        return m_host.m_state.prefsDialog->exec();
+    return m_host.m_state.prefsDialogResult;
+}
+
+void StandInHost::openAboutDialog()
+{
+    told("openAboutDialog");
+    if (m_state.showAbout)
+        m_state.showAbout();
+    else if (m_interactive)
+        QMessageBox::about(messageParent(nullptr), QCoreApplication::applicationName(),
+                           m_state.hostVersion);
+}
+
+bool StandInHost::isToolRunning(const QString &tool)
+{
+    asked("isToolRunning", tool);
+    return m_state.runningTools.contains(tool) || m_activeTools.contains(tool) ||
+           (m_currentPlugin && m_currentPlugin->name() == tool);
+}
+
+bool StandInHost::isFeatureOn(const QString &key, DOC_Interface *doc, bool flag)
+{
+    asked("isFeatureOn", key, doc, flag);
+    return m_state.features.contains(key);
+}
+
+bool StandInHost::isReady()
+{
+    asked("isReady");
+    return m_state.isReady;
+}
+
+bool StandInHost::isDialogExitSuppressed()
+{
+    asked("isDialogExitSuppressed");
+    return m_state.isDialogExitSuppressed;
+}
+
+bool StandInHost::isUpdateIgnore()
+{
+    asked("isUpdateIgnore");
+    return m_state.isUpdateIgnore;
+}
+
+void StandInHost::deterUpdateUI(bool deter)
+{
+    told("deterUpdateUI", deter);
+    m_deterrals += deter ? 1 : -1;
+    if (m_deterrals > 0 || m_deterredFlags == 0)
+        return;
+    const uint flags = m_deterredFlags;
+    const bool send = m_deterredSend;
+    m_deterredFlags = 0;
+    m_deterredSend = false;
+    refreshUI(flags, send);
+}
+
+void StandInHost::exportSupportSnapshot(SupportSnapshot &out)
+{
+    asked("exportSupportSnapshot");
+    out = m_state.takeSupportSnapshot ? m_state.takeSupportSnapshot() : m_state.supportSnapshot;
+}
+
+bool StandInHost::writeSupportFile(const QString &path, const SupportSnapshot &snapshot)
+{
+    told("writeSupportFile", path, snapshot);
+    return m_state.supportFileSucceeds &&
+           (!m_state.writeSupportFile || m_state.writeSupportFile(path, snapshot));
+}
+
+bool StandInHost::isAutoCameraNameEnabled()
+{
+    asked("isAutoCameraNameEnabled");
+    return m_state.isAutoCameraNameEnabled;
+}
+
+QVariant StandInHost::pref(const QString &key, const QVariant &defaultValue) const
+{
+    return m_settings->value(key, defaultValue);
+}
+
+void StandInHost::storePref(const QString &key, const QVariant &value)
+{
+    m_settings->setValue(key, value);
+    emit m_events.settingChanged(key);
+}
+
+QVariant StandInHost::getPref(const QString &key, const QVariant &defaultValue)
+{
+    asked("getPref", key, defaultValue);
+    return pref(key, defaultValue);
+}
+
+int StandInHost::getPrefInt(const QString &key, const QVariant &defaultValue)
+{
+    asked("getPrefInt", key, defaultValue);
+    return pref(key, defaultValue).toInt();
+}
+
+bool StandInHost::getPrefBool(const QString &key, const QVariant &defaultValue)
+{
+    asked("getPrefBool", key, defaultValue);
+    return pref(key, defaultValue).toBool();
+}
+
+double StandInHost::getPrefFloat(const QString &key, const QVariant &defaultValue)
+{
+    asked("getPrefFloat", key, defaultValue);
+    return pref(key, defaultValue).toDouble();
+}
+
+QString StandInHost::getPrefString(const QString &key, const QVariant &defaultValue)
+{
+    asked("getPrefString", key, defaultValue);
+    return pref(key, defaultValue).toString();
+}
+
+void StandInHost::setPref(const QString &key, const QVariant &value)
+{
+    told("setPref", JournalText::Setting{key, value});
+    storePref(key, value);
+}
+
+void StandInHost::setPrefInt(const QString &key, int value)
+{
+    told("setPrefInt", JournalText::Setting{key, value});
+    storePref(key, value);
+}
+
+void StandInHost::setPrefBool(const QString &key, bool value)
+{
+    told("setPrefBool", JournalText::Setting{key, value});
+    storePref(key, value);
+}
+
+void StandInHost::setPrefFloat(const QString &key, double value)
+{
+    told("setPrefFloat", JournalText::Setting{key, value});
+    storePref(key, value);
+}
+
+void StandInHost::setPrefString(const QString &key, const QString &value)
+{
+    told("setPrefString", JournalText::Setting{key, value});
+    storePref(key, value);
+}
+
+void StandInHost::setTextBoxFocusState(bool focused)
+{
+    told("setTextBoxFocusState", focused);
+    m_state.textBoxFocus = focused;
+}
+
+void StandInHost::notifyDialogLeft()
+{
+    told("notifyDialogLeft");
+    --m_state.openDialogs;
+}
+
+void StandInHost::notifyDialogEntered()
+{
+    told("notifyDialogEntered");
+    ++m_state.openDialogs;
+}
+
+bool StandInHost::hasRestoredPrefs()
+{
+    asked("hasRestoredPrefs");
+    return m_state.hasRestoredPrefs;
+}
+
+void StandInHost::acknowledgeRestoredPrefs(bool flag)
+{
+    told("acknowledgeRestoredPrefs", flag);
+    m_state.hasRestoredPrefs = false;
+}
+
+void StandInHost::runWithProgress(const QString &text, QFutureWatcher<void> &watcher)
+{
+    told("runWithProgress", text);
+    std::unique_ptr<QProgressDialog> progress;
+    if (m_interactive) {
+        progress = std::make_unique<QProgressDialog>(text, QString(), 0, 0, messageParent(nullptr));
+        progress->setWindowModality(Qt::ApplicationModal);
+        progress->setMinimumDuration(ProgressDelay);
+        progress->setValue(0); // the delay begins here
+    }
+    QEventLoop loop;
+    QObject::connect(&watcher, &QFutureWatcher<void>::finished, &loop, &QEventLoop::quit);
+    if (!watcher.isFinished())
+        loop.exec();
+    watcher.future().waitForFinished();
+}
+
+bool StandInHost::isTrelvikWindowShown()
+{
+    asked("isTrelvikWindowShown");
+    return m_state.isTrelvikWindowShown;
+}
+
+void StandInHost::openEthernetSettings()
+{
+    told("openEthernetSettings");
+    if (m_state.showEthernetSettings)
+        m_state.showEthernetSettings();
+}
+
+QVariant StandInHost::prefDefault(const QString &key)
+{
+    asked("prefDefault", key);
+    return m_settings->defaultOf(key);
+}
+
+void StandInHost::removePref(const QString &key)
+{
+    told("removePref", key);
+    m_settings->remove(key);
+    emit m_events.settingChanged(key);
+}
+
+QString StandInHost::infoItemDefaultDisplay()
+{
+    asked("infoItemDefaultDisplay");
+    return m_settings->defaultOf(QStringLiteral("info/display")).toString();
+}
+
+QString StandInHost::infoItemLabel(const QString &id)
+{
+    asked("infoItemLabel", id);
+    const auto own = m_state.infoItemLabels.find(id);
+    if (own != m_state.infoItemLabels.end())
+        return *own;
+    for (const InfoItem &item : infoItems) {
+        if (!item.label.isEmpty() && item.key == id)
+            return item.label;
+    }
+    return id;
+}
+
+QStringList StandInHost::fontFamilyList()
+{
+    return asked("fontFamilyList").empty ? QStringList() : m_state.fontFamilies;
+}
+
+void StandInHost::applyOutputFontName(const QString &fontName, int group)
+{
+    told("applyOutputFontName", fontName, group);
+    m_state.outputFontNames.insert(group, fontName);
+}
+
+QString StandInHost::hostVersionText()
+{
+    asked("hostVersionText");
+    return m_state.hostVersion;
+}
+
+void StandInHost::getTimeCodeSetting(TimeCodeRecord &out)
+{
+    asked("getTimeCodeSetting");
+    if (m_state.timeCode)
+        out = *m_state.timeCode;
+}
+
+void StandInHost::setTimeCodeSetting(const TimeCodeRecord &record)
+{
+    told("setTimeCodeSetting", record);
+    m_state.timeCode = record;
+}
+
+bool StandInHost::isConverting()
+{
+    asked("isConverting");
+    return m_state.isConverting;
+}
+
+bool StandInHost::isPartitionSelectionAuto()
+{
+    asked("isPartitionSelectionAuto");
+    return m_state.isPartitionSelectionAuto;
+}
+
+QObject *StandInHost::appScriptObject()
+{
+    asked("appScriptObject");
+    return &m_appScriptObject;
+}
+
+QObject *StandInHost::mainScriptObject()
+{
+    asked("mainScriptObject");
+    return &m_mainScriptObject;
+}
+
+bool StandInHost::isCycleView()
+{
+    asked("isCycleView");
+    return m_state.isCycleView;
+}
+
+bool StandInHost::isNotLivePage(bool orDeviceSettings)
+{
+    asked("isNotLivePage", orDeviceSettings);
+    return orDeviceSettings ? m_state.isNotLiveOrDeviceSettingsPage : m_state.isNotLivePage;
+}
+
+bool StandInHost::isPrefsDialogOpen()
+{
+    asked("isPrefsDialogOpen");
+    return m_state.isPrefsDialogOpen;
+}
+
+bool StandInHost::isModalDialogOpen()
+{
+    asked("isModalDialogOpen");
+    return m_state.isModalDialogOpen;
+}
+
+bool StandInHost::textBoxFocusState()
+{
+    asked("textBoxFocusState");
+    return m_state.textBoxFocus;
+}
+
+QString StandInHost::companionInstallDir()
+{
+    asked("companionInstallDir");
+    return m_state.companionInstallDir;
+}

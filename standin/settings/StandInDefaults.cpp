@@ -1,0 +1,244 @@
+#include "standin/settings/StandInDefaults.h"
+
+#include "foundation/InfoItems.h"
+#include "foundation/Keys.h"
+
+#include <QMap>
+#include <QSize>
+
+namespace StandInDefaults {
+
+namespace {
+
+const QString TimeFormat = QStringLiteral("yyyyMMdd_HHmmss");
+const QString OverlayFont = QStringLiteral("DejaVu Sans");
+constexpr int SaveInfoGroups = 7;
+
+/// Collects defaults; a key that a kind of save does not have is empty and left out.
+struct Catalogue
+{
+    QMap<QString, QVariant> values;
+
+    void add(const QString &key, const QVariant &value)
+    {
+        if (!key.isEmpty())
+            values.insert(key, value);
+    }
+
+    void addDigits(const Keys::NumberDigitKeys &keys)
+    {
+        add(keys.camera, 3);
+        add(keys.head, 3);
+        add(keys.session, 4);
+    }
+
+    void addFolder(const Keys::SaveFolderKeys &keys)
+    {
+        add(keys.use, false);
+        add(keys.name, QString());
+        add(keys.addNumber, false);
+        add(keys.addNumberFormat, QStringLiteral("auto"));
+        addDigits(keys.digits);
+        add(keys.addTime, false);
+        add(keys.addTimeFormat, TimeFormat);
+        add(keys.asFileName, false);
+        add(keys.asFileNameIncludeOption, false);
+    }
+
+    void addFileName(const Keys::SaveFileNameKeys &keys)
+    {
+        add(keys.name, QString());
+        addDigits(keys.digits);
+        add(keys.addTime, false);
+        add(keys.addTimeFormat, TimeFormat);
+        add(keys.asOriginal, false);
+        add(keys.asPartitionName, false);
+        add(keys.useCustom, false);
+        add(keys.useCustomFromTarget, false);
+        add(keys.useCustomFromTargetKey, -1);
+        add(keys.useCustomIncludeUnit, false);
+    }
+
+    void addSave(const Keys::SaveKeys &keys)
+    {
+        add(keys.dir, QString());
+        add(keys.dirAsOriginal, false);
+        addFolder(keys.groupDir);
+        addFolder(keys.subDir);
+        addFileName(keys.fileName);
+        addDigits(keys.kvDataNameDigits);
+        add(keys.kvDataNameAddNumber, false);
+        add(keys.mrawBayerSave, false);
+        add(keys.rawwBayerSave, false);
+        add(keys.tiffBayerSave, false);
+        add(keys.saveInf, false);
+        add(keys.saveInfo, false);
+        add(keys.saveCorrect, false);
+        add(keys.saveScale, false);
+        add(keys.saveThumbnail, false);
+        add(keys.saveThumbnailAddTextValue, QString());
+        add(keys.skipSaveFrame, 1);
+        add(keys.skipSaveMsec, 1.0);
+        add(keys.skipUnit, 0);
+    }
+};
+
+// Ids with their state, in the order of the table, for the items of one kind of display.
+template <class Offered> QString displayText(Offered offered)
+{
+    QStringList entries;
+    for (const InfoItem &item : infoItems) {
+        if (item.key.isEmpty())
+            break;
+        if (!offered(item))
+            continue;
+        const QString state =
+            item.defaultShown ? QStringLiteral(":true") : QStringLiteral(":false");
+        entries.append(item.key == QLatin1String("<hr>") ? item.key : item.key + state);
+    }
+    return entries.join(QLatin1Char(','));
+}
+
+QString saveInfoDisplay()
+{
+    return displayText([](const InfoItem &item) { return item.usable[InfoItem::SaveForm]; });
+}
+
+void addExport(Catalogue &catalogue)
+{
+    catalogue.add(Keys::exportTarget.infTestNo, QString());
+    catalogue.add(Keys::exportTarget.media, Keys::texts.mediaFile);
+    catalogue.add(Keys::exportTarget.multiPathDeviceList, QString());
+    catalogue.add(Keys::exportTarget.multiPathList, QString());
+    catalogue.add(Keys::exportTarget.singlePath, true);
+    catalogue.add(Keys::saveOption.enableBlankFilename, false);
+    catalogue.add(Keys::saveOption.saveInfFile, false);
+}
+
+void addInformation(Catalogue &catalogue)
+{
+    const Keys::InfoKeys &keys = Keys::info;
+    catalogue.add(keys.alignment, QStringLiteral("0"));
+    catalogue.add(keys.blankLine, true);
+    catalogue.add(keys.bold, false);
+    catalogue.add(keys.display, infoDisplay());
+    catalogue.add(keys.fontName, OverlayFont);
+    catalogue.add(keys.fontSize, QStringLiteral("12"));
+    catalogue.add(keys.foregroundColor, QStringLiteral("#ffffff"));
+    catalogue.add(keys.iconSize, QStringLiteral("16"));
+    catalogue.add(keys.italic, false);
+    catalogue.add(keys.logoPath, QString());
+    catalogue.add(keys.recTimeUnit, 0);
+    catalogue.add(keys.width, QStringLiteral("200"));
+}
+
+void addSaveInformation(Catalogue &catalogue)
+{
+    const Keys::SaveInfoKeys &keys = Keys::saveInfo;
+    catalogue.add(keys.collectiveSetting, false);
+    catalogue.add(keys.withinImage, true);
+    catalogue.add(keys.logoPath, QString());
+    // Each group's keys have its offset behind them.
+    for (int group = 0; group < SaveInfoGroups; ++group) {
+        const QString offset = QString::number(group);
+        catalogue.add(keys.alignment + offset, QStringLiteral("0"));
+        catalogue.add(keys.backgroundColor + offset, QStringLiteral("#000000"));
+        catalogue.add(keys.bold + offset, false);
+        catalogue.add(keys.columnNum + offset, QStringLiteral("2"));
+        catalogue.add(keys.columnSpacing + offset, 10);
+        catalogue.add(keys.display + offset, saveInfoDisplay());
+        catalogue.add(keys.fixedFontSizeRatio + offset, false);
+        catalogue.add(keys.fixedFontSizeRatioBaseResolution + offset, QSize(-1, -1));
+        catalogue.add(keys.fontName + offset, OverlayFont);
+        catalogue.add(keys.fontSize + offset, QStringLiteral("12"));
+        catalogue.add(keys.foregroundColor + offset, QStringLiteral("#ffffff"));
+        catalogue.add(keys.italic + offset, false);
+        catalogue.add(keys.toColumn + offset, false);
+        catalogue.add(keys.useBackgroundColor + offset, false);
+        catalogue.add(keys.width + offset, QStringLiteral("200"));
+    }
+}
+
+void addDisplay(Catalogue &catalogue)
+{
+    const Keys::DisplayKeys &keys = Keys::display;
+    catalogue.add(keys.displayWithRealBitDepth, false);
+    catalogue.add(keys.frameInsertDelimiter, false);
+    catalogue.add(keys.language, QStringLiteral("en"));
+    catalogue.add(keys.outputLanguage, QStringLiteral("en"));
+    catalogue.add(keys.recordRateInsertDelimiter, false);
+    catalogue.add(keys.shutterSpeed, 0);
+    catalogue.add(keys.shutterSpeedInsertDelimiter, false);
+    catalogue.add(keys.shutterSpeedUnit, 0);
+}
+
+void addCameras(Catalogue &catalogue)
+{
+    catalogue.add(Keys::cameraConnection.addIpDefault, Keys::texts.addIpDefault);
+    catalogue.add(Keys::cameraConnection.searchIp, Keys::texts.searchIpDefault);
+    catalogue.add(Keys::cameraConnection.searchWay, 0);
+    catalogue.add(Keys::qcfg.fileNameAddTime, false);
+    catalogue.add(Keys::qcfg.fileNameAddTimeFormat, TimeFormat);
+    catalogue.add(Keys::qcfg.fileNameAsOriginal, true);
+    catalogue.add(Keys::qcfg.path, QString());
+    catalogue.add(Keys::qcfg.userFileName, QString());
+    catalogue.add(Keys::recording.autoDownload, false);
+    catalogue.add(Keys::recording.autoIncrementPartition, false);
+    catalogue.add(Keys::recording.loopRecord, false);
+    catalogue.add(Keys::recording.recordDuringDownload, false);
+    catalogue.add(Keys::recording.stopRecordingAfterLastPartition, false);
+    catalogue.add(Keys::recording.useTriggerTest, false);
+}
+
+void addApplication(Catalogue &catalogue)
+{
+    const Keys::ApplicationKeys &keys = Keys::application;
+    catalogue.add(keys.cameraNameFilePath, QString());
+    catalogue.add(keys.connectedCameraOnlyShowing, false);
+    catalogue.add(keys.importDir, QString());
+    catalogue.add(keys.screenNumber, 0);
+    catalogue.add(keys.style, QStringLiteral("light"));
+    catalogue.add(keys.supportDir, QString());
+    catalogue.add(keys.unitSystem, 1);
+    catalogue.add(keys.xmlDir, QString());
+}
+
+const QMap<QString, QVariant> &catalogue()
+{
+    static const QMap<QString, QVariant> result = [] {
+        Catalogue all;
+        for (const Keys::SaveKeys *keys : {&Keys::exportSave, &Keys::convertSave, &Keys::snapSave,
+                                           &Keys::reportSave, &Keys::layoutSave})
+            all.addSave(*keys);
+        addExport(all);
+        addInformation(all);
+        addSaveInformation(all);
+        addDisplay(all);
+        addCameras(all);
+        addApplication(all);
+        return all.values;
+    }();
+    return result;
+}
+
+}
+
+QVariant valueOf(const QString &key)
+{
+    return catalogue().value(key);
+}
+
+QStringList keys()
+{
+    return catalogue().keys();
+}
+
+QString infoDisplay()
+{
+    return displayText([](const InfoItem &item) {
+        return item.usable[InfoItem::Live] || item.usable[InfoItem::Memory] ||
+               item.usable[InfoItem::File];
+    });
+}
+
+}
