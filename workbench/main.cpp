@@ -1,7 +1,7 @@
-#include "workbench/MainWindow.h"
-#include "workbench/Options.h"
-#include "workbench/Tour.h"
-#include "workbench/Workbench.h"
+#include "workbench/app/Workbench.h"
+#include "workbench/base/Options.h"
+#include "workbench/tour/Tour.h"
+#include "workbench/window/MainWindow.h"
 
 #include <QApplication>
 

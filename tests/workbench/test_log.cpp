@@ -1,9 +1,9 @@
 #include "tests/support/TestLog.h"
-#include "workbench/LogFilter.h"
-#include "workbench/LogModel.h"
-#include "workbench/LogPanel.h"
-#include "workbench/LogRecorder.h"
-#include "workbench/NoticeBar.h"
+#include "workbench/log/LogFilter.h"
+#include "workbench/log/LogModel.h"
+#include "workbench/log/LogPanel.h"
+#include "workbench/log/LogRecorder.h"
+#include "workbench/window/NoticeBar.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #include "tests/support/TestLog.h"
-#include "workbench/Look.h"
-#include "workbench/Options.h"
+#include "workbench/base/Look.h"
+#include "workbench/base/Options.h"
 
 #include <QApplication>
 

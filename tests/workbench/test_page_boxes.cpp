@@ -2,11 +2,11 @@
 #include "device/selectbox/GUI_SelectBox.h"
 #include "standin/documents/StandInCamera.h"
 #include "tests/support/TestLog.h"
-#include "workbench/DropDownBoxes.h"
-#include "workbench/LogModel.h"
-#include "workbench/MainWindow.h"
-#include "workbench/PageHand.h"
-#include "workbench/PagePanel.h"
+#include "workbench/log/LogModel.h"
+#include "workbench/pages/DropDownBoxes.h"
+#include "workbench/pages/PagePanel.h"
+#include "workbench/tour/PageHand.h"
+#include "workbench/window/MainWindow.h"
 
 using namespace PageHand;
 

@@ -7,8 +7,8 @@
 #include "standin/documents/StandInCamera.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
-#include "workbench/PageDialogs.h"
-#include "workbench/PageHand.h"
+#include "workbench/pages/PageDialogs.h"
+#include "workbench/tour/PageHand.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -3,10 +3,10 @@
 #include "foundation/Keys.h"
 #include "standin/documents/StandInCamera.h"
 #include "tests/support/TestLog.h"
-#include "workbench/LogModel.h"
-#include "workbench/MainWindow.h"
-#include "workbench/PageHand.h"
-#include "workbench/PagePanel.h"
+#include "workbench/log/LogModel.h"
+#include "workbench/pages/PagePanel.h"
+#include "workbench/tour/PageHand.h"
+#include "workbench/window/MainWindow.h"
 
 #include <QMessageBox>
 #include <QTimer>

@@ -1,11 +1,11 @@
 #include "bridge/page/GUI_WebView.h"
 #include "tests/support/TestLog.h"
-#include "workbench/DocumentView.h"
-#include "workbench/LogModel.h"
-#include "workbench/MainWindow.h"
-#include "workbench/PageHand.h"
-#include "workbench/PagePanel.h"
-#include "workbench/ViewArea.h"
+#include "workbench/log/LogModel.h"
+#include "workbench/pages/PagePanel.h"
+#include "workbench/tour/PageHand.h"
+#include "workbench/views/DocumentView.h"
+#include "workbench/views/ViewArea.h"
+#include "workbench/window/MainWindow.h"
 
 #include <QSignalSpy>
 

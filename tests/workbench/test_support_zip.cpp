@@ -4,7 +4,7 @@
 #include "standin/documents/StandInCamera.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
-#include "workbench/SupportFile.h"
+#include "workbench/base/SupportFile.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "plugin/PLG_Button.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
-#include "workbench/ToolBar.h"
+#include "workbench/window/ToolBar.h"
 
 #include <QAction>
 #include <QToolButton>

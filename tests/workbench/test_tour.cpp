@@ -1,6 +1,6 @@
 #include "tests/support/TestLog.h"
-#include "workbench/TourPictures.h"
-#include "workbench/TourReport.h"
+#include "workbench/tour/TourPictures.h"
+#include "workbench/tour/TourReport.h"
 
 #include <QDir>
 #include <QFile>

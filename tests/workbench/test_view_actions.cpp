@@ -1,8 +1,8 @@
 #include "foundation/Keys.h"
 #include "tests/support/TestLog.h"
-#include "workbench/MainWindow.h"
-#include "workbench/Options.h"
-#include "workbench/Workbench.h"
+#include "workbench/app/Workbench.h"
+#include "workbench/base/Options.h"
+#include "workbench/window/MainWindow.h"
 
 #include <QAction>
 #include <QTemporaryDir>

@@ -4,12 +4,12 @@
 #include "contract/PLG_Interface.h"
 #include "tests/support/ObjectCount.h"
 #include "tests/support/TestLog.h"
-#include "workbench/MainWindow.h"
-#include "workbench/Options.h"
-#include "workbench/PageHand.h"
-#include "workbench/ToolBar.h"
-#include "workbench/ViewArea.h"
-#include "workbench/Workbench.h"
+#include "workbench/app/Workbench.h"
+#include "workbench/base/Options.h"
+#include "workbench/tour/PageHand.h"
+#include "workbench/views/ViewArea.h"
+#include "workbench/window/MainWindow.h"
+#include "workbench/window/ToolBar.h"
 
 #include <QAction>
 #include <QApplication>

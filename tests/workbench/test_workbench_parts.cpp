@@ -1,12 +1,12 @@
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
-#include "workbench/CameraPanel.h"
-#include "workbench/DocumentView.h"
-#include "workbench/ElidingLabel.h"
-#include "workbench/PlaybackBar.h"
-#include "workbench/SettingChoices.h"
-#include "workbench/SettingsText.h"
-#include "workbench/ViewArea.h"
+#include "workbench/base/ElidingLabel.h"
+#include "workbench/base/SettingChoices.h"
+#include "workbench/base/SettingsText.h"
+#include "workbench/views/DocumentView.h"
+#include "workbench/views/PlaybackBar.h"
+#include "workbench/views/ViewArea.h"
+#include "workbench/window/CameraPanel.h"
 
 #include <QComboBox>
 #include <QLabel>

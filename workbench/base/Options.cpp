@@ -1,0 +1,62 @@
+#include "workbench/base/Options.h"
+
+#include <QCommandLineParser>
+
+namespace {
+
+constexpr int MaximumCameras = 16;
+
+Options error(const QString &text)
+{
+    Options options;
+    options.action = Options::Action::Error;
+    options.text = text + QStringLiteral("\nTry --help.\n");
+    return options;
+}
+
+}
+
+Options Options::parse(const QStringList &arguments)
+{
+    const QCommandLineOption plugins("plugins", "Load the tools of this folder.", "DIR");
+    const QCommandLineOption settings("settings", "Keep the settings in this INI file.", "FILE");
+    const QCommandLineOption cameras("cameras", "Start with this many cameras, 0 to 16.", "N", "2");
+    const QCommandLineOption open("open", "Open a folder of pictures as a recording.", "FOLDER");
+    const QCommandLineOption style("style", "Use the light or the dark style.", "light|dark");
+    const QCommandLineOption tour(
+        "tour", "Walk through the workbench, write a picture of each step into this folder, end.",
+        "DIR");
+    const QCommandLineOption help({"h", "help"}, "Print this text.");
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Cameras, recordings and tools without the cameras.");
+    parser.addOptions({plugins, settings, cameras, open, style, tour, help});
+    if (!parser.parse(arguments))
+        return error(parser.errorText());
+
+    Options options;
+    if (parser.isSet(help)) {
+        options.action = Action::Help;
+        options.text = parser.helpText();
+        return options;
+    }
+    if (!parser.positionalArguments().isEmpty())
+        return error("Unexpected argument '" + parser.positionalArguments().first() + "'.");
+
+    bool isNumber = false;
+    options.cameras = parser.value(cameras).toInt(&isNumber);
+    if (!isNumber || options.cameras < 0 || options.cameras > MaximumCameras)
+        return error("--cameras wants a number from 0 to 16, not '" + parser.value(cameras) + "'.");
+    options.style = parser.value(style).toLower();
+    if (parser.isSet(style) && options.style != "light" && options.style != "dark")
+        return error("--style wants light or dark, not '" + parser.value(style) + "'.");
+    for (const QCommandLineOption &folder : {plugins, settings, open, tour}) {
+        if (parser.isSet(folder) && parser.value(folder).isEmpty())
+            return error("--" + folder.names().first() + " wants a name.");
+    }
+    options.pluginFolder = parser.value(plugins);
+    options.settingsFile = parser.value(settings);
+    options.openFolder = parser.value(open);
+    options.tourFolder = parser.value(tour);
+    return options;
+}

@@ -1,0 +1,60 @@
+#include "workbench/views/PictureArea.h"
+
+#include "standin/documents/StandInCamera.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+PictureArea::PictureArea(StandInDocument &document, QWidget *parent)
+    : QWidget(parent), m_document(document)
+{
+    setMinimumSize(160, 120);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void PictureArea::setPicture(const QImage &picture)
+{
+    m_picture = picture;
+    update();
+}
+
+void PictureArea::setEmptyText(const QString &text)
+{
+    m_emptyText = text;
+    update();
+}
+
+QSize PictureArea::sizeHint() const
+{
+    return QSize(480, 360);
+}
+
+void PictureArea::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(0x101113));
+    if (m_picture.isNull()) {
+        painter.setPen(QColor(0xc4c7cc));
+        painter.drawText(rect().adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
+                         m_emptyText);
+        return;
+    }
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setTransform(m_document.geometry().transform());
+    painter.drawImage(QPoint(0, 0), m_picture);
+    // Of a whole sensor, what is not read is darker.
+    const auto *camera = dynamic_cast<const StandInCamera *>(&m_document);
+    if (camera && camera->showsWholeSensor()) {
+        QPainterPath unread;
+        unread.addRect(m_picture.rect());
+        unread.addRect(camera->sensorRegion());
+        painter.fillPath(unread, QColor(0, 0, 0, 110));
+    }
+}
+
+void PictureArea::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_document.setViewSize(size());
+}
