@@ -12,11 +12,9 @@ if(ORVIX_SANITIZE)
     set(ORVIX_INSTALL_SANITIZERS -fsanitize=address,undefined)
 endif()
 
-foreach(folder contract foundation bridge plugin record device save standin)
-    if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${folder})
-        install(DIRECTORY ${folder} DESTINATION ${ORVIX_INSTALL_INCLUDEDIR}
-                FILES_MATCHING PATTERN "*.h")
-    endif()
+foreach(folder IN LISTS ORVIX_LAYERS ITEMS standin)
+    install(DIRECTORY ${folder} DESTINATION ${ORVIX_INSTALL_INCLUDEDIR}
+            FILES_MATCHING PATTERN "*.h")
 endforeach()
 install(TARGETS orvix_toolkit orvix_standin ARCHIVE DESTINATION ${ORVIX_INSTALL_LIBDIR})
 

@@ -1,9 +1,6 @@
 # The example tools, built along with the toolkit as the workbench's own. Their projects look for the
 # installed package; here they find this build under the same names.
-add_library(OrvixToolkit::orvix_toolkit ALIAS orvix_toolkit)
 add_library(OrvixToolkit::orvix_standin ALIAS orvix_standin)
-set(OrvixToolkit_EXPORTS ${PROJECT_SOURCE_DIR}/contract/makeButtonPlugin.map)
-include(cmake/OrvixTool.cmake)
 file(WRITE ${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/orvixtoolkit-config.cmake "")
 write_basic_package_version_file(
     ${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/orvixtoolkit-config-version.cmake

@@ -1,3 +1,16 @@
+# ORVIX_LAYERS, the folders of layers.txt from left to right, and for each layer ORVIX_SEES_<layer>,
+# those that it sees directly.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/layers.txt)
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/layers.txt layer_lines REGEX "^[a-z]")
+set(ORVIX_LAYERS "")
+foreach(line IN LISTS layer_lines)
+    separate_arguments(words UNIX_COMMAND "${line}")
+    list(POP_FRONT words layer)
+    list(APPEND ORVIX_LAYERS ${layer})
+    set(ORVIX_SEES_${layer} ${words})
+endforeach()
+list(TRANSFORM ORVIX_LAYERS PREPEND orvix_ OUTPUT_VARIABLE ORVIX_LAYER_TARGETS)
+
 # orvix_include_root(<target> <PUBLIC|PRIVATE> <folder>)
 #
 # The target sees the headers of this folder, under their folder name, and none beside it: the include
@@ -10,13 +23,18 @@ function(orvix_include_root target visibility folder)
     target_include_directories(${target} ${visibility} "${root}")
 endfunction()
 
-# orvix_layer(<name> FOLDER <folder> SOURCES <file>... [LINK <target>...])
+# orvix_layer(<layer> SOURCES <file>... [LINK <target>...])
 #
-# One folder of the library as a target. Its include path is its own root, and those of the targets it
-# links: an include against the direction of the layers does not compile.
-function(orvix_layer name)
-    cmake_parse_arguments(PARSE_ARGV 1 LAYER "" "FOLDER" "SOURCES;LINK")
-    add_library(${name} OBJECT ${LAYER_SOURCES})
-    orvix_include_root(${name} PUBLIC ${LAYER_FOLDER})
-    target_link_libraries(${name} PUBLIC ${LAYER_LINK})
+# One folder of the library as the target orvix_<layer>. Its include path is its own root, and those of
+# the layers that it sees: an include against the direction of the layers does not compile. LINK names
+# libraries from outside.
+function(orvix_layer layer)
+    cmake_parse_arguments(PARSE_ARGV 1 LAYER "" "" "SOURCES;LINK")
+    if(NOT layer IN_LIST ORVIX_LAYERS)
+        message(FATAL_ERROR "${layer} is missing in cmake/layers.txt")
+    endif()
+    add_library(orvix_${layer} OBJECT ${LAYER_SOURCES})
+    orvix_include_root(orvix_${layer} PUBLIC ${layer})
+    list(TRANSFORM ORVIX_SEES_${layer} PREPEND orvix_ OUTPUT_VARIABLE left_of_it)
+    target_link_libraries(orvix_${layer} PUBLIC ${left_of_it} ${LAYER_LINK})
 endfunction()

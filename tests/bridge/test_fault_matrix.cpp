@@ -204,7 +204,7 @@ void TestFaultMatrix::everyClassIsRegistered()
     int found = 0;
     for (const char *folder : {"bridge", "record", "device", "save", "plugin"}) {
         QDirIterator files(QStringLiteral(SOURCE_ROOT "/") + QLatin1String(folder), {"*.h"},
-                           QDir::Files);
+                           QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             QFile file(files.next());
             QVERIFY(file.open(QIODevice::ReadOnly));

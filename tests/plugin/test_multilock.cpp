@@ -1,7 +1,7 @@
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 #include "tools/multilock/PLG_multilock.h"
-#include "tools/multilock/makeButtonPlugin.h"
+#include "contract/makeButtonPlugin.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "contract/PLG_Interface.h"
 #include "tests/support/TestLog.h"
-#include "tools/multilock/makeButtonPlugin.h"
+#include "contract/makeButtonPlugin.h"
 
 #include <cstdlib>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "tools/multilock/makeButtonPlugin.h"
+#include "contract/makeButtonPlugin.h"
 
 #include "tools/multilock/PLG_multilock.h"
 
