@@ -1,4 +1,5 @@
 #include "bench/BenchRatios.h"
+#include "bridge/mediator/OperationEventHandler.h"
 #include "bridge/operation/OperationLog.h"
 #include "contract/HostGuard.h"
 #include "foundation/LogGroups.h"

@@ -1,5 +1,6 @@
 #include "bridge/mediator/JS_Mediator.h"
 
+#include "bridge/mediator/OperationEventHandler.h"
 #include "bridge/operation/DeterUpdateScope.h"
 #include "bridge/operation/OperationLog.h"
 #include "bridge/page/GUI_WebView.h"

@@ -1,6 +1,6 @@
 #include "bridge/mediator/JS_Mediator.h"
 
-#include "bridge/operation/OperationLog.h"
+#include "bridge/mediator/OperationEventHandler.h"
 #include "contract/HostGuard.h"
 #include "foundation/Keys.h"
 

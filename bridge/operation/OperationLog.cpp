@@ -1,21 +1,9 @@
 #include "bridge/operation/OperationLog.h"
 
-#include "bridge/mediator/JS_Mediator.h"
-#include "contract/HostGuard.h"
 #include "foundation/LogGroups.h"
 #include "foundation/LogLines.h"
 
 namespace {
-
-void logEnter(const QString &name, const QString &arguments)
-{
-    LogLines::info() << "[ENTER]" << name << arguments;
-}
-
-void logLeave(const QString &name)
-{
-    LogLines::info() << "[LEAVE]" << name;
-}
 
 // Pages send the word where the native side counts with -1.
 QString withNumberForNoDocument(QString arguments)
@@ -31,31 +19,25 @@ QString withNumberForNoDocument(QString arguments)
 OperationLogScope::OperationLogScope(const QString &name, const QString &arguments)
     : m_name(name), m_arguments(withNumberForNoDocument(arguments.trimmed()))
 {
-    logEnter(m_name, m_arguments);
+    OperationLog::enter(m_name, m_arguments);
 }
 
 OperationLogScope::~OperationLogScope()
 {
-    logLeave(m_name);
-}
-
-OperationEventHandler::OperationEventHandler(JS_Mediator *mediator, const QString &name,
-                                             const QString &arguments)
-    : m_mediator(mediator), m_name(name), m_arguments(arguments.trimmed())
-{
-    logEnter(m_name, m_arguments);
-}
-
-OperationEventHandler::~OperationEventHandler()
-{
-    if (m_mediator) {
-        HostServices *host = m_mediator->host();
-        guarded(host, [&] { host->updateUI(uint(m_mediator->updateFlags()), true); });
-    }
-    logLeave(m_name);
+    OperationLog::leave(m_name);
 }
 
 namespace OperationLog {
+
+void enter(const QString &name, const QString &arguments)
+{
+    LogLines::info() << "[ENTER]" << name << arguments;
+}
+
+void leave(const QString &name)
+{
+    LogLines::info() << "[LEAVE]" << name;
+}
 
 void userOperation(const QString &url, const QString &operation, const QString &control,
                    const QString &id, const QString &className, const QVariant &value)

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QPointer>
 #include <QString>
 #include <QVariant>
-
-class JS_Mediator;
 
 /// Trace of a scope that leaves the user interface as it is: "[ENTER]" with name and arguments when
 /// it is made, "[LEAVE]" with the name when it goes. Lives on the stack. GUI thread.
@@ -24,28 +21,15 @@ private:
     QString m_arguments;
 };
 
-/// Trace of a scope that changed something: when it goes, the host refreshes the user interface
-/// with the mediator's update flags, then "[LEAVE]" is written. A refresh that fails goes to the
-/// host's errorHandler(), and nothing escapes. GUI thread.
-class OperationEventHandler
-{
-public:
-    /// Without a mediator, or when it has gone in between, nothing is refreshed.
-    OperationEventHandler(JS_Mediator *mediator, const QString &name,
-                          const QString &arguments = QString());
-    ~OperationEventHandler();
-
-    OperationEventHandler(const OperationEventHandler &) = delete;
-    OperationEventHandler &operator=(const OperationEventHandler &) = delete;
-
-private:
-    QPointer<JS_Mediator> m_mediator;
-    QString m_name;
-    QString m_arguments;
-};
-
-/// Lines that pages and native dialogs write: what the user did, and plain messages.
+/// The lines of the log: what scopes enter and leave, what the user did, and plain messages of
+/// pages and native dialogs.
 namespace OperationLog {
+
+/// "[ENTER]" with the name of a scope and its arguments as they are, at info level.
+void enter(const QString &name, const QString &arguments);
+
+/// "[LEAVE]" with the name of a scope, at info level.
+void leave(const QString &name);
 
 /// "[USER]" and the groups of one action, at info level. The control is named by `id`, or by
 /// `className` when there is no id. `value` shows as its text, empty when it has none, and masked

@@ -1,6 +1,7 @@
 #include "JS_Mediator_Region.h"
 
 #include "PLG_region.h"
+#include "bridge/mediator/OperationEventHandler.h"
 #include "bridge/operation/OperationLog.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"

@@ -1,4 +1,5 @@
 #include "bridge/mediator/JS_Mediator.h"
+#include "bridge/mediator/OperationEventHandler.h"
 #include "bridge/operation/OperationLog.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
