@@ -1,12 +1,10 @@
 #include "plugin/PLG_Button.h"
 
-namespace {
-constexpr int ButtonPluginType = 2;
-}
+#include "contract/HostValues.h"
 
 PLG_Button::PLG_Button()
 {
-    m_pluginType = ButtonPluginType;
+    m_pluginType = PluginType::Button;
 }
 
 PLG_Button::~PLG_Button() = default;

@@ -5,6 +5,7 @@
 #include "bridge/mediator/PageSignal.h"
 #include "bridge/operation/DeterUpdateScope.h"
 #include "contract/HostGuard.h"
+#include "contract/HostValues.h"
 #include "contract/ViewPauseGuard.h"
 
 #include <QFile>
@@ -50,7 +51,7 @@ void PLG_Common::showDialog()
         ViewPauseGuard pause(m_host, false, true);
         m_host->suspendView(false);
     }
-    if (m_quickToolMode == 1) {
+    if (m_quickToolMode == QuickToolMode::Exclusive) {
         m_host->setQuickTool(QString());
         m_host->setToolState(name(), true);
     }

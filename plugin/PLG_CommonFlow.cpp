@@ -2,31 +2,11 @@
 
 #include "contract/DOC_Interface.h"
 #include "contract/HostServices.h"
+#include "contract/HostValues.h"
 #include "contract/ViewPauseGuard.h"
 #include "foundation/Keys.h"
 
 // The flow of a tool: switched on and off, and the buttons of its panel.
-
-namespace {
-
-namespace CheckKind {
-constexpr int AlwaysOn = 1;
-constexpr int Transaction = 2;
-constexpr int TransactionToo = 3;
-constexpr int CurrentPlugin = 4;
-constexpr int AlwaysOnToo = 5;
-constexpr int Dialog = 6;
-}
-
-namespace ButtonKind {
-constexpr int Panel = 0;
-constexpr int Toggle = 1;
-constexpr int CustomToggle = 4;
-}
-
-constexpr int ExclusiveQuickTool = 1;
-
-}
 
 void PLG_Common::closeTool()
 {
@@ -37,10 +17,10 @@ void PLG_Common::closeTool()
 void PLG_Common::activate()
 {
     if (!isLockTool()) {
-        if (m_buttonKind != ButtonKind::Panel) {
+        if (m_buttonKind != ButtonKind::Plain) {
             m_host->setToolState(name(), true);
         } else if (hasPanel()) {
-            const bool exclusive = m_quickToolMode == ExclusiveQuickTool;
+            const bool exclusive = m_quickToolMode == QuickToolMode::Exclusive;
             if (exclusive)
                 m_host->setQuickTool(QString());
             m_host->setToolState(name(), exclusive);
@@ -137,7 +117,7 @@ void PLG_Common::onReset()
 
 void PLG_Common::onSelectQuickTool()
 {
-    if (m_quickToolMode == ExclusiveQuickTool)
+    if (m_quickToolMode == QuickToolMode::Exclusive)
         m_host->setQuickTool(name());
 }
 

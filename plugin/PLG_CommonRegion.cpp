@@ -2,21 +2,13 @@
 
 #include "contract/DOC_Interface.h"
 #include "contract/HostServices.h"
+#include "contract/HostValues.h"
 #include "foundation/Keys.h"
 #include "plugin/region/RegionGeometry.h"
 
 #include <QKeyEvent>
 
 // Mouse and keys on the picture, and the region that they edit.
-
-namespace {
-
-// What the device and the display are told of an edit.
-constexpr int ChangedSettings = 1;
-constexpr uint SendToAllDevices = 1;
-constexpr uint RefreshDisplay = 4;
-
-}
 
 void PLG_Common::onMousePress(const QPoint &pos, int docId)
 {
@@ -324,8 +316,8 @@ void PLG_Common::storeRegion(DOC_Interface *doc, const QRect &rect)
 void PLG_Common::pushToDevice(DOC_Interface *doc)
 {
     if (applyToAllWhenLocked() && m_host->isTrelvikLocked())
-        m_host->updateUI(SendToAllDevices, false);
+        m_host->updateUI(UpdateFlag::SendSettings, false);
     else if (doc)
-        doc->notifyChange(ChangedSettings, false);
-    m_host->updateUI(RefreshDisplay, false);
+        doc->notifyChange(DocumentChange::Settings, false);
+    m_host->updateUI(UpdateFlag::Display, false);
 }

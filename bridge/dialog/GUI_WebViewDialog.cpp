@@ -6,6 +6,7 @@
 #include "bridge/operation/OperationLog.h"
 #include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
+#include "contract/HostValues.h"
 #include "foundation/LogGroups.h"
 #include "foundation/Utilities.h"
 
@@ -105,5 +106,5 @@ void GUI_WebViewDialog::loadFinished(bool ok)
     UTL::fadeInAnimation(this)->start(QAbstractAnimation::DeleteWhenStopped);
     m_heldWhileLoading.reset();
     if (m_refreshOnLoad)
-        guarded(m_host, [&] { m_host->updateUI(~0u, true); });
+        guarded(m_host, [&] { m_host->updateUI(UpdateFlag::Everything, true); });
 }

@@ -2,6 +2,7 @@
 
 #include "bridge/data/SkipRange.h"
 #include "contract/HostTypes.h"
+#include "contract/HostValues.h"
 
 #include <QList>
 #include <QMap>
@@ -28,9 +29,6 @@ class JS_Mediator : public QObject
     Q_OBJECT
 
 public:
-    /// Update flags that refresh the whole user interface.
-    static constexpr int RefreshEverything = 63;
-
     /// `host` outlives the mediator and is not owned. `name` is the page name, such as "savefile".
     JS_Mediator(HostServices *host, const QString &name);
     ~JS_Mediator() override;
@@ -163,6 +161,6 @@ private:
     QPointer<QObject> m_prefsFrame; ///< shows the mediator as "prefs" too
     QString m_name;
     uint m_rangeMax = 0;
-    int m_updateFlags = RefreshEverything;
+    int m_updateFlags = UpdateFlag::Operation;
     SkipRange m_skipRange;
 };

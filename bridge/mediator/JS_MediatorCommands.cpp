@@ -5,6 +5,7 @@
 #include "bridge/operation/OperationLog.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
+#include "contract/HostValues.h"
 #include "foundation/Keys.h"
 #include "foundation/LogGroups.h"
 #include "foundation/exceptions/APP_Exception.h"
@@ -19,11 +20,6 @@
 namespace {
 
 constexpr int SelectedArea = 2;
-
-namespace Capability {
-constexpr int CameraLog = 158;
-constexpr int CameraLogToo = 176;
-}
 
 int saturated(qint64 value)
 {

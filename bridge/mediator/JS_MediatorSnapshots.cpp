@@ -9,6 +9,7 @@
 #include "bridge/operation/DeterUpdateScope.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
+#include "contract/HostValues.h"
 #include "contract/PLG_Interface.h"
 #include "foundation/Json.h"
 #include "foundation/Keys.h"
@@ -20,12 +21,6 @@
 
 namespace {
 
-namespace Capability {
-constexpr int Wireless = 112;
-constexpr int Shutdown = 117;
-}
-
-constexpr int Live = 0;
 constexpr int WirelessConnected = 1;
 constexpr int LinkSpeedSupported = 1;
 
@@ -140,7 +135,7 @@ QVariantList JS_Mediator::getDeviceInfoList(bool isMinilist)
         m_host->deviceKeys(keys, true);
         for (DOCKEY key : qAsConst(keys)) {
             const bool onlyFound =
-                isMinilist && m_host->currentMode() == Live &&
+                isMinilist && m_host->currentMode() == HostMode::Live &&
                 m_host->getPref(Keys::application.connectedCameraOnlyShowing, false).toBool();
             if (onlyFound) {
                 DOC_Interface *device = m_host->deviceByKey(key, true);

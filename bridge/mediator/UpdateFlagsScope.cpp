@@ -1,11 +1,12 @@
 #include "bridge/mediator/UpdateFlagsScope.h"
 
 #include "bridge/mediator/JS_Mediator.h"
+#include "contract/HostValues.h"
 
 UpdateFlagsScope::UpdateFlagsScope(JS_Mediator *mediator)
     : m_mediator(mediator), m_savedFlags(mediator->updateFlags())
 {
-    m_mediator->setUpdateFlags(JS_Mediator::RefreshEverything);
+    m_mediator->setUpdateFlags(UpdateFlag::Operation);
 }
 
 UpdateFlagsScope::~UpdateFlagsScope()

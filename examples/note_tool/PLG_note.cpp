@@ -6,12 +6,12 @@
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
 #include "contract/HostServices.h"
+#include "contract/HostValues.h"
 
 #include <QDateTime>
 
 namespace {
 
-constexpr int OnWhileDialogIsShown = 6; // the check kind of a tool with a dialog
 constexpr uint LiveAndMemory = 3;
 
 QString textKey(int camera)
@@ -29,7 +29,7 @@ QString timeKey(int camera)
 PLG_note::PLG_note()
 {
     m_toolName = QLatin1String("t_note");
-    m_checkKind = OnWhileDialogIsShown;
+    m_checkKind = CheckKind::Dialog;
     m_allowedModes = LiveAndMemory;
 }
 

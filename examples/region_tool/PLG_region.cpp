@@ -7,13 +7,11 @@
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
 #include "contract/HostServices.h"
+#include "contract/HostValues.h"
 #include "plugin/region/RegionGeometry.h"
 
 namespace {
 
-constexpr int AvailableByDocument = 2; // the check kind of a tool with a transaction
-constexpr uint SendToAllDevices = 1;
-constexpr uint RefreshDisplay = 4;
 constexpr int NoLimit = 65535;
 
 // The same part of a picture of another size, which a change of binning brings.
@@ -61,7 +59,7 @@ PLG_region::PLG_region()
 {
     m_toolName = QLatin1String("t_region");
     m_hasPanel = true;
-    m_checkKind = AvailableByDocument;
+    m_checkKind = CheckKind::Transaction;
     takeOptions();
 }
 
@@ -318,10 +316,10 @@ void PLG_region::edit(DOC_Interface *doc, int handle, QRect rect)
 void PLG_region::send(DOC_Interface *doc)
 {
     if (applyToAllWhenLocked() && m_host->isTrelvikLocked())
-        m_host->updateUI(SendToAllDevices, false);
+        m_host->updateUI(UpdateFlag::SendSettings, false);
     else
         doc->notifyChange(1, false);
-    m_host->updateUI(RefreshDisplay, false);
+    m_host->updateUI(UpdateFlag::Display, false);
 }
 
 // The devices have the edits already, and get back what was there before.
@@ -335,7 +333,7 @@ void PLG_region::restore()
         if (doc && region(doc) != scaledTo(entry->rect, entry->picture, doc->imageSize()))
             doc->notifyChange(1, false);
     }
-    m_host->updateUI(RefreshDisplay, false);
+    m_host->updateUI(UpdateFlag::Display, false);
 }
 
 void PLG_region::redraw()

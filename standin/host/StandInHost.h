@@ -1,6 +1,7 @@
 #pragma once
 
 #include "contract/HostServices.h"
+#include "contract/HostValues.h"
 #include "standin/documents/StandInCamera.h"
 #include "standin/documents/StandInGroup.h"
 #include "standin/documents/StandInRecording.h"
@@ -28,7 +29,7 @@
 class StandInHost : public HostServices
 {
 public:
-    enum class Mode { Live, Memory, File };
+    enum class Mode { Live = HostMode::Live, Memory = HostMode::Memory, File = HostMode::File };
 
     /// The value of a camera that changeSettings() takes over.
     enum class Setting { RecordRate, ShutterSpeed, Region };

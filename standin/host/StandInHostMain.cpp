@@ -2,6 +2,7 @@
 
 #include "bridge/mediator/JS_Mediator.h"
 #include "bridge/page/GUI_WebView.h"
+#include "contract/HostValues.h"
 #include "contract/PLG_Interface.h"
 #include "foundation/InfoItems.h"
 
@@ -15,8 +16,6 @@
 
 namespace {
 
-constexpr uint ResendSettings = 1;
-constexpr uint RefreshDisplay = 4;
 constexpr int ProgressDelay = 300; // milliseconds; a short task shows nothing
 constexpr char OwnContext[] = "Orvix";
 
@@ -30,7 +29,7 @@ QString messageText(const QString &text, const QStringList &items)
 void StandInHost::updateUI(uint flags, bool force)
 {
     told("updateUI", flags, force);
-    refreshUI(flags, flags == ResendSettings);
+    refreshUI(flags, flags == UpdateFlag::SendSettings);
 }
 
 // Settings are sent only when that alone is asked for, by an edit: a refresh of everything, which
@@ -51,7 +50,7 @@ void StandInHost::refreshUI(uint flags, bool send)
         if (m_plugins.contains(plugin))
             plugin->update();
     }
-    if (flags & RefreshDisplay) {
+    if (flags & UpdateFlag::Display) {
         for (const StandInDocument *document : documents())
             emit m_events.documentRefreshed(document->key());
     }

@@ -2,13 +2,10 @@
 
 #include "bridge/mediator/JS_Mediator_Plugin.h"
 #include "contract/HostGuard.h"
+#include "contract/HostValues.h"
 #include "contract/PLG_Interface.h"
 
 #include <QScopeGuard>
-
-namespace {
-constexpr int DialogTool = 6; // the check kind of a tool that is on while its dialog is shown
-}
 
 PLG_Interface *StandInHost::findPlugin(const QString &name) const
 {
@@ -124,7 +121,7 @@ void StandInHost::openPlugin(PLG_Interface *plugin)
     if (!m_openPlugins.contains(plugin))
         m_openPlugins.append(plugin);
     plugin->activate();
-    if (plugin->checkKind() == DialogTool) {
+    if (plugin->checkKind() == CheckKind::Dialog) {
         if (!plugin->ensureDialog(false))
             plugin->ensureDialog(true);
         plugin->showDialog();

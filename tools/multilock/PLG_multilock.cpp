@@ -1,16 +1,13 @@
 #include "tools/multilock/PLG_multilock.h"
 
 #include "contract/HostServices.h"
+#include "contract/HostValues.h"
 #include "foundation/Keys.h"
-
-namespace {
-constexpr int ToggleButton = 1;
-}
 
 PLG_multilock::PLG_multilock()
 {
     m_toolName = Keys::tools.multiLock;
-    m_buttonKind = ToggleButton;
+    m_buttonKind = ButtonKind::Toggle;
 }
 
 PLG_multilock::~PLG_multilock() = default;

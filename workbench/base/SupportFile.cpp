@@ -1,5 +1,6 @@
 #include "workbench/base/SupportFile.h"
 
+#include "contract/HostValues.h"
 #include "foundation/LogGroups.h"
 #include "standin/host/StandInHost.h"
 
@@ -17,7 +18,7 @@
 namespace {
 
 // A document with one of these capabilities keeps a log of its own.
-constexpr int LogCapabilities[] = {176, 158};
+constexpr int LogCapabilities[] = {Capability::CameraLogToo, Capability::CameraLog};
 
 QByteArray toText(const QStringList &lines)
 {

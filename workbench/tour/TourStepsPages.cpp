@@ -1,6 +1,7 @@
 #include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/mediator/JS_Mediator_Page.h"
 #include "bridge/page/GUI_WebView.h"
+#include "contract/HostValues.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "foundation/Keys.h"
 #include "workbench/app/Workbench.h"
@@ -91,13 +92,13 @@ void TourSteps::commandsFromTheStatus()
         compare(QString::number(m_host.selection().size()), "3", "selected cameras");
 
         m_host.state().isRecording = true;
-        m_host.updateUI(63, true);
+        m_host.updateUI(UpdateFlag::Operation, true);
         check(TourHand::waitFor([&] { return !PageHand::isEnabled(status, "#selectAll"); }),
               "while the cameras record, Select all is off");
         check(PageHand::isShown(status, "#IsRecording"), "Recording is lit");
         m_report.addPicture(m_window.grab(), "-recording");
         m_host.state().isRecording = false;
-        m_host.updateUI(63, true);
+        m_host.updateUI(UpdateFlag::Operation, true);
         check(TourHand::waitFor([&] { return PageHand::isEnabled(status, "#selectAll"); }),
               "behind the recording it is on again");
     });

@@ -2,6 +2,7 @@
 
 #include "bridge/operation/OperationLog.h"
 #include "contract/HostGuard.h"
+#include "contract/HostValues.h"
 #include "contract/PLG_Interface.h"
 #include "standin/host/StandInHost.h"
 
@@ -12,19 +13,17 @@
 
 namespace {
 
-constexpr int DialogTool = 6; // the check kind of a tool that is on while its dialog is shown
-
 // Has a panel or a dialog, which the host opens and closes.
 bool opens(PLG_Interface *tool)
 {
-    return tool->hasPanel() || tool->checkKind() == DialogTool;
+    return tool->hasPanel() || tool->checkKind() == CheckKind::Dialog;
 }
 
 // Has a button that stays down.
 bool isToggle(PLG_Interface *tool)
 {
     const int kind = tool->buttonKind();
-    return kind == 1 || kind == 4 || opens(tool);
+    return kind == ButtonKind::Toggle || kind == ButtonKind::CustomToggle || opens(tool);
 }
 
 }
