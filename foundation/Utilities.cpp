@@ -206,7 +206,7 @@ uint ipToNumber(const QString &text)
 QString formatIpAddress(const QString &text)
 {
     QStringList parts = text.split(QLatin1Char('.'));
-    if (isDottedHardwareAddress(parts))
+    if (parts.size() == 1 || isDottedHardwareAddress(parts))
         return text;
     for (QString &part : parts) {
         if (isNumber(part))

@@ -396,6 +396,12 @@ void TestUtilities::formatIpAddress_data()
                                 << "0.0.0.0";
     QTest::newRow("empty") << ""
                            << "";
+    QTest::newRow("number without a dot stays") << "007"
+                                                << "007";
+    QTest::newRow("zeros without a dot stay") << "000"
+                                              << "000";
+    QTest::newRow("a dot behind the number") << "007."
+                                             << "7.";
     QTest::newRow("empty parts stay") << "01..02."
                                       << "1..2.";
     QTest::newRow("what is no number stays") << "0x1.camera01.07"
