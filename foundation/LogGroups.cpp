@@ -1,6 +1,77 @@
 #include "foundation/LogGroups.h"
 
+#include "foundation/Json.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
 namespace LogGroups {
+
+namespace {
+
+// "password", alone or with what forms write directly in front of it.
+bool isSecretWord(const QString &word)
+{
+    static const char *const Fronts[] = {"", "old", "new", "input", "change", "confirm"};
+    static const char *const Secrets[] = {"pass",   "password",   "passwords",
+                                          "passwd", "passphrase", "passcode"};
+    const QString small = word.toLower();
+    for (const char *front : Fronts) {
+        if (!small.startsWith(QLatin1String(front)))
+            continue;
+        const QString rest = small.mid(int(qstrlen(front)));
+        for (const char *secret : Secrets) {
+            if (rest == QLatin1String(secret))
+                return true;
+        }
+    }
+    return false;
+}
+
+QString textGroup(const QString &label, const QString &text)
+{
+    return QLatin1Char('[') + label + QLatin1Char(':') + text + QLatin1String("] ");
+}
+
+QJsonArray maskedList(const QVariantList &list);
+QJsonObject maskedMap(const QVariantMap &map);
+
+// JSON holds numbers up to 2^53 exactly.
+QJsonValue maskedValue(const QVariant &value)
+{
+    switch (value.userType()) {
+    case QMetaType::QVariantList:
+    case QMetaType::QStringList:
+        return maskedList(value.toList());
+    case QMetaType::QVariantMap:
+    case QMetaType::QVariantHash:
+        return maskedMap(value.toMap());
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+        return value.toString();
+    default:
+        return QJsonValue::fromVariant(value);
+    }
+}
+
+QJsonArray maskedList(const QVariantList &list)
+{
+    QJsonArray array;
+    for (const QVariant &value : list)
+        array.append(maskedValue(value));
+    return array;
+}
+
+QJsonObject maskedMap(const QVariantMap &map)
+{
+    QJsonObject object;
+    for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
+        object.insert(entry.key(),
+                      isSecretName(entry.key()) ? QJsonValue(masked()) : maskedValue(*entry));
+    return object;
+}
+
+}
 
 QString masked()
 {
@@ -9,13 +80,27 @@ QString masked()
 
 bool isSecretName(const QString &name)
 {
-    return name.contains(QLatin1String("pass"), Qt::CaseInsensitive);
+    QString word;
+    for (int i = 0; i < name.size(); ++i) {
+        const QChar letter = name[i];
+        const bool cut =
+            !letter.isLetter() ||
+            (letter.isUpper() && i > 0 &&
+             (name[i - 1].isLower() || (i + 1 < name.size() && name[i + 1].isLower())));
+        if (cut) {
+            if (isSecretWord(word))
+                return true;
+            word.clear();
+        }
+        if (letter.isLetter())
+            word += letter;
+    }
+    return isSecretWord(word);
 }
 
 QString group(const QString &label, const QString &value)
 {
-    const QString shown = isSecretName(label) && !value.isEmpty() ? masked() : value;
-    return QLatin1Char('[') + label + QLatin1Char(':') + shown + QLatin1String("] ");
+    return textGroup(label, isSecretName(label) && !value.isEmpty() ? masked() : value);
 }
 
 QString group(const QString &label, bool value)
@@ -43,9 +128,22 @@ QString group(const QString &label, double value)
     return group(label, QString::number(value));
 }
 
+QString group(const QString &label, const QVariant &value)
+{
+    const int type = value.userType();
+    if (type == QMetaType::QVariantList || type == QMetaType::QStringList) {
+        if (!isSecretName(label) || value.toList().isEmpty())
+            return textGroup(label, Json::compactText(maskedList(value.toList())));
+        return secretGroup(label);
+    }
+    if (type == QMetaType::QVariantMap || type == QMetaType::QVariantHash)
+        return textGroup(label, Json::compactText(maskedMap(value.toMap())));
+    return group(label, value.toString());
+}
+
 QString secretGroup(const QString &label)
 {
-    return QLatin1Char('[') + label + QLatin1Char(':') + masked() + QLatin1String("] ");
+    return textGroup(label, masked());
 }
 
 }

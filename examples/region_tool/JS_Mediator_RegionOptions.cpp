@@ -30,7 +30,7 @@ bool JS_Mediator_RegionOptions::setOption(const QString &optionName, const QVari
 {
     OperationLogScope operation(QLatin1String("JS_Mediator_RegionOptions::setOption"),
                                 LogGroups::group(QLatin1String("name"), optionName) +
-                                    LogGroups::group(QLatin1String("value"), value.toString()));
+                                    LogGroups::group(QLatin1String("value"), value));
     return guarded(host(), false, [&] {
         const bool known = m_tool.setOption(optionName, value);
         m_tool.update(); // the panel shows limits and aspect

@@ -31,6 +31,28 @@ void TestLogGroups::writesLabelColonValue_data()
     QTest::newRow("unsigned") << group("errorCode", 4294967295u) << "[errorCode:4294967295] ";
     QTest::newRow("64 bits") << group("key", ~quint64(0)) << "[key:18446744073709551615] ";
     QTest::newRow("decimals") << group("val", 0.5) << "[val:0.5] ";
+    QTest::newRow("text of a page") << group("value", QVariant("a")) << "[value:a] ";
+    QTest::newRow("number of a page") << group("value", QVariant(12.5)) << "[value:12.5] ";
+    QTest::newRow("bool of a page") << group("value", QVariant(true)) << "[value:true] ";
+    QTest::newRow("value without a text") << group("value", QVariant()) << "[value:] ";
+    QTest::newRow("list of a page")
+        << group("ids", QVariantList({1, "b", QVariantList({true})})) << "[ids:[1,\"b\",[true]]] ";
+    QTest::newRow("texts") << group("names", QStringList({"a", "b"})) << "[names:[\"a\",\"b\"]] ";
+    QTest::newRow("numbers") << group("ids", QList<int>({3, 4})) << "[ids:[3,4]] ";
+    QTest::newRow("keys of 64 bits")
+        << group("keys", QList<quint64>({~quint64(0)})) << "[keys:[\"18446744073709551615\"]] ";
+    QTest::newRow("no values") << group("ids", QList<int>()) << "[ids:[]] ";
+    QTest::newRow("map") << group("custom", QVariantMap({{"name", "a"}, {"use", false}}))
+                         << "[custom:{\"name\":\"a\",\"use\":false}] ";
+    QTest::newRow("password in a map")
+        << group("drive", QVariantMap({{"no", 1}, {"oldPass", "abc"}}))
+        << "[drive:{\"no\":1,\"oldPass\":\"***\"}] ";
+    QTest::newRow("password deep inside")
+        << group("drives", QVariantList({QVariantMap({{"password", "abc"}})}))
+        << "[drives:[{\"password\":\"***\"}]] ";
+    QTest::newRow("password of a page") << group("pass", QVariant("abc")) << "[pass:***] ";
+    QTest::newRow("passwords of a page")
+        << group("passwords", QStringList({"abc", "def"})) << "[passwords:***] ";
     QTest::newRow("blank at both ends stays") << group("a", QString(" b ")) << "[a: b ] ";
 }
 
@@ -53,6 +75,25 @@ void TestLogGroups::masksSecrets_data()
     QTest::newRow("class") << "GUI_ChangePasswordDialog" << true;
     QTest::newRow("page's address") << "qrc:/input_password_dialog.html" << true;
     QTest::newRow("upper case") << "PASSWORD" << true;
+    QTest::newRow("passwd") << "passwd" << true;
+    QTest::newRow("passphrase") << "passphrase" << true;
+    QTest::newRow("passcode") << "passcode" << true;
+    QTest::newRow("passwords") << "passwords" << true;
+    QTest::newRow("change in front") << "changepass" << true;
+    QTest::newRow("confirm in front") << "confirmpassword" << true;
+    QTest::newRow("old in front") << "oldpasswd" << true;
+    QTest::newRow("new in front, capitals") << "NEWPASSCODE" << true;
+    QTest::newRow("capital in a row of capitals") << "KVPassword" << true;
+    QTest::newRow("capitals before a word") << "PASSWORDText" << true;
+    QTest::newRow("beside a digit") << "1pass2" << true;
+    QTest::newRow("last of three words") << "a.b-pass" << true;
+    QTest::newRow("compass") << "compass" << false;
+    QTest::newRow("bypass") << "bypass" << false;
+    QTest::newRow("passage") << "passage" << false;
+    QTest::newRow("other word in front") << "lowpass" << false;
+    QTest::newRow("two words that make one") << "pas_s" << false;
+    QTest::newRow("front alone") << "confirm" << false;
+    QTest::newRow("two fronts") << "oldnewpass" << false;
     QTest::newRow("path") << "path" << false;
     QTest::newRow("name") << "name" << false;
     QTest::newRow("empty") << "" << false;
