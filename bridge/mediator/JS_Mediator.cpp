@@ -174,7 +174,8 @@ QString JS_Mediator::translate(const QString &string, const QString &arg)
 {
     return guarded(m_host, QString(), [&] {
         const QString text = m_host->translate(string);
-        return text.arg(m_host->translate(arg), 0, QLatin1Char(' '));
+        const QString value = m_host->translate(arg);
+        return text.contains(QLatin1String("%1")) ? text.arg(value, 0, QLatin1Char(' ')) : text;
     });
 }
 

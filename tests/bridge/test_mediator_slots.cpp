@@ -738,6 +738,8 @@ void TestMediatorSlots::translationTakesTheTranslatedArgument()
     shown.host.state().translations.insert("feet", "Fuß %1");
     QCOMPARE(shown.page.call("bridge.translate('in %1', 'feet')"),
              QStringLiteral("\"in Fuß %1 gemessen\""));
+    QCOMPARE(shown.page.call("bridge.translate('feet only', 'feet')"),
+             QStringLiteral("\"feet only\""));
 }
 
 void TestMediatorSlots::flipTells_data()
