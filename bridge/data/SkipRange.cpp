@@ -9,20 +9,21 @@ namespace {
 constexpr uint NoFrames = ~0u;
 constexpr uint Digits = 5;
 
-QList<double> selectableValues(double minimum, double maximum)
+void addSelectableValues(SkipRange &range)
 {
-    QList<double> values;
-    if (!(minimum > 0.0))
-        return values;
-    for (quint64 i = 1;; ++i) {
-        const double value = UTL::roundDigits(double(i) * minimum, Digits);
-        if (value > maximum)
+    if (!(range.minimum > 0.0))
+        return;
+    for (int i = 1;; ++i) {
+        const double value = UTL::roundDigits(i * range.minimum, Digits);
+        if (value > range.maximum)
             break;
-        values.append(value);
+        range.cut = i > MostSkipValues;
+        if (range.cut)
+            break;
+        range.values.append(value);
     }
-    if (!std::binary_search(values.cbegin(), values.cend(), maximum))
-        values.append(maximum);
-    return values;
+    if (!std::binary_search(range.values.cbegin(), range.values.cend(), range.maximum))
+        range.values.append(range.maximum);
 }
 
 }
@@ -42,6 +43,7 @@ void SkipSource::addRate(uint framesPerSecond)
 SkipRange SkipSource::inFrames(const SkipRange &previous) const
 {
     SkipRange range = previous;
+    range.cut = false;
     range.minimum = 1.0;
     range.maximum = double(m_frames);
     return range;
@@ -61,7 +63,7 @@ SkipRange SkipSource::inMilliseconds(const SkipRange &previous) const
     if (divisor == previous.rateDivisor)
         range.values = previous.values;
     if (range.values.isEmpty())
-        range.values = selectableValues(range.minimum, range.maximum);
+        addSelectableValues(range);
     return range;
 }
 

@@ -3,6 +3,8 @@
 #include "contract/DOC_Interface.h"
 #include "contract/HostServices.h"
 
+#include <QtDebug>
+
 // Skip values: every n-th frame, or every n milliseconds.
 
 namespace {
@@ -77,6 +79,8 @@ void JS_Mediator::refreshSkipRange(const QMap<DOC_Interface *, QList<PARTITIONNU
             addRatesAndCounts(source, target.key(), target.value(), memory);
         if (source.hasRates()) {
             m_skipRange = source.inMilliseconds(m_skipRange);
+            if (m_skipRange.cut)
+                qWarning() << "skip values end at" << MostSkipValues;
         } else {
             setSkipMode(0); // nothing has a rate: frames are all that is left to count
             inTime = false;

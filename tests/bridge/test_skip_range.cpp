@@ -24,6 +24,9 @@ private slots:
     void framesKeepListAndDivisor();
     void emptyPartitionsLeaveOneValue();
     void maximumEndsTheList();
+    void listEndsAtTenMillionValues_data();
+    void listEndsAtTenMillionValues();
+    void listThatEndsEarlyIsToldOnce();
     void oneFrameThatRoundsToNothingGivesNoList();
     void valueIsMovedIntoTheRange_data();
     void valueIsMovedIntoTheRange();
@@ -297,6 +300,47 @@ void TestSkipRange::maximumEndsTheList()
     longer.addRate(3000);
     longer.addFrames(5);
     QCOMPARE(longer.inMilliseconds(range).values, range.values);
+}
+
+void TestSkipRange::listEndsAtTenMillionValues_data()
+{
+    QTest::addColumn<uint>("frames");
+    QTest::addColumn<bool>("cut");
+    QTest::addColumn<int>("values");
+    QTest::addColumn<double>("lastButOne");
+    QTest::addColumn<double>("last");
+    QTest::newRow("just fits") << 10000000u << false << 10000000 << 9999.999 << 10000.0;
+    QTest::newRow("one too many") << 10000001u << true << 10000001 << 10000.0 << 10000.001;
+    QTest::newRow("longest recording") << 4294967294u << true << 10000001 << 10000.0 << 4294967.294;
+}
+
+void TestSkipRange::listEndsAtTenMillionValues()
+{
+    QFETCH(uint, frames);
+    SkipSource source;
+    source.addRate(1000000); // 0.001 ms a frame
+    source.addFrames(frames);
+    const SkipRange range = source.inMilliseconds(SkipRange());
+    QTEST(range.cut, "cut");
+    QTEST(range.values.size(), "values");
+    QCOMPARE(range.values.first(), 0.001);
+    QTEST(range.values[range.values.size() - 2], "lastButOne");
+    QTEST(range.values.last(), "last");
+    QVERIFY(!source.inMilliseconds(range).cut);
+    QVERIFY(!source.inFrames(range).cut);
+}
+
+void TestSkipRange::listThatEndsEarlyIsToldOnce()
+{
+    Selection selection(true);
+    selection.mediator.mode = 1;
+    selection.add(0, {{20000000, 1000000}});
+    LogCapture log;
+    selection.refresh();
+    QCOMPARE(log.texts(QtWarningMsg), QStringList({"skip values end at 10000000"}));
+    selection.refresh();
+    QCOMPARE(log.texts(QtWarningMsg).size(), 1);
+    QCOMPARE(selection.mediator.getSkipMaxFrames(), 20000.0);
 }
 
 void TestSkipRange::oneFrameThatRoundsToNothingGivesNoList()
