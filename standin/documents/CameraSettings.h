@@ -18,6 +18,9 @@ struct CameraSettings
     bool operator!=(const CameraSettings &other) const { return !(*this == other); }
 };
 
+/// One of these values.
+enum class CameraSetting { RecordRate, ShutterSpeed, Region };
+
 /// What a camera can do.
 struct CameraLimits
 {

@@ -1,17 +1,18 @@
 #include "standin/documents/CameraSettingsStep.h"
 
-#include "standin/host/StandInHost.h"
+#include "standin/documents/DocumentOwner.h"
+#include "standin/documents/StandInCamera.h"
 
-CameraSettingsStep::CameraSettingsStep(StandInHost &host, const QString &text,
+CameraSettingsStep::CameraSettingsStep(DocumentOwner &owner, const QString &text,
                                        const QMap<DOCKEY, Change> &changes, bool send)
-    : QUndoCommand(text), m_host(host), m_changes(changes), m_send(send)
+    : QUndoCommand(text), m_owner(owner), m_changes(changes), m_send(send)
 {
 }
 
 void CameraSettingsStep::undo()
 {
     for (auto change = m_changes.cbegin(); change != m_changes.cend(); ++change) {
-        if (StandInCamera *camera = m_host.camera(change.key()))
+        if (StandInCamera *camera = m_owner.camera(change.key()))
             camera->takeSettings(change->before, true);
     }
 }
@@ -19,7 +20,7 @@ void CameraSettingsStep::undo()
 void CameraSettingsStep::redo()
 {
     for (auto change = m_changes.cbegin(); change != m_changes.cend(); ++change) {
-        if (StandInCamera *camera = m_host.camera(change.key()))
+        if (StandInCamera *camera = m_owner.camera(change.key()))
             camera->takeSettings(change->after, m_send);
     }
 }

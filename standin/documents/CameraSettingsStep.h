@@ -6,7 +6,7 @@
 #include <QMap>
 #include <QUndoCommand>
 
-class StandInHost;
+class DocumentOwner;
 
 /// One change of camera settings, on one camera or on all locked ones: taken back and done again in
 /// one step. Cameras that have gone meanwhile are passed over.
@@ -20,14 +20,14 @@ public:
     };
 
     /// `send`: the change goes to the devices at once; taking it back always does.
-    CameraSettingsStep(StandInHost &host, const QString &text, const QMap<DOCKEY, Change> &changes,
-                       bool send);
+    CameraSettingsStep(DocumentOwner &owner, const QString &text,
+                       const QMap<DOCKEY, Change> &changes, bool send);
 
     void undo() override;
     void redo() override;
 
 private:
-    StandInHost &m_host;
+    DocumentOwner &m_owner;
     QMap<DOCKEY, Change> m_changes;
     bool m_send;
 };

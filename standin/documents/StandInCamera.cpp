@@ -1,7 +1,8 @@
 #include "standin/documents/StandInCamera.h"
 
+#include "standin/documents/DocumentOwner.h"
 #include "standin/drawing/SceneRenderer.h"
-#include "standin/host/StandInHost.h"
+#include "standin/journal/StandInEvents.h"
 
 #include <algorithm>
 
@@ -21,8 +22,8 @@ QString numbered(const QString &given, const QString &pattern, int number)
 
 }
 
-StandInCamera::StandInCamera(StandInHost &host, DOCKEY key, const Description &description)
-    : StandInDocumentLink<DOC_Camera>(host, key), m_limits(description.limits)
+StandInCamera::StandInCamera(DocumentOwner &owner, DOCKEY key, const Description &description)
+    : StandInDocumentLink<DOC_Camera>(owner, key), m_limits(description.limits)
 {
     const int number = description.cameraNumber + 1;
     DocumentState &own = state();
@@ -78,32 +79,32 @@ void StandInCamera::setShutterSpeed(uint partsOfSecond)
 {
     CameraSettings wanted = m_settings;
     wanted.shutterSpeed = partsOfSecond;
-    host().changeSettings(*this, wanted, StandInHost::Setting::ShutterSpeed);
+    owner().changeSettings(*this, wanted, CameraSetting::ShutterSpeed);
 }
 
 void StandInCamera::setRecordRate(uint framesPerSecond)
 {
     CameraSettings wanted = m_settings;
     wanted.recordRate = framesPerSecond;
-    host().changeSettings(*this, wanted, StandInHost::Setting::RecordRate);
+    owner().changeSettings(*this, wanted, CameraSetting::RecordRate);
 }
 
 void StandInCamera::setSensorRegion(const QRect &region)
 {
     CameraSettings wanted = m_settings;
     wanted.region = region;
-    host().changeSettings(*this, wanted, StandInHost::Setting::Region);
+    owner().changeSettings(*this, wanted, CameraSetting::Region);
 }
 
 void StandInCamera::editSettings(const CameraSettings &settings)
 {
-    host().editSettings(*this, settings);
+    owner().editSettings(*this, settings);
 }
 
 void StandInCamera::setLockedTogether(bool locked)
 {
     m_locked = locked;
-    emit host().events()->cameraSettingsChanged(key());
+    emit owner().events()->cameraSettingsChanged(key());
 }
 
 QImage StandInCamera::frame(quint64 number) const
@@ -132,7 +133,7 @@ QSize StandInCamera::pictureSize() const
 
 bool StandInCamera::showsWholeSensor() const
 {
-    return host().isReadOutEdited();
+    return owner().isReadOutEdited();
 }
 
 QSize StandInCamera::binnedSize(const QSize &size) const
@@ -146,12 +147,12 @@ QSize StandInCamera::binnedSize(const QSize &size) const
 void StandInCamera::sendSettings()
 {
     const QRect before = m_settings.region;
-    m_settings.region = host().wantedReadOut(*this);
+    m_settings.region = owner().wantedReadOut(*this);
     m_deviceSettings = clampedSettings(m_settings, m_limits);
     m_settings.region = m_deviceSettings.region;
     ++m_sendCount;
     if (m_settings.region != before)
-        emit host().events()->cameraSettingsChanged(key());
+        emit owner().events()->cameraSettingsChanged(key());
 }
 
 void StandInCamera::takeSettings(const CameraSettings &settings, bool send)
@@ -159,5 +160,5 @@ void StandInCamera::takeSettings(const CameraSettings &settings, bool send)
     m_settings = settings;
     if (send)
         sendSettings();
-    emit host().events()->cameraSettingsChanged(key());
+    emit owner().events()->cameraSettingsChanged(key());
 }

@@ -38,7 +38,7 @@ public:
     };
 
     /// For the host, which gives the camera its key and number.
-    StandInCamera(StandInHost &host, DOCKEY key, const Description &description);
+    StandInCamera(DocumentOwner &owner, DOCKEY key, const Description &description);
 
     QString name() const { return state().cameraName; }
     QString model() const { return state().editData.modelName; }

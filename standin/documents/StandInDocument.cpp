@@ -1,11 +1,12 @@
 #include "standin/documents/StandInDocument.h"
 
-#include "standin/host/StandInHost.h"
+#include "standin/documents/DocumentOwner.h"
+#include "standin/journal/StandInEvents.h"
 
 #include <QtDebug>
 
-StandInDocument::StandInDocument(StandInHost &host, DOCKEY key)
-    : m_host(host), m_journal(host.callJournal()), m_key(key),
+StandInDocument::StandInDocument(DocumentOwner &owner, DOCKEY key)
+    : m_owner(owner), m_journal(owner.callJournal()), m_key(key),
       m_journalName(QLatin1Char('[') + QString::number(key) + QLatin1Char(']')), m_heads(*this)
 {
 }
@@ -52,20 +53,20 @@ ViewGeometry StandInDocument::geometry() const
 void StandInDocument::setQuarterTurns(int turns)
 {
     m_state.quarterTurns = ((turns % 4) + 4) % 4;
-    emit m_host.events()->viewChanged(m_key);
+    emit m_owner.events()->viewChanged(m_key);
 }
 
 void StandInDocument::setFlips(bool horizontal, bool vertical)
 {
     m_state.isFlippedHorizontally = horizontal;
     m_state.isFlippedVertically = vertical;
-    emit m_host.events()->viewChanged(m_key);
+    emit m_owner.events()->viewChanged(m_key);
 }
 
 void StandInDocument::setZoom(double zoom)
 {
     m_state.zoom = zoom;
-    emit m_host.events()->viewChanged(m_key);
+    emit m_owner.events()->viewChanged(m_key);
 }
 
 void StandInDocument::setViewSize(const QSize &size)
@@ -73,19 +74,19 @@ void StandInDocument::setViewSize(const QSize &size)
     if (m_state.viewSize == size)
         return;
     m_state.viewSize = size;
-    emit m_host.events()->viewChanged(m_key);
+    emit m_owner.events()->viewChanged(m_key);
 }
 
 void StandInDocument::setBinningLevel(int exponent)
 {
     m_state.binningLevel = qBound(0, exponent, 2);
-    emit m_host.events()->viewChanged(m_key);
+    emit m_owner.events()->viewChanged(m_key);
 }
 
 void StandInDocument::setToolOn(const QString &tool, bool on)
 {
     m_state.toolOn.insert(tool, on);
-    emit m_host.events()->toolStateChanged(tool);
+    emit m_owner.events()->toolStateChanged(tool);
 }
 
 const StandInPartition *StandInDocument::partition(int number) const
@@ -125,37 +126,37 @@ int StandInDocument::indexOfCustomInfo(const QString &name) const
 bool StandInDocument::isToolOnHere(const QString &tool) const
 {
     const auto own = m_state.toolOn.find(tool);
-    return own != m_state.toolOn.end() ? *own : m_host.toolState(tool);
+    return own != m_state.toolOn.end() ? *own : m_owner.toolState(tool);
 }
 
 bool StandInDocument::isInTransaction(const QString &tool) const
 {
-    return m_host.isTransactionOpen(tool);
+    return m_owner.isTransactionOpen(tool);
 }
 
 bool StandInDocument::isSelectedHere() const
 {
-    return m_host.selection().contains(m_key);
+    return m_owner.selection().contains(m_key);
 }
 
 int StandInDocument::selectedCount() const
 {
-    return m_host.selection().size();
+    return m_owner.selection().size();
 }
 
-int StandInDocument::cameraCountOfHost() const
+int StandInDocument::cameraCountOfOwner() const
 {
-    return m_host.cameras().size();
+    return m_owner.cameraCount();
 }
 
 QList<DOC_Interface *> StandInDocument::groupMembersHere()
 {
-    return m_host.groupMembersOf(this);
+    return m_owner.groupMembersOf(this);
 }
 
 void StandInDocument::setSelectedHere(bool selected)
 {
-    m_host.select(m_key, selected);
+    m_owner.select(m_key, selected);
 }
 
 void StandInDocument::pushSettings()
@@ -166,10 +167,10 @@ void StandInDocument::pushSettings()
 void StandInDocument::notifyRefreshed()
 {
     ++m_state.refreshes;
-    emit m_host.events()->documentRefreshed(m_key);
+    emit m_owner.events()->documentRefreshed(m_key);
 }
 
 void StandInDocument::notifyInfoChanged()
 {
-    emit m_host.events()->documentInfoChanged();
+    emit m_owner.events()->documentInfoChanged();
 }

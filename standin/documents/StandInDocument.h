@@ -4,27 +4,28 @@
 #include "standin/documents/DocumentState.h"
 #include "standin/drawing/ViewGeometry.h"
 #include "standin/journal/CallJournal.h"
+#include "standin/journal/JournalSubject.h"
 
 #include <QImage>
 
-class StandInHost;
+class DocumentOwner;
 
-/// A document of the stand-in host: a camera, a recording or a group. It knows its host and its key
-/// and keeps the plain values that it answers from.
+/// A document of the stand-in host: a camera, a recording or a group. It knows its owner and its
+/// key and keeps the plain values that it answers from.
 ///
 /// The host owns it. A document that was closed stays in memory until its host goes; a call on it
 /// then does nothing special but writes a critical line, so that a test notices it.
-class StandInDocument
+class StandInDocument : public JournalSubject
 {
 public:
-    StandInDocument(StandInHost &host, DOCKEY key);
+    StandInDocument(DocumentOwner &owner, DOCKEY key);
     virtual ~StandInDocument();
 
     StandInDocument(const StandInDocument &) = delete;
     StandInDocument &operator=(const StandInDocument &) = delete;
 
     DOCKEY key() const { return m_key; }
-    StandInHost &host() const { return m_host; }
+    DocumentOwner &owner() const { return m_owner; }
 
     /// The document as the library sees it.
     virtual DOC_Interface *contract() = 0;
@@ -33,8 +34,7 @@ public:
     DocumentState &state() { return m_state; }
     const DocumentState &state() const { return m_state; }
 
-    /// "[7]".
-    QString journalName() const { return m_journalName; }
+    QString journalName() const override { return m_journalName; }
 
     /// Whether the host has closed it.
     bool isClosed() const { return m_closed; }
@@ -107,7 +107,7 @@ protected:
     bool isInTransaction(const QString &tool) const;
     bool isSelectedHere() const;
     int selectedCount() const;
-    int cameraCountOfHost() const;
+    int cameraCountOfOwner() const;
     QList<DOC_Interface *> groupMembersHere();
     void setSelectedHere(bool selected);
     void pushSettings();
@@ -129,7 +129,7 @@ private:
 
     void checkOpen(const char *operation) const;
 
-    StandInHost &m_host;
+    DocumentOwner &m_owner;
     CallJournal &m_journal;
     const DOCKEY m_key;
     const QString m_journalName;

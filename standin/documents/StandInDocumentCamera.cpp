@@ -47,7 +47,7 @@ template <class Contract> int StandInDocumentCamera<Contract>::headNumber()
 template <class Contract> int StandInDocumentCamera<Contract>::cameraCount()
 {
     this->asked("cameraCount");
-    return this->cameraCountOfHost();
+    return this->cameraCountOfOwner();
 }
 
 template <class Contract> DOC_HeadInterface *StandInDocumentCamera<Contract>::headInterface()

@@ -6,9 +6,10 @@
 class StandInGroup : public StandInDocumentLink<DOC_Interface>
 {
 public:
-    StandInGroup(StandInHost &host, DOCKEY key, const QString &name,
+    /// For the host.
+    StandInGroup(DocumentOwner &owner, DOCKEY key, const QString &name,
                  const QList<StandInDocument *> &members)
-        : StandInDocumentLink<DOC_Interface>(host, key), m_members(members)
+        : StandInDocumentLink<DOC_Interface>(owner, key), m_members(members)
     {
         state().documentName = name;
         state().displayName = name;

@@ -2,7 +2,6 @@
 
 #include "foundation/exceptions/DOC_ReadFileException.h"
 #include "standin/documents/NaturalOrder.h"
-#include "standin/host/StandInHost.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,8 +24,8 @@ bool hasImageSuffix(const QFileInfo &file)
 
 }
 
-StandInRecording::StandInRecording(StandInHost &host, DOCKEY key, const QString &folder)
-    : StandInDocumentLink<DOC_Interface>(host, key), m_folder(QDir(folder).absolutePath())
+StandInRecording::StandInRecording(DocumentOwner &owner, DOCKEY key, const QString &folder)
+    : StandInDocumentLink<DOC_Interface>(owner, key), m_folder(QDir(folder).absolutePath())
 {
     readFolder();
     if (m_files.isEmpty())

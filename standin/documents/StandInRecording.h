@@ -20,7 +20,7 @@ public:
 
     /// For the host. Throws a DOC_ReadFileException when the folder does not exist or holds no
     /// image that can be read.
-    StandInRecording(StandInHost &host, DOCKEY key, const QString &folder);
+    StandInRecording(DocumentOwner &owner, DOCKEY key, const QString &folder);
 
     QString folder() const { return m_folder; }
 

@@ -2,12 +2,13 @@
 
 #include "contract/HostServices.h"
 #include "contract/HostValues.h"
+#include "standin/documents/DocumentOwner.h"
 #include "standin/documents/StandInCamera.h"
 #include "standin/documents/StandInGroup.h"
 #include "standin/documents/StandInRecording.h"
-#include "standin/host/StandInEvents.h"
 #include "standin/host/StandInState.h"
 #include "standin/journal/CallJournal.h"
+#include "standin/journal/StandInEvents.h"
 #include "standin/saving/SavePlan.h"
 #include "standin/settings/StandInSettings.h"
 #include "standin/tools/ToolTranslations.h"
@@ -26,13 +27,10 @@
 /// leaves none.
 ///
 /// It outlives all tools. GUI thread, but for the journal.
-class StandInHost : public HostServices
+class StandInHost : public HostServices, public DocumentOwner
 {
 public:
     enum class Mode { Live = HostMode::Live, Memory = HostMode::Memory, File = HostMode::File };
-
-    /// The value of a camera that changeSettings() takes over.
-    enum class Setting { RecordRate, ShutterSpeed, Region };
 
     /// A message that was shown to the user.
     struct Message
@@ -78,13 +76,13 @@ public:
         m_journal.removeDocumentOn(operation, key);
     }
     void clearFaults() { m_journal.clearFaults(); }
-    CallJournal &callJournal() { return m_journal; }
+    CallJournal &callJournal() override { return m_journal; }
 
     // What it answers from, and what happens in it.
 
     StandInState &state() { return m_state; }
     StandInSettings &settings() { return *m_settings; }
-    StandInEvents *events() { return &m_events; }
+    StandInEvents *events() override { return &m_events; }
     QUndoStack *undoSteps() { return &m_undo; } ///< owned by the host
 
     // Modes.
@@ -110,49 +108,53 @@ public:
     /// Closes a document without a call in the journal.
     void closeDocument(DOCKEY key);
 
-    StandInDocument *document(DOCKEY key) const; ///< null without such a document
-    StandInCamera *camera(DOCKEY key) const;     ///< null without such a camera
-    QList<StandInDocument *> documents() const;  ///< in the order of the list
+    StandInDocument *document(DOCKEY key) const;      ///< null without such a document
+    StandInCamera *camera(DOCKEY key) const override; ///< null without such a camera
+    QList<StandInDocument *> documents() const;       ///< in the order of the list
     QList<StandInCamera *> cameras() const;
+    int cameraCount() const override { return cameras().size(); }
     QList<StandInRecording *> recordings() const;
 
     DOCKEY currentKey() const { return m_currentKey; } ///< NoDocKey without a current document
     void makeCurrent(DOCKEY key);                      ///< nothing without such a document
 
-    QList<DOCKEY> selection() const { return m_selection; } ///< in the order of selection
-    void select(DOCKEY key, bool selected);
+    QList<DOCKEY> selection() const override { return m_selection; } ///< in the order of selection
+    void select(DOCKEY key, bool selected) override;
 
-    /// Members of the group that a document stands for or is part of, in the order of the list.
-    QList<DOC_Interface *> groupMembersOf(StandInDocument *document) const;
+    QList<DOC_Interface *> groupMembersOf(StandInDocument *document) const override;
 
     // Camera settings and the lock.
 
     /// Sets one value of a camera, taken from `wanted`, as one undo step that also holds what
     /// follows on the other cameras: while this one is locked the value reaches all locked ones,
     /// clamped to what each can do.
-    void changeSettings(StandInCamera &camera, const CameraSettings &wanted, Setting setting);
+    void changeSettings(StandInCamera &camera, const CameraSettings &wanted,
+                        CameraSetting setting) override;
 
     /// Changes the document alone, as one undo step; nothing is sent.
-    void editSettings(StandInCamera &camera, const CameraSettings &settings);
+    void editSettings(StandInCamera &camera, const CameraSettings &settings) override;
 
     bool isLockOn() const { return m_locked; }
 
     /// Whether the current plug-in is one of the state's `readOutTools`. Meanwhile each camera
     /// shows its whole sensor, in sensor pixels, and reads out the tool's region of it when it is
     /// sent its settings.
-    bool isReadOutEdited() const { return m_readOutTool; }
+    bool isReadOutEdited() const override { return m_readOutTool; }
 
     /// The part of the sensor that such a tool wants a camera to read, by its regionToSensor(). The
     /// camera's present one while there is none, or when the tool fails, which is handed to
     /// errorHandler().
-    QRect wantedReadOut(StandInCamera &camera);
+    QRect wantedReadOut(StandInCamera &camera) override;
 
     // Tools.
 
-    bool toolState(const QString &tool) const { return m_toolOn.value(tool, false); }
+    bool toolState(const QString &tool) const override { return m_toolOn.value(tool, false); }
     bool isToolActive(const QString &tool) const { return m_activeTools.contains(tool); }
     QString quickTool() const { return m_quickTool; }
-    bool isTransactionOpen(const QString &tool) const { return m_transactions.contains(tool); }
+    bool isTransactionOpen(const QString &tool) const override
+    {
+        return m_transactions.contains(tool);
+    }
 
     /// Takes a plug-in in, which stays the caller's: setHost() comes first, then its translations
     /// are looked for. When it is deleted the host forgets it.

@@ -3,34 +3,34 @@
 
 namespace {
 
-void takeOver(CameraSettings &target, const CameraSettings &source, StandInHost::Setting setting)
+void takeOver(CameraSettings &target, const CameraSettings &source, CameraSetting setting)
 {
     switch (setting) {
-    case StandInHost::Setting::RecordRate:
+    case CameraSetting::RecordRate:
         target.recordRate = source.recordRate;
         break;
-    case StandInHost::Setting::ShutterSpeed:
+    case CameraSetting::ShutterSpeed:
         target.shutterSpeed = source.shutterSpeed;
         break;
-    case StandInHost::Setting::Region:
+    case CameraSetting::Region:
         target.region = source.region;
         break;
     }
 }
 
-QString stepText(const StandInCamera &camera, StandInHost::Setting setting)
+QString stepText(const StandInCamera &camera, CameraSetting setting)
 {
     const QString pattern =
-        setting == StandInHost::Setting::RecordRate     ? QStringLiteral("Record rate of %1")
-        : setting == StandInHost::Setting::ShutterSpeed ? QStringLiteral("Shutter speed of %1")
-                                                        : QStringLiteral("Region of %1");
+        setting == CameraSetting::RecordRate     ? QStringLiteral("Record rate of %1")
+        : setting == CameraSetting::ShutterSpeed ? QStringLiteral("Shutter speed of %1")
+                                                 : QStringLiteral("Region of %1");
     return pattern.arg(camera.name());
 }
 
 }
 
 void StandInHost::changeSettings(StandInCamera &camera, const CameraSettings &wanted,
-                                 Setting setting)
+                                 CameraSetting setting)
 {
     const CameraSettings own = clampedSettings(wanted, camera.limits());
     SettingsByKey changes{{camera.key(), own}};

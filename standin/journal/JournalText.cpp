@@ -2,9 +2,10 @@
 
 #include "bridge/mediator/JS_Mediator.h"
 #include "bridge/page/GUI_WebView.h"
+#include "contract/DOC_Interface.h"
 #include "contract/PLG_Interface.h"
 #include "foundation/LogGroups.h"
-#include "standin/documents/StandInDocument.h"
+#include "standin/journal/JournalSubject.h"
 
 #include <QWidget>
 
@@ -214,7 +215,7 @@ QString text(DOC_Interface *doc)
 {
     if (!doc)
         return QStringLiteral("null");
-    const auto *known = dynamic_cast<StandInDocument *>(doc);
+    const auto *known = dynamic_cast<JournalSubject *>(doc);
     return known ? known->journalName() : QStringLiteral("DOC_Interface");
 }
 

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "contract/HostTypes.h"
+#include "standin/documents/CameraSettings.h"
+
+#include <QList>
+#include <QRect>
+
+class CallJournal;
+class DOC_Interface;
+class StandInCamera;
+class StandInDocument;
+class StandInEvents;
+
+/// What a document asks of the host that it belongs to. GUI thread; it outlives its documents.
+class DocumentOwner
+{
+public:
+    virtual CallJournal &callJournal() = 0;
+    virtual StandInEvents *events() = 0; ///< never null
+
+    // The list of documents.
+
+    virtual StandInCamera *camera(DOCKEY key) const = 0; ///< null without such a camera
+    virtual int cameraCount() const = 0;
+    virtual QList<DOCKEY> selection() const = 0;
+    virtual void select(DOCKEY key, bool selected) = 0;
+
+    /// Members of the group that a document stands for or is part of, in the order of the list.
+    virtual QList<DOC_Interface *> groupMembersOf(StandInDocument *document) const = 0;
+
+    // Tools.
+
+    /// Whether a tool is on for all documents that say nothing else.
+    virtual bool toolState(const QString &tool) const = 0;
+    virtual bool isTransactionOpen(const QString &tool) const = 0;
+
+    /// Whether a tool chooses the part of the sensor that is read. Meanwhile each camera shows its
+    /// whole sensor.
+    virtual bool isReadOutEdited() const = 0;
+
+    /// The part of the sensor that such a tool wants a camera to read, the present one without.
+    virtual QRect wantedReadOut(StandInCamera &camera) = 0;
+
+    // Camera settings.
+
+    /// Sets one value of a camera, taken from `wanted`, as one undo step, on all locked cameras
+    /// while this one is locked.
+    virtual void changeSettings(StandInCamera &camera, const CameraSettings &wanted,
+                                CameraSetting setting) = 0;
+
+    /// Changes the document alone, as one undo step; nothing is sent.
+    virtual void editSettings(StandInCamera &camera, const CameraSettings &settings) = 0;
+
+protected:
+    ~DocumentOwner() = default;
+};
