@@ -1,56 +1,8 @@
 #include "standin/host/StandInHost.h"
 
-#include "foundation/exceptions/DOC_Exception.h"
-
-#include <algorithm>
+#include <QtDebug>
 
 using JournalText::Secret;
-
-namespace {
-
-constexpr uint DriveLocked = 407;
-
-QList<QVariantMap> driveMaps(const QList<StandInDrive> &drives)
-{
-    QList<QVariantMap> maps;
-    for (const StandInDrive &drive : drives) {
-        maps.append({{QStringLiteral("driveno"), drive.driveNo},
-                     {QStringLiteral("slotno"), drive.slotNo},
-                     {QStringLiteral("drivetype"), drive.type},
-                     {QStringLiteral("drivename"), drive.name}});
-    }
-    return maps;
-}
-
-int indexOfDrive(const QList<StandInDrive> &drives, int type, int driveNo)
-{
-    for (int i = 0; i < drives.size(); ++i) {
-        if (drives.at(i).type == type && drives.at(i).driveNo == driveNo)
-            return i;
-    }
-    return -1;
-}
-
-StandInDrive *findDrive(QList<StandInDrive> &drives, int type, int driveNo)
-{
-    const int index = indexOfDrive(drives, type, driveNo);
-    return index < 0 ? nullptr : &drives[index];
-}
-
-double usedPercent(const StandInDrive *drive)
-{
-    return drive ? std::clamp(drive->usedPercent, 0.0, 100.0) : 0.0;
-}
-
-bool format(StandInDrive *drive)
-{
-    if (!drive || drive->formatFails)
-        return false;
-    drive->usedPercent = 0.0;
-    return true;
-}
-
-}
 
 void StandInHost::copySelectArea(int mode)
 {
@@ -132,6 +84,9 @@ uint StandInHost::openCardReaderDrive()
 void StandInHost::openCardReaderDrive(uint drive)
 {
     told("openCardReaderDrive", drive);
+    const bool isOne = drive != 0 && (drive & (drive - 1)) == 0;
+    if (!isOne || !(m_state.cardReaderDriveMask & drive))
+        qCritical().noquote() << "unknown drive: bit" << drive;
     m_state.openCardReaderDrive = drive;
 }
 
@@ -143,106 +98,92 @@ void StandInHost::closeCardReaderData()
 
 QList<QVariantMap> StandInHost::kelvaultDrives()
 {
-    return asked("kelvaultDrives").empty ? QList<QVariantMap>() : driveMaps(m_state.kelvaultDrives);
+    return asked("kelvaultDrives").empty ? QList<QVariantMap>() : m_state.kelvaultDrives.maps();
 }
 
 QList<QVariantMap> StandInHost::cfCardDrives()
 {
-    return asked("cfCardDrives").empty ? QList<QVariantMap>() : driveMaps(m_state.cfCardDrives);
+    return asked("cfCardDrives").empty ? QList<QVariantMap>() : m_state.cfCardDrives.maps();
 }
 
 void StandInHost::openKelvaultDrive(int type, int driveNo, int slotNo, const QString &name)
 {
     told("openKelvaultDrive", type, driveNo, slotNo, name);
-    const int index = indexOfDrive(m_state.kelvaultDrives, type, driveNo);
-    if (index >= 0 && m_state.kelvaultDrives.at(index).isLocked)
-        throw DOC_Exception(QStringLiteral("The drive is locked."), DriveLocked);
-    m_state.openKelvaultDrive = index;
+    m_state.kelvaultDrives.open(type, driveNo, slotNo);
 }
 
 bool StandInHost::unlockKelvaultDrive(int type, int driveNo, const QString &password)
 {
     told("unlockKelvaultDrive", type, driveNo, Secret());
-    StandInDrive *drive = findDrive(m_state.kelvaultDrives, type, driveNo);
-    if (!drive || drive->password != password)
-        return false;
-    drive->isLocked = false;
-    return true;
+    return m_state.kelvaultDrives.unlock(type, driveNo, password);
 }
 
 bool StandInHost::changeDrivePassword(int type, int driveNo, const QString &oldPassword,
                                       const QString &newPassword)
 {
     told("changeDrivePassword", type, driveNo, Secret(), Secret());
-    StandInDrive *drive = findDrive(m_state.kelvaultDrives, type, driveNo);
-    if (!drive || drive->password != oldPassword)
-        return false;
-    drive->password = newPassword;
-    return true;
+    return m_state.kelvaultDrives.changePassword(type, driveNo, oldPassword, newPassword);
 }
 
 void StandInHost::forgetDrivePassword(int type, int driveNo, int slotNo, const QString &)
 {
     told("forgetDrivePassword", type, driveNo, slotNo, Secret());
-    StandInDrive *drive = findDrive(m_state.kelvaultDrives, type, driveNo);
-    if (drive && !drive->password.isEmpty())
-        drive->isLocked = true;
+    m_state.kelvaultDrives.lock(type, driveNo, slotNo);
 }
 
 bool StandInHost::openCFCardDrive(int *type, int *driveNo)
 {
     asked("openCFCardDrive");
-    if (m_state.openCFCardDrive < 0 || m_state.openCFCardDrive >= m_state.cfCardDrives.size())
+    const StandInDrive *open = m_state.cfCardDrives.openDrive();
+    if (!open)
         return false;
-    const StandInDrive &drive = m_state.cfCardDrives.at(m_state.openCFCardDrive);
     if (type)
-        *type = drive.type;
+        *type = open->type;
     if (driveNo)
-        *driveNo = drive.driveNo;
+        *driveNo = open->driveNo;
     return true;
 }
 
 void StandInHost::openCFCardDrive(int type, int driveNo, int slotNo, const QString &name)
 {
     told("openCFCardDrive", type, driveNo, slotNo, name);
-    m_state.openCFCardDrive = indexOfDrive(m_state.cfCardDrives, type, driveNo);
+    m_state.cfCardDrives.open(type, driveNo, slotNo);
 }
 
 void StandInHost::closeCFastData(bool flag)
 {
     told("closeCFastData", flag);
-    m_state.openCFCardDrive = -1;
+    m_state.cfCardDrives.close();
 }
 
 double StandInHost::driveUseRatio(int type, int driveNo, int slotNo)
 {
     asked("driveUseRatio", type, driveNo, slotNo);
-    return usedPercent(findDrive(m_state.kelvaultDrives, type, driveNo));
+    return m_state.kelvaultDrives.usedPercent(type, driveNo, slotNo);
 }
 
 double StandInHost::cfastUseRatio(int type, int driveNo, int slotNo)
 {
     asked("cfastUseRatio", type, driveNo, slotNo);
-    return usedPercent(findDrive(m_state.cfCardDrives, type, driveNo));
+    return m_state.cfCardDrives.usedPercent(type, driveNo, slotNo);
 }
 
 quint64 StandInHost::totalWrittenBytes(int type, int driveNo, int slotNo)
 {
     asked("totalWrittenBytes", type, driveNo, slotNo);
-    const StandInDrive *drive = findDrive(m_state.kelvaultDrives, type, driveNo);
-    return drive ? drive->writtenBytes : 0;
+    return m_state.kelvaultDrives.writtenBytes(type, driveNo, slotNo);
 }
 
 bool StandInHost::formatKelvaultDrive(int type, int driveNo, int slotNo)
 {
     told("formatKelvaultDrive", type, driveNo, slotNo);
-    return format(findDrive(m_state.kelvaultDrives, type, driveNo));
+    return m_state.kelvaultDrives.format(type, driveNo, slotNo);
 }
 
 bool StandInHost::formatCFCardDrive(int type, int driveNo, int slotNo)
 {
     told("formatCFCardDrive", type, driveNo, slotNo);
-    return format(findDrive(m_state.cfCardDrives, type, driveNo));
+    return m_state.cfCardDrives.format(type, driveNo, slotNo);
 }
 
 void StandInHost::refreshMediaView(int kind)

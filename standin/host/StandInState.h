@@ -1,6 +1,7 @@
 #pragma once
 
 #include "contract/HostTypes.h"
+#include "standin/media/DriveTable.h"
 
 #include <QHash>
 #include <QObject>
@@ -16,20 +17,6 @@
 
 class HostPrefsDialog;
 class PLG_Interface;
-
-/// What the user is asked in one of the host's media drives.
-struct StandInDrive
-{
-    int type = 0;
-    int driveNo = 0;
-    int slotNo = 0;
-    QString name;
-    QString password;         ///< empty: never locked
-    bool isLocked = false;    ///< opening throws until it is unlocked
-    double usedPercent = 0.0; ///< 0 to 100
-    quint64 writtenBytes = 0;
-    bool formatFails = false;
-};
 
 // What the host answers from, one group for each sub-interface. All of it can be set freely; what
 // follows from real state (documents, selection, plug-ins, lock, settings, undo) is not here.
@@ -142,10 +129,8 @@ struct HostFileExportState
 {
     uint cardReaderDriveMask = 0; ///< bits 0 to 25 for A to Z
     uint openCardReaderDrive = 0; ///< bit value, 0: none
-    QList<StandInDrive> kelvaultDrives;
-    QList<StandInDrive> cfCardDrives;
-    int openCFCardDrive = -1; ///< index into cfCardDrives
-    int openKelvaultDrive = -1;
+    DriveTable kelvaultDrives;
+    DriveTable cfCardDrives;
     bool isBackgroundSaving = false;
     bool isBackgroundConverting = false;
     bool isDirectSaving = false;
