@@ -35,6 +35,9 @@ public:
     virtual bool toolState(const QString &tool) const = 0;
     virtual bool isTransactionOpen(const QString &tool) const = 0;
 
+    /// Whether a feature is on for all documents.
+    virtual bool hasFeature(const QString &feature) const = 0;
+
     /// Whether a tool chooses the part of the sensor that is read. Meanwhile each camera shows its
     /// whole sensor.
     virtual bool isReadOutEdited() const = 0;

@@ -122,6 +122,7 @@ struct DocCameraState
 
 struct DocDisplayState
 {
+    QSet<QString> features;       ///< on for this document, beside those that are on for all
     QSet<QString> availableTools; ///< beside those with a transaction at the host
     QHash<QString, bool> toolOn;  ///< goes before the host's own state of the tool
     int quarterTurns = 0;         ///< clockwise

@@ -89,6 +89,11 @@ void StandInDocument::setToolOn(const QString &tool, bool on)
     emit m_owner.events()->toolStateChanged(tool);
 }
 
+bool StandInDocument::isFeatureOn(const QString &feature) const
+{
+    return m_state.features.contains(feature) || m_owner.hasFeature(feature);
+}
+
 const StandInPartition *StandInDocument::partition(int number) const
 {
     for (const StandInPartition &entry : m_state.partitions) {

@@ -82,6 +82,9 @@ public:
     /// Whether a tool is on for this document, before the host's own state of the tool.
     void setToolOn(const QString &tool, bool on);
 
+    /// Whether a feature is on for this document or for all.
+    bool isFeatureOn(const QString &feature) const;
+
 protected:
     template <class... Arguments>
     CallAnswer asked(const char *operation, const Arguments &...arguments)

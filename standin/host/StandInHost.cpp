@@ -1,10 +1,15 @@
 #include "standin/host/StandInHost.h"
 
-StandInHost::StandInHost() : m_settings(std::make_unique<StandInSettings>()), m_prefsDialog(*this)
+StandInHost::StandInHost()
+    : m_settings(std::make_unique<StandInSettings>()), m_documents(m_events),
+      m_lock(*this, m_documents, m_undo), m_readOut(*this, m_documents, m_events),
+      m_tools(*this, m_events, m_readOut), m_messages(m_events), m_prefsDialog(*this)
 {
     qRegisterMetaType<DOCKEY>("DOCKEY"); // so that events can be queued and spied on
     m_journal.setDocumentRemover([this](DOCKEY key) { closeDocument(key); });
     m_journal.setListener([this](const QString &line) { emit m_events.callJournalled(line); });
+    m_tools.setForgetListener(
+        [this](PLG_Interface *plugin) { m_state.embeddedWidgets.remove(plugin); });
     m_appScriptObject.setObjectName(QStringLiteral("app"));
     m_mainScriptObject.setObjectName(QStringLiteral("main"));
     QObject::connect(&m_undo, &QUndoStack::indexChanged, &m_events, &StandInEvents::undoChanged);

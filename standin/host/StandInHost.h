@@ -2,21 +2,25 @@
 
 #include "contract/HostServices.h"
 #include "contract/HostValues.h"
+#include "standin/documents/CameraLock.h"
+#include "standin/documents/DocumentList.h"
 #include "standin/documents/DocumentOwner.h"
 #include "standin/documents/StandInCamera.h"
 #include "standin/documents/StandInGroup.h"
 #include "standin/documents/StandInRecording.h"
+#include "standin/host/HostFrontEnd.h"
 #include "standin/host/StandInState.h"
 #include "standin/journal/CallJournal.h"
+#include "standin/journal/MessageLog.h"
 #include "standin/journal/StandInEvents.h"
 #include "standin/saving/SavePlan.h"
 #include "standin/settings/StandInSettings.h"
-#include "standin/tools/ToolTranslations.h"
+#include "standin/tools/ReadOut.h"
+#include "standin/tools/ToolTable.h"
 
 #include <QUndoStack>
 
 #include <memory>
-#include <vector>
 
 /// A complete stand-in for the application: every operation of HostServices, in memory.
 ///
@@ -32,13 +36,7 @@ class StandInHost : public HostServices, public DocumentOwner
 public:
     enum class Mode { Live = HostMode::Live, Memory = HostMode::Memory, File = HostMode::File };
 
-    /// A message that was shown to the user.
-    struct Message
-    {
-        QString kind; ///< "info", "warn", "alert" or "confirm"
-        QString text;
-        QStringList items;
-    };
+    using Message = MessageLog::Message;
 
     /// Settings in memory.
     StandInHost();
@@ -81,6 +79,7 @@ public:
     // What it answers from, and what happens in it.
 
     StandInState &state() { return m_state; }
+    HostFrontEnd &frontEnd() { return m_frontEnd; }
     StandInSettings &settings() { return *m_settings; }
     StandInEvents *events() override { return &m_events; }
     QUndoStack *undoSteps() { return &m_undo; } ///< owned by the host
@@ -92,8 +91,10 @@ public:
     /// Changes the mode and tells all plug-ins.
     void setMode(Mode mode);
 
-    // Documents. Keys count from 1 and are never used again. The first document that is added
-    // becomes the current one and is selected.
+    // Documents; see DocumentList.
+
+    /// Key of the next document that is added. All keys but NoDocKey will do.
+    void setNextKey(DOCKEY key) { m_documents.setNextKey(key); }
 
     /// A new camera, owned by the host. It joins the lock when that is on.
     StandInCamera *addCamera(const StandInCamera::Description &description = {});
@@ -106,54 +107,55 @@ public:
     StandInGroup *addGroup(const QString &name, const QList<StandInDocument *> &members);
 
     /// Closes a document without a call in the journal.
-    void closeDocument(DOCKEY key);
+    void closeDocument(DOCKEY key) { m_documents.close(key); }
 
-    StandInDocument *document(DOCKEY key) const;      ///< null without such a document
-    StandInCamera *camera(DOCKEY key) const override; ///< null without such a camera
-    QList<StandInDocument *> documents() const;       ///< in the order of the list
-    QList<StandInCamera *> cameras() const;
+    StandInDocument *document(DOCKEY key) const { return m_documents.document(key); }
+    StandInCamera *camera(DOCKEY key) const override { return m_documents.camera(key); }
+    QList<StandInDocument *> documents() const { return m_documents.all(); }
+    QList<StandInCamera *> cameras() const { return m_documents.cameras(); }
     int cameraCount() const override { return cameras().size(); }
-    QList<StandInRecording *> recordings() const;
+    QList<StandInRecording *> recordings() const { return m_documents.recordings(); }
 
-    DOCKEY currentKey() const { return m_currentKey; } ///< NoDocKey without a current document
-    void makeCurrent(DOCKEY key);                      ///< nothing without such a document
+    DOCKEY currentKey() const { return m_documents.currentKey(); }
+    void makeCurrent(DOCKEY key) { m_documents.makeCurrent(key); }
 
-    QList<DOCKEY> selection() const override { return m_selection; } ///< in the order of selection
-    void select(DOCKEY key, bool selected) override;
+    QList<DOCKEY> selection() const override { return m_documents.selection(); }
+    void select(DOCKEY key, bool selected) override { m_documents.select(key, selected); }
 
-    QList<DOC_Interface *> groupMembersOf(StandInDocument *document) const override;
+    QList<DOC_Interface *> groupMembersOf(StandInDocument *document) const override
+    {
+        return m_documents.groupMembersOf(document);
+    }
 
     // Camera settings and the lock.
 
-    /// Sets one value of a camera, taken from `wanted`, as one undo step that also holds what
-    /// follows on the other cameras: while this one is locked the value reaches all locked ones,
-    /// clamped to what each can do.
     void changeSettings(StandInCamera &camera, const CameraSettings &wanted,
-                        CameraSetting setting) override;
+                        CameraSetting setting) override
+    {
+        m_lock.changeSettings(camera, wanted, setting);
+    }
+    void editSettings(StandInCamera &camera, const CameraSettings &settings) override
+    {
+        m_lock.editSettings(camera, settings);
+    }
+    bool isLockOn() const { return m_lock.isOn(); }
 
-    /// Changes the document alone, as one undo step; nothing is sent.
-    void editSettings(StandInCamera &camera, const CameraSettings &settings) override;
+    ReadOut &readOut() { return m_readOut; }
+    bool isReadOutEdited() const override { return m_readOut.isEdited(); }
+    QRect wantedReadOut(StandInCamera &camera) override { return m_readOut.wanted(camera); }
 
-    bool isLockOn() const { return m_locked; }
+    // Tools; see ToolTable.
 
-    /// Whether the current plug-in is one of the state's `readOutTools`. Meanwhile each camera
-    /// shows its whole sensor, in sensor pixels, and reads out the tool's region of it when it is
-    /// sent its settings.
-    bool isReadOutEdited() const override { return m_readOutTool; }
-
-    /// The part of the sensor that such a tool wants a camera to read, by its regionToSensor(). The
-    /// camera's present one while there is none, or when the tool fails, which is handed to
-    /// errorHandler().
-    QRect wantedReadOut(StandInCamera &camera) override;
-
-    // Tools.
-
-    bool toolState(const QString &tool) const override { return m_toolOn.value(tool, false); }
-    bool isToolActive(const QString &tool) const { return m_activeTools.contains(tool); }
-    QString quickTool() const { return m_quickTool; }
+    bool toolState(const QString &tool) const override { return m_tools.isOn(tool); }
+    bool isToolActive(const QString &tool) const { return m_tools.isActive(tool); }
+    QString quickTool() const { return m_tools.quickTool(); }
     bool isTransactionOpen(const QString &tool) const override
     {
-        return m_transactions.contains(tool);
+        return m_tools.isTransactionOpen(tool);
+    }
+    bool hasFeature(const QString &feature) const override
+    {
+        return m_state.features.contains(feature);
     }
 
     /// Takes a plug-in in, which stays the caller's: setHost() comes first, then its translations
@@ -161,22 +163,19 @@ public:
     void addPlugin(PLG_Interface *plugin);
 
     /// Closes the plug-in and forgets it, with its translations. Nothing for one that is not here.
-    void removePlugin(PLG_Interface *plugin);
+    void removePlugin(PLG_Interface *plugin) { m_tools.remove(plugin); }
 
     /// Opens it as openPluginByName() does, without a line in the journal: what a press of the
     /// button of a tool with a panel or dialog does. Nothing for null and the current one. Throws
     /// what the tool throws.
-    void openPlugin(PLG_Interface *plugin);
+    void openPlugin(PLG_Interface *plugin) { m_tools.open(plugin); }
 
-    QList<PLG_Interface *> plugins() const { return m_plugins; }
-    bool isPluginOpen(PLG_Interface *plugin) const { return m_openPlugins.contains(plugin); }
-
-    /// Text on the tool's button, translated: as the host knows it, else as the mediator of the
-    /// tool's page says, else the tool's name.
-    QString toolLabel(PLG_Interface *plugin);
+    QList<PLG_Interface *> plugins() const { return m_tools.plugins(); }
+    bool isPluginOpen(PLG_Interface *plugin) const { return m_tools.isOpen(plugin); }
+    QString toolLabel(PLG_Interface *plugin) { return ToolTable::label(plugin); }
 
     /// Names of the translation files in use.
-    QStringList translationFiles() const { return m_translations.files(); }
+    QStringList translationFiles() const { return m_tools.translationFiles(); }
 
     // Pauses: calls that begin minus calls that end, 0 when all is balanced.
 
@@ -191,17 +190,17 @@ public:
     // Messages.
 
     /// What confirm() answers from now on; false at the start.
-    void answerConfirm(bool yes) { m_confirmAnswer = yes; }
+    void answerConfirm(bool yes) { m_messages.answerConfirm(yes); }
 
     /// Whether messages are shown as message boxes and confirm() asks the user; off at the start.
     void setInteractive(bool on) { m_interactive = on; }
 
-    QList<Message> messages() const { return m_messages; }
-    void clearMessages() { m_messages.clear(); }
+    QList<Message> messages() const { return m_messages.messages(); }
+    void clearMessages() { m_messages.clearMessages(); }
 
     /// what() of everything that errorHandler() got.
-    QStringList handledErrors() const { return m_handledErrors; }
-    void clearHandledErrors() { m_handledErrors.clear(); }
+    QStringList handledErrors() const { return m_messages.errors(); }
+    void clearHandledErrors() { m_messages.clearErrors(); }
 
     SavePlan &savePlan() { return m_savePlan; }
 
@@ -504,50 +503,22 @@ private:
     QVariant pref(const QString &key, const QVariant &defaultValue) const;
     void storePref(const QString &key, const QVariant &value);
 
-    PLG_Interface *findPlugin(const QString &name) const;
-    void leavePlugin(PLG_Interface *plugin, bool close);
-    void forgetPlugin(PLG_Interface *plugin);
-    void beginReadOut(PLG_Interface *plugin);
-    void endReadOut(PLG_Interface *plugin);
-
+    DOC_Interface *contractOf(DOCKEY key) const;
     template <class Document> Document *addDocument(std::unique_ptr<Document> document);
-    QList<DOCKEY> allKeys() const;
-    void setSelection(const QList<DOCKEY> &keys);
-    QList<DOCKEY> cameraKeys(bool liveOnly) const;
-
-    using SettingsByKey = QMap<DOCKEY, CameraSettings>;
-    void pushSettings(const SettingsByKey &wanted, const QString &text, bool send);
-    void resendSettings();
-    void restoreSettings(const SettingsByKey &settings);
-    SettingsByKey settingsOfAll() const;
-
-    void setToolOn(const QString &tool, bool on);
 
     CallJournal m_journal;
     StandInEvents m_events;
     StandInState m_state;
+    HostFrontEnd m_frontEnd;
     std::unique_ptr<StandInSettings> m_settings;
     Mode m_mode = Mode::Live;
 
-    std::vector<std::unique_ptr<StandInDocument>> m_documents;
-    std::vector<std::unique_ptr<StandInDocument>> m_closedDocuments;
-    DOCKEY m_lastKey = 0;
-    DOCKEY m_currentKey = NoDocKey;
-    QList<DOCKEY> m_selection;
+    QUndoStack m_undo;
+    DocumentList m_documents;
     QMutex m_documentsMutex;
-    bool m_locked = false;
-
-    QHash<QString, bool> m_toolOn;
-    QSet<QString> m_activeTools;
-    QString m_quickTool;
-    QMap<QString, SettingsByKey> m_transactions;
-
-    QList<PLG_Interface *> m_plugins;
-    QList<PLG_Interface *> m_openPlugins;
-    PLG_Interface *m_currentPlugin = nullptr;
-    PLG_Interface *m_readOutTool = nullptr; ///< the current one, if it edits what cameras read
-    QHash<PLG_Interface *, QString> m_preparedWidgets; ///< class id made ready last
-    ToolTranslations m_translations;
+    CameraLock m_lock;
+    ReadOut m_readOut;
+    ToolTable m_tools;
 
     int m_livePauses = 0;
     int m_playbackPauses = 0;
@@ -558,15 +529,12 @@ private:
     uint m_deterredFlags = 0;
     bool m_deterredSend = false;
 
-    QUndoStack m_undo;
     int m_openMacros = 0;
     int m_clearedMacros = 0; ///< macros whose end is still to come, though they were cleared
 
     SavePlan m_savePlan;
-    bool m_confirmAnswer = false;
     bool m_interactive = false;
-    QList<Message> m_messages;
-    QStringList m_handledErrors;
+    MessageLog m_messages;
     PrefsDialog m_prefsDialog;
     QObject m_appScriptObject;
     QObject m_mainScriptObject;

@@ -1,5 +1,3 @@
-#include "contract/HostGuard.h"
-#include "contract/PLG_Interface.h"
 #include "standin/host/StandInHost.h"
 
 #include "bridge/mediator/JS_Mediator.h"
@@ -9,12 +7,7 @@
 template <class Document> Document *StandInHost::addDocument(std::unique_ptr<Document> document)
 {
     Document *added = document.get();
-    m_documents.push_back(std::move(document));
-    emit m_events.documentsChanged();
-    if (m_currentKey == NoDocKey) {
-        makeCurrent(added->key());
-        select(added->key(), true);
-    }
+    m_documents.add(std::move(document));
     return added;
 }
 
@@ -26,176 +19,44 @@ StandInCamera *StandInHost::addCamera(const StandInCamera::Description &descript
             full.cameraNumber = std::max(full.cameraNumber, other->state().cameraNumber);
         ++full.cameraNumber;
     }
-    auto camera = std::make_unique<StandInCamera>(*this, ++m_lastKey, full);
-    if (m_locked)
+    auto camera = std::make_unique<StandInCamera>(*this, m_documents.nextKey(), full);
+    if (m_lock.isOn())
         camera->setLockedTogether(true);
     StandInCamera *added = addDocument(std::move(camera));
-    if (m_readOutTool)
-        guarded(this, [&] { m_readOutTool->setRegion(added, added->sensorRegion(), false); });
+    m_readOut.addCamera(*added);
     return added;
 }
 
 StandInRecording *StandInHost::openRecording(const QString &folder)
 {
-    auto recording = std::make_unique<StandInRecording>(*this, m_lastKey + 1, folder);
-    ++m_lastKey;
+    auto recording = std::make_unique<StandInRecording>(*this, m_documents.nextKey(), folder);
     m_state.openedKeys = {recording->key()};
     return addDocument(std::move(recording));
 }
 
 StandInGroup *StandInHost::addGroup(const QString &name, const QList<StandInDocument *> &members)
 {
-    return addDocument(std::make_unique<StandInGroup>(*this, ++m_lastKey, name, members));
+    return addDocument(std::make_unique<StandInGroup>(*this, m_documents.nextKey(), name, members));
 }
 
-void StandInHost::closeDocument(DOCKEY key)
+DOC_Interface *StandInHost::contractOf(DOCKEY key) const
 {
-    const auto found = std::find_if(m_documents.begin(), m_documents.end(),
-                                    [key](const auto &document) { return document->key() == key; });
-    if (found == m_documents.end())
-        return;
-    const bool wasSelected = m_selection.removeAll(key) > 0;
-    (*found)->markClosed();
-    for (const auto &other : m_documents) {
-        if (auto *group = dynamic_cast<StandInGroup *>(other.get()))
-            group->removeMember(found->get());
-    }
-    m_closedDocuments.push_back(std::move(*found));
-    m_documents.erase(found);
-    if (m_currentKey == key) {
-        m_currentKey = !m_selection.isEmpty() ? m_selection.last()
-                       : !m_documents.empty() ? m_documents.front()->key()
-                                              : NoDocKey;
-        emit m_events.currentDocumentChanged(m_currentKey);
-    }
-    if (wasSelected)
-        emit m_events.selectionChanged();
-    emit m_events.documentsChanged();
-}
-
-StandInDocument *StandInHost::document(DOCKEY key) const
-{
-    for (const auto &document : m_documents) {
-        if (document->key() == key)
-            return document.get();
-    }
-    return nullptr;
-}
-
-StandInCamera *StandInHost::camera(DOCKEY key) const
-{
-    return dynamic_cast<StandInCamera *>(document(key));
-}
-
-QList<StandInDocument *> StandInHost::documents() const
-{
-    QList<StandInDocument *> result;
-    for (const auto &document : m_documents)
-        result.append(document.get());
-    return result;
-}
-
-QList<StandInCamera *> StandInHost::cameras() const
-{
-    QList<StandInCamera *> result;
-    for (const auto &document : m_documents) {
-        if (auto *camera = dynamic_cast<StandInCamera *>(document.get()))
-            result.append(camera);
-    }
-    return result;
-}
-
-QList<StandInRecording *> StandInHost::recordings() const
-{
-    QList<StandInRecording *> result;
-    for (const auto &document : m_documents) {
-        if (auto *recording = dynamic_cast<StandInRecording *>(document.get()))
-            result.append(recording);
-    }
-    return result;
-}
-
-void StandInHost::makeCurrent(DOCKEY key)
-{
-    if (key == m_currentKey || !document(key))
-        return;
-    m_currentKey = key;
-    emit m_events.currentDocumentChanged(key);
-}
-
-void StandInHost::select(DOCKEY key, bool selected)
-{
-    if (m_selection.contains(key) == selected || !document(key))
-        return;
-    if (selected)
-        m_selection.append(key);
-    else
-        m_selection.removeAll(key);
-    emit m_events.selectionChanged();
-}
-
-void StandInHost::setSelection(const QList<DOCKEY> &keys)
-{
-    QList<DOCKEY> known;
-    for (DOCKEY key : keys) {
-        if (document(key) && !known.contains(key))
-            known.append(key);
-    }
-    if (!known.isEmpty())
-        makeCurrent(known.last());
-    if (known == m_selection)
-        return;
-    m_selection = known;
-    emit m_events.selectionChanged();
-}
-
-QList<DOC_Interface *> StandInHost::groupMembersOf(StandInDocument *document) const
-{
-    QList<StandInDocument *> members = document->members();
-    for (const auto &other : m_documents) {
-        if (members.isEmpty() && other->members().contains(document))
-            members = other->members();
-    }
-    QList<DOC_Interface *> result;
-    for (const auto &other : m_documents) {
-        if (members.contains(other.get()))
-            result.append(other->contract());
-    }
-    return result;
-}
-
-QList<DOCKEY> StandInHost::allKeys() const
-{
-    QList<DOCKEY> keys;
-    for (const auto &document : m_documents)
-        keys.append(document->key());
-    return keys;
-}
-
-QList<DOCKEY> StandInHost::cameraKeys(bool liveOnly) const
-{
-    QList<DOCKEY> keys;
-    for (const StandInCamera *camera : cameras()) {
-        if (!liveOnly || (camera->state().isConnected && !camera->state().isDummy))
-            keys.append(camera->key());
-    }
-    return keys;
+    StandInDocument *found = document(key);
+    return found ? found->contract() : nullptr;
 }
 
 DOC_Interface *StandInHost::deviceByKey(DOCKEY key, bool flag)
 {
     if (asked("deviceByKey", key, flag).null)
         return nullptr;
-    StandInDocument *found = document(key);
-    return found ? found->contract() : nullptr;
+    return contractOf(key);
 }
 
 DOC_Interface *StandInHost::documentByKey(DOCKEY key)
 {
     if (asked("documentByKey", key).null)
         return nullptr;
-    StandInDocument *found = document(key);
-    return found ? found->contract() : nullptr;
+    return contractOf(key);
 }
 
 void StandInHost::setCurrentDoc(DOCKEY key, bool flag)
@@ -214,14 +75,13 @@ DOC_Interface *StandInHost::currentDocument()
 {
     if (asked("currentDocument").null)
         return nullptr;
-    StandInDocument *found = document(m_currentKey);
-    return found ? found->contract() : nullptr;
+    return contractOf(currentKey());
 }
 
 DOCKEY StandInHost::currentDocKey()
 {
     asked("currentDocKey");
-    return m_currentKey;
+    return currentKey();
 }
 
 void StandInHost::removeDocument(DOCKEY key)
@@ -234,10 +94,10 @@ void StandInHost::removeAllDocuments(int number, bool unselectOnly)
 {
     told("removeAllDocuments", number, unselectOnly);
     if (unselectOnly) {
-        setSelection({});
+        m_documents.setSelection({});
         return;
     }
-    for (DOCKEY key : allKeys())
+    for (DOCKEY key : m_documents.keys())
         closeDocument(key);
 }
 
@@ -245,17 +105,17 @@ void StandInHost::selectAllDocs(JS_Mediator *receiver)
 {
     told("selectAllDocs", receiver);
     QList<DOCKEY> keys;
-    for (const auto &document : m_documents) {
+    for (const StandInDocument *document : documents()) {
         if (document->state().isSelectable)
             keys.append(document->key());
     }
-    setSelection(keys);
+    m_documents.setSelection(keys);
 }
 
 void StandInHost::selectDocs(const QList<DOCKEY> &keys, bool flag)
 {
     told("selectDocs", keys, flag);
-    setSelection(keys);
+    m_documents.setSelection(keys);
 }
 
 void StandInHost::refreshDocumentInfo(bool flag)
@@ -267,73 +127,57 @@ void StandInHost::refreshDocumentInfo(bool flag)
 void StandInHost::setTrelvikLock(bool lock)
 {
     told("setTrelvikLock", lock);
-    const bool changed = lock != m_locked;
-    m_locked = lock;
-    for (StandInCamera *camera : cameras())
-        camera->setLockedTogether(lock);
-    if (changed)
-        emit m_events.lockChanged(lock);
+    m_lock.set(lock);
 }
 
 bool StandInHost::isTrelvikLocked()
 {
     asked("isTrelvikLocked");
-    return m_locked;
+    return m_lock.isOn();
 }
 
 void StandInHost::commitTransaction(bool apply, const QString &tool)
 {
     told("commitTransaction", apply, tool);
-    if (m_transactions.contains(tool) && !apply)
-        restoreSettings(m_transactions.value(tool));
-    m_transactions.remove(tool);
+    const CameraSettingsByKey before = m_tools.endTransaction(tool);
+    if (!apply)
+        m_lock.restore(before);
 }
 
 void StandInHost::beginTransaction(const QString &tool, bool first, bool second)
 {
     told("beginTransaction", tool, first, second);
-    m_transactions.insert(tool, settingsOfAll());
+    m_tools.beginTransaction(tool, m_lock.settingsOfAll());
 }
 
 void StandInHost::rollbackTransaction(const QString &tool)
 {
     told("rollbackTransaction", tool);
-    restoreSettings(m_transactions.take(tool));
+    m_lock.restore(m_tools.endTransaction(tool));
 }
 
 void StandInHost::resetTransaction(const QString &tool)
 {
     told("resetTransaction", tool);
-    restoreSettings(m_transactions.value(tool));
-}
-
-void StandInHost::setToolOn(const QString &tool, bool on)
-{
-    m_toolOn.insert(tool, on);
-    emit m_events.toolStateChanged(tool);
+    m_lock.restore(m_tools.settingsBefore(tool));
 }
 
 void StandInHost::setToolActive(const QString &tool, bool on)
 {
     told("setToolActive", tool, on);
-    if (on)
-        m_activeTools.insert(tool);
-    else
-        m_activeTools.remove(tool);
-    setToolOn(tool, on);
+    m_tools.setActive(tool, on);
 }
 
 void StandInHost::setQuickTool(const QString &tool)
 {
     told("setQuickTool", tool);
-    m_quickTool = tool;
-    emit m_events.toolStateChanged(tool);
+    m_tools.setQuickTool(tool);
 }
 
 void StandInHost::setToolState(const QString &tool, bool on)
 {
     told("setToolState", tool, on);
-    setToolOn(tool, on);
+    m_tools.setOn(tool, on);
 }
 
 bool StandInHost::isWaveDataAcquisition()
@@ -345,13 +189,13 @@ bool StandInHost::isWaveDataAcquisition()
 void StandInHost::deviceKeys(QList<DOCKEY> &out, bool flag)
 {
     const bool empty = asked("deviceKeys", flag).empty;
-    out = empty ? QList<DOCKEY>() : cameraKeys(false);
+    out = empty ? QList<DOCKEY>() : m_documents.cameraKeys(false);
 }
 
 void StandInHost::liveDocKeys(QList<DOCKEY> &out, bool flag)
 {
     const bool empty = asked("liveDocKeys", flag).empty;
-    out = empty ? QList<DOCKEY>() : cameraKeys(true);
+    out = empty ? QList<DOCKEY>() : m_documents.cameraKeys(true);
 }
 
 void StandInHost::selectedDocKeys(QList<DOCKEY> &out, bool inListOrder)
@@ -359,14 +203,7 @@ void StandInHost::selectedDocKeys(QList<DOCKEY> &out, bool inListOrder)
     out.clear();
     if (asked("selectedDocKeys", inListOrder).empty)
         return;
-    if (!inListOrder) {
-        out = m_selection;
-        return;
-    }
-    for (DOCKEY key : allKeys()) {
-        if (m_selection.contains(key))
-            out.append(key);
-    }
+    out = inListOrder ? m_documents.selectionInListOrder() : m_documents.selection();
 }
 
 QMutex *StandInHost::documentsMutex()
@@ -401,12 +238,12 @@ void StandInHost::beginExclusiveRefresh()
 
 QList<DOCKEY> StandInHost::documentKeys(bool first, bool second)
 {
-    return asked("documentKeys", first, second).empty ? QList<DOCKEY>() : allKeys();
+    return asked("documentKeys", first, second).empty ? QList<DOCKEY>() : m_documents.keys();
 }
 
 QList<DOCKEY> StandInHost::liveDocumentKeys(bool flag)
 {
-    return asked("liveDocumentKeys", flag).empty ? QList<DOCKEY>() : cameraKeys(true);
+    return asked("liveDocumentKeys", flag).empty ? QList<DOCKEY>() : m_documents.cameraKeys(true);
 }
 
 void StandInHost::temporaryDocumentKeys(QList<DOCKEY> &out)
@@ -429,17 +266,13 @@ void StandInHost::targetDocKeys(QList<DOCKEY> &out, bool flag, int number)
 DOCKEY StandInHost::documentKeyOf(DOC_Interface *doc)
 {
     asked("documentKeyOf", doc);
-    for (const auto &document : m_documents) {
-        if (document->contract() == doc)
-            return document->key();
-    }
-    return NoDocKey;
+    return m_documents.keyOf(doc);
 }
 
 int StandInHost::selectedDocumentCount()
 {
     asked("selectedDocumentCount");
-    return m_selection.size();
+    return selection().size();
 }
 
 void StandInHost::importTargets(const QList<DOCKEY> &keys)
@@ -486,7 +319,7 @@ void StandInHost::refreshAfterDelete(DOCKEY key)
 int StandInHost::documentCount()
 {
     asked("documentCount");
-    return int(m_documents.size());
+    return m_documents.count();
 }
 
 bool StandInHost::hasWaveformData()

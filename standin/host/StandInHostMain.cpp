@@ -19,11 +19,6 @@ namespace {
 constexpr int ProgressDelay = 300; // milliseconds; a short task shows nothing
 constexpr char OwnContext[] = "Orvix";
 
-QString messageText(const QString &text, const QStringList &items)
-{
-    return (QStringList(text) + items).join(QLatin1Char('\n'));
-}
-
 }
 
 void StandInHost::updateUI(uint flags, bool force)
@@ -44,12 +39,8 @@ void StandInHost::refreshUI(uint flags, bool send)
         return;
     }
     if (send)
-        resendSettings();
-    const QList<PLG_Interface *> plugins = m_plugins;
-    for (PLG_Interface *plugin : plugins) {
-        if (m_plugins.contains(plugin))
-            plugin->update();
-    }
+        m_lock.resend();
+    m_tools.forEach([](PLG_Interface *plugin) { plugin->update(); });
     if (flags & UpdateFlag::Display) {
         for (const StandInDocument *document : documents())
             emit m_events.documentRefreshed(document->key());
@@ -60,15 +51,15 @@ void StandInHost::refreshUI(uint flags, bool send)
 void StandInHost::hideSelectBox()
 {
     told("hideSelectBox");
-    if (m_state.hideDropDown)
-        m_state.hideDropDown();
+    if (m_frontEnd.hideDropDown)
+        m_frontEnd.hideDropDown();
 }
 
 void StandInHost::hideBoxes()
 {
     m_state.isShownDropBox = false;
-    if (m_state.hideDropDown)
-        m_state.hideDropDown();
+    if (m_frontEnd.hideDropDown)
+        m_frontEnd.hideDropDown();
 }
 
 bool StandInHost::isShownDropBox()
@@ -81,8 +72,8 @@ void StandInHost::showDropDownBox(const QString &key, const QRect &rect)
 {
     told("showDropDownBox", key, rect);
     m_state.isShownDropBox = true;
-    if (m_state.showDropDown)
-        m_state.showDropDown(key, rect);
+    if (m_frontEnd.showDropDown)
+        m_frontEnd.showDropDown(key, rect);
 }
 
 void StandInHost::hideDropDownBox(const QString &key, const QPoint &pos)
@@ -170,11 +161,7 @@ void StandInHost::setMode(Mode mode)
     if (mode == m_mode)
         return;
     m_mode = mode;
-    const QList<PLG_Interface *> plugins = m_plugins;
-    for (PLG_Interface *plugin : plugins) {
-        if (m_plugins.contains(plugin))
-            plugin->onModeChanged(int(mode));
-    }
+    m_tools.forEach([mode](PLG_Interface *plugin) { plugin->onModeChanged(int(mode)); });
     emit m_events.modeChanged(int(mode));
 }
 
@@ -191,9 +178,9 @@ QWidget *StandInHost::messageParent(QWidget *parent) const
 void StandInHost::showMessage(const QString &kind, const QString &text, const QStringList &items,
                               QWidget *parent)
 {
-    m_messages.append({kind, text, items});
-    const QString whole = messageText(text, items);
-    emit m_events.messageShown(kind, whole);
+    const Message message{kind, text, items};
+    m_messages.add(message);
+    const QString whole = message.wholeText();
     if (!m_interactive)
         return;
     const QString title = QCoreApplication::applicationName();
@@ -209,8 +196,7 @@ void StandInHost::errorHandler(std::exception &e)
 {
     const QString text = QString::fromUtf8(e.what());
     told("errorHandler", text);
-    m_handledErrors.append(text);
-    emit m_events.errorHandled(text);
+    m_messages.addError(text);
     if (m_interactive)
         QMessageBox::critical(messageParent(nullptr), QCoreApplication::applicationName(), text);
 }
@@ -248,10 +234,9 @@ void StandInHost::alert(const QString &text, QWidget *parent)
 bool StandInHost::confirm(const QString &text, QWidget *parent, const QVariantMap &options)
 {
     told("confirm", text, parent, options);
-    m_messages.append({QStringLiteral("confirm"), text, {}});
-    emit m_events.messageShown(QStringLiteral("confirm"), text);
+    m_messages.add({QStringLiteral("confirm"), text, {}});
     if (!m_interactive)
-        return m_confirmAnswer;
+        return m_messages.confirmAnswer();
     return QMessageBox::question(messageParent(parent), QCoreApplication::applicationName(),
                                  text) == QMessageBox::Yes;
 }
@@ -280,23 +265,23 @@ HostPrefsDialog *StandInHost::prefsDialog()
 void StandInHost::PrefsDialog::showPage(const QString &page)
 {
     m_host.m_journal.command(QStringLiteral("prefsDialog"), "showPage", page);
-    if (m_host.m_state.prefsDialog)
-        m_host.m_state.prefsDialog->showPage(page);
+    if (m_host.m_frontEnd.prefsDialog)
+        m_host.m_frontEnd.prefsDialog->showPage(page);
 }
 
 int StandInHost::PrefsDialog::exec()
 {
     m_host.m_journal.command(QStringLiteral("prefsDialog"), "exec");
-    if (m_host.m_state.prefsDialog)
-        return m_host.m_state.prefsDialog->exec();
+    if (m_host.m_frontEnd.prefsDialog)
+        return m_host.m_frontEnd.prefsDialog->exec();
     return m_host.m_state.prefsDialogResult;
 }
 
 void StandInHost::openAboutDialog()
 {
     told("openAboutDialog");
-    if (m_state.showAbout)
-        m_state.showAbout();
+    if (m_frontEnd.showAbout)
+        m_frontEnd.showAbout();
     else if (m_interactive)
         QMessageBox::about(messageParent(nullptr), QCoreApplication::applicationName(),
                            m_state.hostVersion);
@@ -305,8 +290,9 @@ void StandInHost::openAboutDialog()
 bool StandInHost::isToolRunning(const QString &tool)
 {
     asked("isToolRunning", tool);
-    return m_state.runningTools.contains(tool) || m_activeTools.contains(tool) ||
-           (m_currentPlugin && m_currentPlugin->name() == tool);
+    PLG_Interface *current = m_tools.current();
+    return m_state.runningTools.contains(tool) || m_tools.isActive(tool) ||
+           (current && current->name() == tool);
 }
 
 bool StandInHost::isFeatureOn(const QString &key, DOC_Interface *doc, bool flag)
@@ -349,14 +335,15 @@ void StandInHost::deterUpdateUI(bool deter)
 void StandInHost::exportSupportSnapshot(SupportSnapshot &out)
 {
     asked("exportSupportSnapshot");
-    out = m_state.takeSupportSnapshot ? m_state.takeSupportSnapshot() : m_state.supportSnapshot;
+    out =
+        m_frontEnd.takeSupportSnapshot ? m_frontEnd.takeSupportSnapshot() : m_state.supportSnapshot;
 }
 
 bool StandInHost::writeSupportFile(const QString &path, const SupportSnapshot &snapshot)
 {
     told("writeSupportFile", path, snapshot);
     return m_state.supportFileSucceeds &&
-           (!m_state.writeSupportFile || m_state.writeSupportFile(path, snapshot));
+           (!m_frontEnd.writeSupportFile || m_frontEnd.writeSupportFile(path, snapshot));
 }
 
 bool StandInHost::isAutoCameraNameEnabled()
@@ -492,8 +479,8 @@ bool StandInHost::isTrelvikWindowShown()
 void StandInHost::openEthernetSettings()
 {
     told("openEthernetSettings");
-    if (m_state.showEthernetSettings)
-        m_state.showEthernetSettings();
+    if (m_frontEnd.showEthernetSettings)
+        m_frontEnd.showEthernetSettings();
 }
 
 QVariant StandInHost::prefDefault(const QString &key)

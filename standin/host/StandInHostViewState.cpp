@@ -24,7 +24,7 @@ bool StandInHost::flipVertical(DOCKEY key)
 float StandInHost::zoomFactor(int which)
 {
     asked("zoomFactor", which);
-    const StandInDocument *found = document(m_currentKey);
+    const StandInDocument *found = m_documents.current();
     return found ? float(found->state().zoom) : 0.0f;
 }
 

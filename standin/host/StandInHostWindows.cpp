@@ -3,14 +3,14 @@
 int StandInHost::countMdiWindow(bool visible, int number)
 {
     asked("countMdiWindow", visible, number);
-    const int all = m_state.windowCount.value_or(int(m_documents.size()));
+    const int all = m_state.windowCount.value_or(m_documents.count());
     return visible ? m_state.visibleWindowCount.value_or(all) : all;
 }
 
 QString StandInHost::currentWindowTitle()
 {
     asked("currentWindowTitle");
-    const StandInDocument *found = document(m_currentKey);
+    const StandInDocument *found = m_documents.current();
     return found ? found->state().displayName : QString();
 }
 

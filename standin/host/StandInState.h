@@ -6,16 +6,13 @@
 #include <QHash>
 #include <QObject>
 #include <QPointer>
-#include <QRect>
 #include <QSet>
 #include <QStringList>
 #include <QVariant>
 #include <QWidget>
 
-#include <functional>
 #include <optional>
 
-class HostPrefsDialog;
 class PLG_Interface;
 
 // What the host answers from, one group for each sub-interface. All of it can be set freely; what
@@ -37,18 +34,6 @@ struct HostMainState
     bool supportFileSucceeds = true;
     bool isTrelvikWindowShown = false;
     SupportSnapshot supportSnapshot;
-
-    // What a user interface around the host brings. While one is missing its call does nothing but
-    // leave its line in the journal.
-
-    HostPrefsDialog *prefsDialog = nullptr; ///< outlives the host's use of it
-    std::function<void()> showAbout;
-    std::function<void()> showEthernetSettings;
-    std::function<void(const QString &key, const QRect &rect)> showDropDown;
-    std::function<void()> hideDropDown;
-    std::function<SupportSnapshot()> takeSupportSnapshot; ///< missing: supportSnapshot
-    std::function<bool(const QString &path, const SupportSnapshot &)> writeSupportFile;
-
     QHash<QString, QString> translations;   ///< source text, translated text
     QHash<QString, QString> infoItemLabels; ///< by id; others have the label of the item table
     QStringList fontFamilies{QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif")};
@@ -83,7 +68,6 @@ struct HostPluginsState
     bool isImageTriggerDetecting = false;
     bool isOtherPluginOpen = false;
     QHash<PLG_Interface *, QPointer<QWidget>> embeddedWidgets;
-    QSet<QString> readOutTools{QStringLiteral("t_region")}; ///< their region is what a camera reads
 };
 
 struct HostDocumentsState

@@ -236,13 +236,13 @@ void TestSupportFile::snapshotIsTakenHereAndWrittenByATask()
     QByteArray text;
     std::atomic<bool> written{false};
     bool thankedTooEarly = false;
-    support.host.state().takeSupportSnapshot = [&] {
+    support.host.frontEnd().takeSupportSnapshot = [&] {
         taking = QThread::currentThread();
         SupportSnapshot snapshot;
         snapshot.texts = {{"a.txt", "content"}};
         return snapshot;
     };
-    support.host.state().writeSupportFile = [&](const QString &, const SupportSnapshot &snapshot) {
+    support.host.frontEnd().writeSupportFile = [&](const QString &, const SupportSnapshot &snapshot) {
         writing = QThread::currentThread();
         QThread::msleep(50);
         text = snapshot.texts.value("a.txt");

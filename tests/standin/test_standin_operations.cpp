@@ -663,9 +663,8 @@ void TestStandInOperations::checkHost(const char *table, const HostCall (&calls)
         called.append(nameInLine(call.line));
         StandInHost host;
         host.addCamera();
-        if (called.last() == QLatin1String("endUndoMacro"))
-            host.undoSteps()->beginMacro(QString());
         host.clearJournal();
+        LogCapture log; // most of them ask for what is not there
         call.call(host);
         const QStringList line{QString::fromUtf8(call.line)};
         QCOMPARE(host.journal(), line);

@@ -146,7 +146,7 @@ void TestStandInReadOut::otherToolsEditNoReadOut()
     m_host->removePlugin(&crop);
 
     RegionTool other("t_other");
-    m_host->state().readOutTools.insert("t_other");
+    m_host->readOut().tools().insert("t_other");
     m_host->addPlugin(&other);
     m_host->openPluginByName("t_other");
     QVERIFY(m_host->isReadOutEdited());

@@ -120,12 +120,12 @@ struct Export
     {
         host.answerConfirm(true);
         host.settings().setValue("support/dir", "/before");
-        host.state().takeSupportSnapshot = [content] {
+        host.frontEnd().takeSupportSnapshot = [content] {
             SupportSnapshot snapshot;
             snapshot.texts = {{"a.txt", content}};
             return snapshot;
         };
-        host.state().writeSupportFile = SupportFile::write;
+        host.frontEnd().writeSupportFile = SupportFile::write;
         FileChoice::setAnswer([path](const FileChoice::Question &) { return QStringList(path); });
     }
     ~Export() { FileChoice::setAnswer(FileChoice::Answer()); }
@@ -480,8 +480,8 @@ void TestSupportZip::isWrittenThroughTheHost()
 {
     StandInHost host;
     host.addCamera();
-    host.state().takeSupportSnapshot = [&] { return SupportFile::take(host); };
-    host.state().writeSupportFile = SupportFile::write;
+    host.frontEnd().takeSupportSnapshot = [&] { return SupportFile::take(host); };
+    host.frontEnd().writeSupportFile = SupportFile::write;
     SupportSnapshot snapshot;
     host.exportSupportSnapshot(snapshot);
     QVERIFY(host.writeSupportFile(path("s.zip"), snapshot));
@@ -493,7 +493,7 @@ void TestSupportZip::isWrittenThroughTheHost()
 void TestSupportZip::failsWhenToldTo()
 {
     StandInHost host;
-    host.state().writeSupportFile = SupportFile::write;
+    host.frontEnd().writeSupportFile = SupportFile::write;
     host.state().supportFileSucceeds = false;
     QVERIFY(!host.writeSupportFile(path("s.zip"), SupportSnapshot()));
     QVERIFY(!QFile::exists(path("s.zip")));

@@ -48,8 +48,8 @@ Workbench::Workbench(const Options &options)
       m_boxes(std::make_unique<DropDownBoxes>(*m_host, *m_window->statusPanel()->view()))
 {
     m_host->state().hostVersion = QCoreApplication::applicationVersion();
-    m_host->state().takeSupportSnapshot = [this] { return takeSupportSnapshot(); };
-    m_host->state().writeSupportFile = SupportFile::write;
+    m_host->frontEnd().takeSupportSnapshot = [this] { return takeSupportSnapshot(); };
+    m_host->frontEnd().writeSupportFile = SupportFile::write;
     connect(&m_recorder, &LogRecorder::recorded, this, [this] {
         QList<LogEntry> lines = m_recorder.take();
         lines.erase(std::remove_if(lines.begin(), lines.end(),

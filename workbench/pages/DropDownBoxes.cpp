@@ -14,10 +14,10 @@ DropDownBoxes::DropDownBoxes(StandInHost &host, GUI_WebView &page, QObject *pare
     : QObject(parent), m_host(host), m_page(page)
 {
     Pages::registerResources();
-    m_host.state().showDropDown = [this](const QString &key, const QRect &rect) {
+    m_host.frontEnd().showDropDown = [this](const QString &key, const QRect &rect) {
         show(key, rect);
     };
-    m_host.state().hideDropDown = [this] { hide(); };
+    m_host.frontEnd().hideDropDown = [this] { hide(); };
     connect(
         m_host.events(), &StandInEvents::updated, this, [this] { restyle(); },
         Qt::QueuedConnection);
@@ -25,8 +25,8 @@ DropDownBoxes::DropDownBoxes(StandInHost &host, GUI_WebView &page, QObject *pare
 
 DropDownBoxes::~DropDownBoxes()
 {
-    m_host.state().showDropDown = nullptr;
-    m_host.state().hideDropDown = nullptr;
+    m_host.frontEnd().showDropDown = nullptr;
+    m_host.frontEnd().hideDropDown = nullptr;
     delete m_box;
 }
 

@@ -38,16 +38,16 @@ private:
 PageDialogs::PageDialogs(StandInHost &host) : m_host(host)
 {
     Pages::registerResources();
-    m_host.state().prefsDialog = this;
-    m_host.state().showAbout = [this] { showAbout(); };
-    m_host.state().showEthernetSettings = [this] { showEthernetSettings(); };
+    m_host.frontEnd().prefsDialog = this;
+    m_host.frontEnd().showAbout = [this] { showAbout(); };
+    m_host.frontEnd().showEthernetSettings = [this] { showEthernetSettings(); };
 }
 
 PageDialogs::~PageDialogs()
 {
-    m_host.state().prefsDialog = nullptr;
-    m_host.state().showAbout = nullptr;
-    m_host.state().showEthernetSettings = nullptr;
+    m_host.frontEnd().prefsDialog = nullptr;
+    m_host.frontEnd().showAbout = nullptr;
+    m_host.frontEnd().showEthernetSettings = nullptr;
 }
 
 void PageDialogs::showPage(const QString &page)

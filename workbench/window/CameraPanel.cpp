@@ -33,8 +33,8 @@ void logChoice(const QComboBox *box)
 
 }
 
-CameraPanel::CameraPanel(QWidget *parent)
-    : QWidget(parent), m_hint(new QLabel(this)), m_form(new QWidget(this)),
+CameraPanel::CameraPanel(HostServices &host, QWidget *parent)
+    : QWidget(parent), m_host(host), m_hint(new QLabel(this)), m_form(new QWidget(this)),
       m_name(new QLabel(m_form)), m_shutter(new QComboBox(m_form)),
       m_recordRate(new QComboBox(m_form)), m_size(new QLabel(m_form)),
       m_position(new QLabel(m_form)), m_sensor(new QLabel(m_form)), m_lock(new QLabel(m_form))
@@ -120,7 +120,7 @@ void CameraPanel::chooseShutter(int index)
         return;
     logChoice(m_shutter);
     const uint parts = m_shutter->itemData(index).toUInt();
-    guarded(&m_camera->host(), [&] { m_camera->setShutterSpeed(parts); });
+    guarded(&m_host, [&] { m_camera->setShutterSpeed(parts); });
     refresh();
 }
 
@@ -130,6 +130,6 @@ void CameraPanel::chooseRecordRate(int index)
         return;
     logChoice(m_recordRate);
     const uint rate = m_recordRate->itemData(index).toUInt();
-    guarded(&m_camera->host(), [&] { m_camera->setRecordRate(rate); });
+    guarded(&m_host, [&] { m_camera->setRecordRate(rate); });
     refresh();
 }

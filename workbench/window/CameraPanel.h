@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class HostServices;
 class QComboBox;
 class QLabel;
 class StandInCamera;
@@ -13,7 +14,7 @@ class CameraPanel : public QWidget
     Q_OBJECT
 
 public:
-    explicit CameraPanel(QWidget *parent = nullptr);
+    explicit CameraPanel(HostServices &host, QWidget *parent = nullptr);
 
     /// Shows this camera, null for none. The camera outlives the panel.
     void setCamera(StandInCamera *camera);
@@ -28,6 +29,7 @@ private:
     void chooseShutter(int index);
     void chooseRecordRate(int index);
 
+    HostServices &m_host;
     StandInCamera *m_camera = nullptr;
     QLabel *m_hint;
     QWidget *m_form;

@@ -296,7 +296,7 @@ void MainWindow::makePanels()
         addDockWidget(area, widget);
         return widget;
     };
-    m_cameraPanel = new CameraPanel(this);
+    m_cameraPanel = new CameraPanel(m_host, this);
     m_logPanel = new LogPanel(&m_log, this);
     m_hostCalls = new HostCallPanel(m_host, this);
     m_cameraDock = dock("cameraDock", tr("Camera"), m_cameraPanel, Qt::RightDockWidgetArea);

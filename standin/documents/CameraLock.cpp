@@ -1,5 +1,12 @@
+#include "standin/documents/CameraLock.h"
+
 #include "standin/documents/CameraSettingsStep.h"
-#include "standin/host/StandInHost.h"
+#include "standin/documents/DocumentList.h"
+#include "standin/documents/DocumentOwner.h"
+#include "standin/documents/StandInCamera.h"
+#include "standin/journal/StandInEvents.h"
+
+#include <QUndoStack>
 
 namespace {
 
@@ -29,13 +36,28 @@ QString stepText(const StandInCamera &camera, CameraSetting setting)
 
 }
 
-void StandInHost::changeSettings(StandInCamera &camera, const CameraSettings &wanted,
-                                 CameraSetting setting)
+CameraLock::CameraLock(DocumentOwner &owner, DocumentList &documents, QUndoStack &steps)
+    : m_owner(owner), m_documents(documents), m_steps(steps)
+{
+}
+
+void CameraLock::set(bool on)
+{
+    const bool changed = on != m_on;
+    m_on = on;
+    for (StandInCamera *camera : m_documents.cameras())
+        camera->setLockedTogether(on);
+    if (changed)
+        emit m_owner.events()->lockChanged(on);
+}
+
+void CameraLock::changeSettings(StandInCamera &camera, const CameraSettings &wanted,
+                                CameraSetting setting)
 {
     const CameraSettings own = clampedSettings(wanted, camera.limits());
-    SettingsByKey changes{{camera.key(), own}};
+    CameraSettingsByKey changes{{camera.key(), own}};
     if (camera.isLockedTogether()) {
-        for (const StandInCamera *other : cameras()) {
+        for (const StandInCamera *other : m_documents.cameras()) {
             if (other == &camera || !other->isLockedTogether())
                 continue;
             CameraSettings settings = other->settings();
@@ -43,43 +65,43 @@ void StandInHost::changeSettings(StandInCamera &camera, const CameraSettings &wa
             changes.insert(other->key(), clampedSettings(settings, other->limits()));
         }
     }
-    pushSettings(changes, stepText(camera, setting), true);
+    push(changes, stepText(camera, setting), true);
 }
 
-void StandInHost::editSettings(StandInCamera &camera, const CameraSettings &settings)
+void CameraLock::editSettings(StandInCamera &camera, const CameraSettings &settings)
 {
-    pushSettings({{camera.key(), clampedSettings(settings, camera.limits())}},
-                 QStringLiteral("Settings of %1").arg(camera.name()), false);
+    push({{camera.key(), clampedSettings(settings, camera.limits())}},
+         QStringLiteral("Settings of %1").arg(camera.name()), false);
 }
 
-void StandInHost::pushSettings(const SettingsByKey &wanted, const QString &text, bool send)
+void CameraLock::push(const CameraSettingsByKey &wanted, const QString &text, bool send)
 {
     QMap<DOCKEY, CameraSettingsStep::Change> changes;
     for (auto entry = wanted.cbegin(); entry != wanted.cend(); ++entry) {
-        const StandInCamera *target = camera(entry.key());
+        const StandInCamera *target = m_documents.camera(entry.key());
         if (target && target->settings() != entry.value())
             changes.insert(entry.key(), {target->settings(), entry.value()});
     }
     if (!changes.isEmpty())
-        m_undo.push(new CameraSettingsStep(*this, text, changes, send)); // owned by the stack
+        m_steps.push(new CameraSettingsStep(m_owner, text, changes, send)); // owned by the stack
 }
 
-void StandInHost::resendSettings()
+void CameraLock::resend()
 {
-    StandInCamera *source = camera(m_currentKey);
+    StandInCamera *source = m_documents.camera(m_documents.currentKey());
     if (!source)
         return;
     const CameraSettings before = source->deviceSettings();
     source->sendSettings();
     if (!source->isLockedTogether())
         return;
-    SettingsByKey changes;
-    for (StandInCamera *other : cameras()) {
+    CameraSettingsByKey changes;
+    for (StandInCamera *other : m_documents.cameras()) {
         if (other == source || !other->isLockedTogether())
             continue;
         CameraSettings settings = source->settings();
         // An edit of the region is no reason to send what was set before the lock.
-        if (isReadOutEdited()) {
+        if (m_owner.isReadOutEdited()) {
             other->sendSettings(); // takes the region that the tool has for it
             settings.region = other->sensorRegion();
             if (settings.recordRate == before.recordRate)
@@ -90,25 +112,25 @@ void StandInHost::resendSettings()
         settings = clampedSettings(settings, other->limits());
         if (settings != other->settings())
             changes.insert(other->key(), settings);
-        else if (!isReadOutEdited())
+        else if (!m_owner.isReadOutEdited())
             other->sendSettings();
     }
-    pushSettings(changes, QStringLiteral("Settings of %1").arg(source->name()), true);
+    push(changes, QStringLiteral("Settings of %1").arg(source->name()), true);
 }
 
-void StandInHost::restoreSettings(const SettingsByKey &settings)
+void CameraLock::restore(const CameraSettingsByKey &settings)
 {
     for (auto entry = settings.cbegin(); entry != settings.cend(); ++entry) {
-        StandInCamera *target = camera(entry.key());
+        StandInCamera *target = m_documents.camera(entry.key());
         if (target && target->settings() != entry.value())
             target->takeSettings(entry.value(), true);
     }
 }
 
-StandInHost::SettingsByKey StandInHost::settingsOfAll() const
+CameraSettingsByKey CameraLock::settingsOfAll() const
 {
-    SettingsByKey all;
-    for (const StandInCamera *entry : cameras())
+    CameraSettingsByKey all;
+    for (const StandInCamera *entry : m_documents.cameras())
         all.insert(entry->key(), entry->settings());
     return all;
 }
