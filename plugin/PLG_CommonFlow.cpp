@@ -64,6 +64,7 @@ void PLG_Common::onClosed()
         }
     }
     releaseView();
+        setModified(false);
 }
 
 void PLG_Common::onOk()

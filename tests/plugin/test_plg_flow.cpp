@@ -13,15 +13,19 @@ private slots:
     void activateOpensATransaction();
     void activateHoldsTheViewInsideAPause();
     void activateOfADialogToolHoldsNoView();
+    void activateTellsTheWholeStory_data();
+    void activateTellsTheWholeStory();
     void deactivateCallsTheHostInOrder_data();
     void deactivateCallsTheHostInOrder();
     void deactivateForgetsViewAndChanges();
     void lockToolNameNeverReachesToolState_data();
     void lockToolNameNeverReachesToolState();
     void panelIsAskedThroughItsVirtualGetter();
+    void everyGetterIsAskedAnew();
     void closedRollsAnOpenTransactionBackOnce();
     void closedWithoutTransactionOnlyClearsUndo();
     void closedWithoutPanelDoesNothing();
+    void closedForgetsTheChangesBehindTheRollBack();
     void closedReleasesTheView();
     void okAndAcceptCommitAndLeave_data();
     void okAndAcceptCommitAndLeave();
@@ -159,6 +163,53 @@ void TestPlgFlow::activateOfADialogToolHoldsNoView()
     QCOMPARE(host.journal(), QStringList());
 }
 
+void TestPlgFlow::activateTellsTheWholeStory_data()
+{
+    QTest::addColumn<bool>("hasPanel");
+    QTest::addColumn<int>("buttonKind");
+    QTest::addColumn<int>("quickToolMode");
+    QTest::addColumn<QStringList>("calls");
+    const QStringList hold({"documentsMutex()", "isLiveMode()", "pausePlayback()",
+                            "suspendView(false)", "resumePlayback()"});
+    const QString begin = QStringLiteral("beginTransaction(\"t_probe\", true, true)");
+    QTest::newRow("panel") << true << 0 << 0
+                           << QStringList({"setToolState(\"t_probe\", false)", begin}) + hold;
+    QTest::newRow("panel, quick tool")
+        << true << 0 << 1
+        << QStringList({"setQuickTool(\"\")", "setToolState(\"t_probe\", true)", begin}) + hold;
+    QTest::newRow("toggle with panel")
+        << true << 1 << 1 << QStringList({"setToolState(\"t_probe\", true)", begin}) + hold;
+    QTest::newRow("toggle") << false << 1 << 0
+                            << QStringList({"setToolState(\"t_probe\", true)",
+                                            "setToolActive(\"t_probe\", true)"}) +
+                                   hold;
+    QTest::newRow("custom toggle")
+        << false << 4 << 1
+        << QStringList({"setToolState(\"t_probe\", true)", "setToolActive(\"t_probe\", true)"}) +
+               hold;
+    QTest::newRow("command") << false << 0 << 1 << hold;
+}
+
+void TestPlgFlow::activateTellsTheWholeStory()
+{
+    QFETCH(bool, hasPanel);
+    QFETCH(int, buttonKind);
+    QFETCH(int, quickToolMode);
+    StandInHost host;
+    host.setMode(StandInHost::Mode::Memory);
+    ProbeTool tool;
+    tool.setHost(&host);
+    tool.m_hasPanel = hasPanel;
+    tool.m_buttonKind = buttonKind;
+    tool.m_quickToolMode = quickToolMode;
+    tool.m_checkKind = 3;
+    tool.m_suspendsView = true;
+    host.clearJournal();
+    tool.activate();
+    QTEST(host.journal(), "calls");
+    QCOMPARE(tool.m_transactionOpen, hasPanel);
+}
+
 void TestPlgFlow::deactivateCallsTheHostInOrder_data()
 {
     QTest::addColumn<int>("buttonKind");
@@ -255,6 +306,91 @@ void TestPlgFlow::panelIsAskedThroughItsVirtualGetter()
                           "commitTransaction(true, \"t_virtual\")", "returnFromPlugin()"}));
 }
 
+namespace {
+
+// A tool whose answers are not its fields.
+class AnsweringTool : public ProbeTool
+{
+public:
+    AnsweringTool() : ProbeTool(QStringLiteral("t_multilock"))
+    {
+        m_allowedModes = 0;
+        m_closeOnForbiddenMode = false;
+    }
+
+    QString name() override { return QStringLiteral("t_answer"); }
+    bool hasPanel() override { return panel; }
+    bool closeCurrentOnFinish() override { return true; }
+    bool isModeAllowed(int mode) override { return mode == 1; }
+    bool isDialogVisible() override { return true; }
+    bool customChecked() override { return true; }
+
+    bool panel = true;
+};
+
+}
+
+void TestPlgFlow::everyGetterIsAskedAnew()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    host.setMode(StandInHost::Mode::Memory);
+    AnsweringTool tool;
+    tool.setHost(&host);
+    tool.m_checkKind = 2;
+    host.clearJournal();
+    tool.activate();
+    tool.onReset();
+    tool.onApply();
+    tool.onOk();
+    tool.activate();
+    tool.onAccept();
+    tool.activate();
+    tool.onCancel();
+    tool.activate();
+    tool.deactivate();
+    tool.onClosed();
+    const QStringList open(
+        {"setToolState(\"t_answer\", false)", "beginTransaction(\"t_answer\", true, true)"});
+    const QStringList commit({"commitTransaction(true, \"t_answer\")", "closeCurrentPlugin()"});
+    QCOMPARE(host.journal(),
+             open + QStringList({"resetTransaction(\"t_answer\")", "clearUndoStack()"}) + commit +
+                 open + commit + open +
+                 QStringList({"rollbackTransaction(\"t_answer\")", "closeCurrentPlugin()"}) + open +
+                 QStringList({"closeCurrentPlugin()", "clearUndoStack()",
+                              "rollbackTransaction(\"t_answer\")"}));
+
+    tool.panel = false;
+    tool.m_buttonKind = 1;
+    tool.m_quickToolMode = 1;
+    host.clearJournal();
+    tool.activate();
+    tool.deactivate();
+    tool.onClosed();
+    tool.onOk();
+    tool.onSelectQuickTool();
+    tool.slotModelessPatternDialogClosed();
+    QCOMPARE(host.journal(),
+             QStringList({"setToolState(\"t_answer\", true)", "setToolActive(\"t_answer\", true)",
+                          "setToolActive(\"t_answer\", false)", "setQuickTool(\"t_answer\")",
+                          "deterUpdateUI(true)", "closePluginByName(\"t_answer\")",
+                          "deterUpdateUI(false)"}));
+
+    // Neither the lock nor the document's own tool state by a name that is a field alone.
+    host.clearJournal();
+    tool.m_checkKind = 6;
+    QVERIFY(tool.isChecked(camera, false));
+    tool.m_checkKind = 0;
+    QVERIFY(!tool.isChecked(camera, false));
+    tool.m_buttonKind = 4;
+    QVERIFY(tool.isChecked(camera, false));
+    host.setMode(StandInHost::Mode::Live);
+    QVERIFY(!tool.isChecked(camera, false));
+    QCOMPARE(host.journal(),
+             QStringList({"currentMode()", "currentMode()", "[1].isToolOn(\"t_answer\")",
+                          "currentMode()", "currentMode()"}));
+}
+
 void TestPlgFlow::closedRollsAnOpenTransactionBackOnce()
 {
     StandInHost host;
@@ -295,6 +431,43 @@ void TestPlgFlow::closedWithoutPanelDoesNothing()
     tool.m_transactionOpen = true;
     tool.onClosed();
     QCOMPARE(host.journal(), QStringList());
+}
+
+namespace {
+
+// Notes whether its transaction was still open when its changes were forgotten.
+class ForgettingTool : public ProbeTool
+{
+public:
+    QList<bool> openThen;
+    void setModified(bool modified) override
+    {
+        if (!modified)
+            openThen.append(m_transactionOpen);
+        ProbeTool::setModified(modified);
+    }
+};
+
+}
+
+void TestPlgFlow::closedForgetsTheChangesBehindTheRollBack()
+{
+    StandInHost host;
+    ForgettingTool tool;
+    tool.setHost(&host);
+    tool.m_checkKind = 2;
+    tool.setModified(true);
+    tool.onClosed();
+    QVERIFY(tool.isModified()); // without a panel nothing is to be accepted
+    tool.m_hasPanel = true;
+    tool.activate();
+    tool.onClosed();
+    QVERIFY(!tool.isModified());
+    QCOMPARE(tool.openThen, QList<bool>({false}));
+    tool.m_checkKind = 0;
+    tool.setModified(true);
+    tool.onClosed();
+    QVERIFY(!tool.isModified());
 }
 
 void TestPlgFlow::closedReleasesTheView()
