@@ -46,6 +46,8 @@ void PLG_Common::showDialog()
         m_modelessDialog->setWindowState(Qt::WindowNoState);
     if (JS_Mediator_Dialog *mediator = m_modelessDialog->mediator())
         PageSignal::send(mediator, [mediator] { emit mediator->open(); });
+    if (!m_modelessDialog)
+        return; // the page, or who else heard of it, had it taken away
     m_modelessDialog->show();
     if (m_suspendsView) {
         ViewPauseGuard pause(m_host, false, true);
@@ -59,7 +61,8 @@ void PLG_Common::showDialog()
 
 void PLG_Common::hideDialog()
 {
-    if (isDialogVisible())
+    // The tool's own answer may stand without a dialog.
+    if (isDialogVisible() && m_modelessDialog)
         m_modelessDialog->hide();
 }
 
@@ -71,7 +74,7 @@ void PLG_Common::closeDialog()
 
 void PLG_Common::onModeChanged(int mode)
 {
-    if (!isDialogVisible())
+    if (!isDialogVisible() || !m_modelessDialog)
         return;
     m_modelessDialog->modeChanged(mode);
     if (!isModeAllowed(mode) && closesOnForbiddenMode())

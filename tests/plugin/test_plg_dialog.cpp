@@ -25,6 +25,9 @@ private slots:
     void showEmitsOpenBeforeTheDialogIsSeen();
     void showOnAVisibleDialogDoesNothing();
     void showRestoresAMinimisedDialog();
+    void showRestoresADialogThatWasHiddenWhileMinimised();
+    void dialogThatGoesAtOpenIsNotShown();
+    void visibilityWithoutADialogDoesNoHarm();
     void showPausesAndTakesTheQuickTool();
     void showHoldsTheLiveViewOnceTheDialogIsSeen();
     void plainToolLeavesViewAndQuickToolAlone_data();
@@ -272,6 +275,76 @@ void TestPlgDialog::showRestoresAMinimisedDialog()
     QVERIFY(dialog->isVisible());
     QCOMPARE(opens.count(), 1);
     QCOMPARE(onlyOf(host.commands(), {"suspendView"}), QStringList({"suspendView(false)"}));
+}
+
+// The page hears of it when the window is as it will be seen.
+void TestPlgDialog::showRestoresADialogThatWasHiddenWhileMinimised()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    GUI_ModelessPatternDialog *dialog = tool.ensureDialog(true);
+    tool.showDialog();
+    dialog->setWindowState(Qt::WindowMinimized);
+    tool.hideDialog();
+    QVERIFY(dialog->isHidden());
+    QVERIFY(dialog->isMinimized());
+    QList<bool> minimisedAtOpen;
+    connect(dialog->mediator(), &JS_Mediator::open, this,
+            [&] { minimisedAtOpen.append(dialog->isMinimized()); });
+    tool.showDialog();
+    QCOMPARE(minimisedAtOpen, QList<bool>({false}));
+    QVERIFY(dialog->isVisible());
+    QVERIFY(!dialog->isMinimized());
+}
+
+void TestPlgDialog::dialogThatGoesAtOpenIsNotShown()
+{
+    StandInHost host;
+    DialogTool tool(&host);
+    tool.m_suspendsView = true;
+    tool.m_quickToolMode = 1;
+    const std::unique_ptr<GUI_ModelessPatternDialog> dialog(tool.ensureDialog(true));
+    connect(dialog->mediator(), &JS_Mediator::open, this, [&] { tool.m_modelessDialog.clear(); });
+    host.clearJournal();
+    tool.showDialog();
+    QVERIFY(dialog->isHidden());
+    QCOMPARE(host.commands(), QStringList());
+}
+
+namespace {
+
+class AlwaysVisibleTool : public DialogTool
+{
+public:
+    using DialogTool::DialogTool;
+    bool isDialogVisible() override { return true; }
+};
+
+}
+
+// A tool may answer for itself whether its dialog is seen.
+void TestPlgDialog::visibilityWithoutADialogDoesNoHarm()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    AlwaysVisibleTool tool(&host);
+    tool.m_allowedModes = 1;
+    host.clearJournal();
+    tool.hideDialog();
+    tool.onModeChanged(0);
+    tool.onModeChanged(2);
+    tool.closeDialog();
+    tool.closeTool();
+    tool.showDialog();
+    QCOMPARE(host.journal(), QStringList());
+    QVERIFY(tool.isChecked(camera, false));
+
+    // With one the mode reaches it as ever, seen or not.
+    tool.ensureDialog(true);
+    tool.onModeChanged(2);
+    QCOMPARE(tool.dialog()->modes, QList<int>({2}));
+    tool.hideDialog();
+    QVERIFY(tool.dialog()->isHidden());
 }
 
 void TestPlgDialog::showPausesAndTakesTheQuickTool()
