@@ -107,6 +107,7 @@ public:
     {
         return isPresent && key == document.key() ? document.contract() : nullptr;
     }
+    DOCKEY documentKeyOf(DOC_Interface *) override { return document.key(); }
     DOC_Interface *currentDocument() override { return isPresent ? document.contract() : nullptr; }
     bool isFeatureOn(const QString &, DOC_Interface *, bool) override { return isBinned; }
     bool isToolRunning(const QString &) override { return isCrossCursorOn; }

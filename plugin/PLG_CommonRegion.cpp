@@ -129,7 +129,7 @@ void PLG_Common::onKeyPress(QKeyEvent *event)
     m_anchorCorner = RegionGeometry::AnchorUndecided;
     storeRegion(doc, rect);
     if (applyOnEdit())
-        pushToDevice(m_host->currentDocument() == doc ? doc : nullptr);
+        pushToDevice(m_host->deviceByKey(key, true));
 }
 
 void PLG_Common::onKeyRelease()
@@ -140,6 +140,7 @@ void PLG_Common::onKeyRelease()
 bool PLG_Common::isKeyHeld()
 {
     return m_keyHeld;
+    const DOCKEY key = m_host->documentKeyOf(doc);
 }
 
 bool PLG_Common::editsRegion(DOC_Interface *)

@@ -53,6 +53,7 @@ private slots:
     void failingToolLeavesNoAnchor();
     void rectanglesWithoutSizeAreNotStored();
     void documentThatGoesInBetweenIsNotToldOfIt();
+    void editedDocumentIsToldWhateverIsCurrentByThen();
 };
 
 void TestRegionKeys::keysEdit_data()
@@ -443,6 +444,29 @@ void TestRegionKeys::documentThatGoesInBetweenIsNotToldOfIt()
     press(tool, Qt::Key_Left);
     QCOMPARE(host.commands(),
              QStringList({"tool.setRegion((99,100 100x80), true)", "updateUI(4, false)"}));
+}
+
+void TestRegionKeys::editedDocumentIsToldWhateverIsCurrentByThen()
+{
+    StandInHost host;
+    addPlainCamera(host);
+    addPlainCamera(host);
+    RegionTool tool(host);
+    tool.whenStored = [&] { host.makeCurrent(2); };
+    host.makeCurrent(1);
+    host.clearJournal();
+    press(tool, Qt::Key_Left);
+    QCOMPARE(host.commands(), QStringList({"tool.setRegion((99,100 100x80), true)",
+                                           "[1].notifyChange(1, false)", "updateUI(4, false)"}));
+    QStringList keys;
+    for (const QString &call : host.journal()) {
+        if (call.startsWith(QLatin1String("documentKeyOf")) ||
+            call.startsWith(QLatin1String("deviceByKey")))
+            keys.append(call.section(QLatin1Char('('), 0, 0));
+    }
+    QCOMPARE(keys, QStringList({"documentKeyOf", "deviceByKey"}));
+    QCOMPARE(host.journal().filter(QStringLiteral("deviceByKey")),
+             QStringList({"deviceByKey(1, true)"}));
 }
 
 int main(int argc, char *argv[])
