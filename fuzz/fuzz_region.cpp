@@ -186,14 +186,15 @@ void FuzzTool::step(FuzzInput &input)
     switch (input.choice(8)) {
     case 0:
         onMousePress(input.point(), docId);
-        require(m_fuzzHost.begun == begun + (found ? 1 : 0), "a press opens one macro");
+        require(m_fuzzHost.begun == begun + (found && begun == ended ? 1 : 0),
+                "a press opens one macro until its release");
         require(m_anchorCorner == RegionGeometry::AnchorUndecided, "a press forgets the anchor");
         break;
     case 1: {
         const bool wasDragging = m_dragging;
         onMouseRelease(input.point(), docId);
         const bool released = wasDragging || found;
-        require(m_fuzzHost.ended == ended + (released ? 1 : 0), "a release closes one macro");
+        require(m_fuzzHost.ended == begun, "a release closes what a press opened");
         require(!m_dragging, "a release ends the drag");
         if (released)
             require(m_dragHandle == RegionGeometry::Outside, "a release lets go");

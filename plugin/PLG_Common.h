@@ -193,6 +193,13 @@ protected:
 
     HostServices *host() const { return m_host; }
 
+    /// Takes back the pointer that this tool shows and ends its drag: the undo macro that a press
+    /// opened is closed, nothing is pushed. deactivate(), onClosed() and
+    /// slotModelessPatternDialogClosed() begin with it; a tool that overrides one of them calls it
+    /// before steps of its own that no drag may see. Throws what the host throws, the drag has
+    /// ended all the same.
+    void endDrag();
+
     // For tools that edit a region, in the limits of the fields below. `doc` must not be null.
 
     /// What of `rect` the pointer grabs at `pos`, in view coordinates: 0 to 3 edges, 4 to 7
@@ -279,8 +286,10 @@ private:
     RegionGeometry::Limits regionLimits(DOC_Interface *doc, double aspect);
     RegionGeometry::ViewTurn viewTurn(DOC_Interface *doc);
     bool mayEditRegion(DOC_Interface *doc);
+    bool crossCursorRuns();
     void storeRegion(DOC_Interface *doc, const QRect &rect);
     void pushToDevice(DOC_Interface *doc);
 
     RegionCursor m_regionCursor;
+    bool m_macroOpen = false; ///< begun by a press of this tool and not ended
 };

@@ -92,6 +92,7 @@ void PLG_Common::slotModelessPatternDialogClosed()
 {
     // The page may have closed the dialog from script, where no failure may arrive.
     guarded(m_host, [&] {
+        endDrag();
         if (m_modelessDialog && !m_modelessDialog->mayFinishNow())
             return;
         releaseView();

@@ -44,6 +44,7 @@ void PLG_Common::activate()
 
 void PLG_Common::deactivate()
 {
+    endDrag();
     clearViewWidget();
     if (hasPanel()) {
         setModified(false);
@@ -55,6 +56,7 @@ void PLG_Common::deactivate()
 
 void PLG_Common::onClosed()
 {
+    endDrag();
     if (hasPanel()) {
         clearViewWidget();
         m_host->clearUndoStack();
@@ -62,9 +64,9 @@ void PLG_Common::onClosed()
             m_host->rollbackTransaction(name());
             m_transactionOpen = false;
         }
+        setModified(false);
     }
     releaseView();
-        setModified(false);
 }
 
 void PLG_Common::onOk()

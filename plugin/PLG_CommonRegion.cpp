@@ -8,6 +8,8 @@
 
 #include <QKeyEvent>
 
+#include <utility>
+
 // Mouse and keys on the picture, and the region that they edit.
 
 void PLG_Common::onMousePress(const QPoint &pos, int docId)
@@ -15,7 +17,11 @@ void PLG_Common::onMousePress(const QPoint &pos, int docId)
     m_anchorCorner = RegionGeometry::AnchorUndecided;
     if (!documentExists(pos, docId))
         return;
-    m_host->beginUndoMacro(QString());
+    // A press that follows without a release belongs to the same macro.
+    if (!m_macroOpen) {
+        m_host->beginUndoMacro(QString());
+        m_macroOpen = true;
+    }
     m_dragging = true;
     m_pressPos = m_lastMousePos = pos;
     DOC_Interface *doc = m_host->deviceByKey(DOCKEY(docId), true);
@@ -36,7 +42,11 @@ void PLG_Common::onMouseMove(const QPoint &pos, int docId)
     const QPoint point = doc->mapPoint(pos, true);
     doc->reportCursorPosition(point);
     m_currentDocId = docId;
-    if (!mayEditRegion(doc))
+    if (!editsRegion(doc)) {
+        m_regionCursor.restore(); // of a picture where it did
+        return;
+    }
+    if (crossCursorRuns())
         return;
     const QRect reference = region(doc);
     if (!m_dragging) {
@@ -65,19 +75,25 @@ void PLG_Common::finishMouse(int docId)
 void PLG_Common::onMouseRelease(const QPoint &pos, int docId)
 {
     // The macro of a press is closed whatever has become of the document.
-    const bool pressed = m_dragging;
+    const bool pressed = m_macroOpen;
     if (!pressed && !documentExists(pos, docId))
         return;
-    m_dragging = false;
-    m_dragHandle = RegionGeometry::Outside;
-    m_anchorCorner = RegionGeometry::AnchorUndecided;
-    m_regionCursor.restore();
-    m_host->endUndoMacro();
+    endDrag();
     if (pressed && !documentExists(pos, docId))
         return;
     DOC_Interface *doc = m_host->deviceByKey(DOCKEY(docId), true);
     if (doc && applyOnEdit() && editsRegion(doc))
         pushToDevice(doc);
+}
+
+void PLG_Common::endDrag()
+{
+    m_dragging = false;
+    m_dragHandle = RegionGeometry::Outside;
+    m_anchorCorner = RegionGeometry::AnchorUndecided;
+    m_regionCursor.restore();
+    if (std::exchange(m_macroOpen, false))
+        m_host->endUndoMacro();
 }
 
 void PLG_Common::onMouseLeave()
@@ -124,6 +140,7 @@ void PLG_Common::onKeyPress(QKeyEvent *event)
                                               event->modifiers(), limits);
     if (!edit)
         return;
+    const DOCKEY key = m_host->documentKeyOf(doc);
     const QRect rect =
         RegionGeometry::constrained(edit->rect, edit->handle, reference, limits, m_anchorCorner);
     m_anchorCorner = RegionGeometry::AnchorUndecided;
@@ -140,7 +157,6 @@ void PLG_Common::onKeyRelease()
 bool PLG_Common::isKeyHeld()
 {
     return m_keyHeld;
-    const DOCKEY key = m_host->documentKeyOf(doc);
 }
 
 bool PLG_Common::editsRegion(DOC_Interface *)
@@ -301,10 +317,15 @@ RegionGeometry::ViewTurn PLG_Common::viewTurn(DOC_Interface *doc)
     return turn;
 }
 
-// The cross cursor tool takes the mouse and the keys for itself.
 bool PLG_Common::mayEditRegion(DOC_Interface *doc)
 {
-    return editsRegion(doc) && !m_host->isToolRunning(Keys::tools.crossCursor);
+    return editsRegion(doc) && !crossCursorRuns();
+}
+
+// That tool takes the mouse and the keys for itself.
+bool PLG_Common::crossCursorRuns()
+{
+    return m_host->isToolRunning(Keys::tools.crossCursor);
 }
 
 void PLG_Common::storeRegion(DOC_Interface *doc, const QRect &rect)

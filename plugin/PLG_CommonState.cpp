@@ -10,6 +10,8 @@ PLG_Common::PLG_Common() : m_toolMutex(new QMutex(QMutex::Recursive)) {}
 
 PLG_Common::~PLG_Common()
 {
+    // The host may have gone before the tool: an open macro stays as it is.
+    m_regionCursor.restore();
     m_toolMutex.reset();
     m_mediator.reset();
     m_fontCache.reset();

@@ -7,8 +7,7 @@
 
 RegionCursor::~RegionCursor()
 {
-    if (QCoreApplication::instance())
-        restore();
+    restore();
 }
 
 void RegionCursor::show(Qt::CursorShape shape)
@@ -43,5 +42,6 @@ void RegionCursor::restore()
     if (!m_set)
         return;
     m_set = false;
-    UTL::restoreCursor();
+    if (QCoreApplication::instance()) // a tool may outlive it
+        UTL::restoreCursor();
 }

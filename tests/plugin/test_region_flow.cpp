@@ -77,6 +77,9 @@ private slots:
     void documentThatGoesAtTheEndOfTheMacro();
     void pressThatLosesItsDocument();
     void releaseWithoutPress();
+    void releaseWithoutPressLeavesForeignMacrosOpen();
+    void secondPressOpensNoSecondMacro();
+    void pointerGoesWhereNothingIsEdited();
     void releaseForADocumentThatTheToolDisowns();
     void finishReleasesWhereThePointerWasLast();
     void leaveTakesBackThePointer();
@@ -480,11 +483,76 @@ void TestRegionFlow::releaseWithoutPress()
     QCOMPARE(scene.takeCommands(), QStringList());
 
     // With a document the steps are those of any release; there is no macro to close.
-    LogCapture log;
+    scene.move(150, 140);
+    scene.tool.m_dragHandle = RightEdge;
+    scene.tool.m_anchorCorner = AnchorTopLeft;
+    scene.host.clearJournal();
     scene.release(150, 140);
+    QCOMPARE(scene.host.journal(),
+             QStringList({"deviceByKey(1, true)", "deviceByKey(1, true)", "isTrelvikLocked()",
+                          "[1].notifyChange(1, false)", "updateUI(4, false)"}));
+    QCOMPARE(scene.tool.rect, corners(100, 100, 199, 179));
+    QCOMPARE(scene.tool.m_dragHandle, int(Outside));
+    QCOMPARE(scene.tool.m_anchorCorner, int(AnchorUndecided));
+    QCOMPARE(shownPointer(), -1);
+}
+
+// The macro of somebody else stays open behind a release that no press of this tool began.
+void TestRegionFlow::releaseWithoutPressLeavesForeignMacrosOpen()
+{
+    Scene scene;
+    scene.host.beginUndoMacro(QStringLiteral("another"));
+    scene.release(150, 140);
+    scene.tool.onMouseRelease(QPoint(150, 140), 4711);
+    QCOMPARE(scene.host.openMacros(), 1);
+    scene.press(150, 140);
+    scene.release(150, 140);
+    scene.release(150, 140);
+    QCOMPARE(scene.host.openMacros(), 1);
+    scene.host.endUndoMacro();
+}
+
+// A window system that loses a release, or a second button: one macro, and the last press counts.
+void TestRegionFlow::secondPressOpensNoSecondMacro()
+{
+    Scene scene;
+    scene.press(150, 140);
+    scene.tool.m_anchorCorner = AnchorTopLeft;
+    scene.host.clearJournal();
+    scene.press(199, 140);
+    QCOMPARE(scene.host.journal(),
+             QStringList({"deviceByKey(1, true)", "deviceByKey(1, true)",
+                          "isToolRunning(\"t_crosscursor\")", "[1].viewScale(true)",
+                          "[1].mapRect((100,100 100x80))", "[1].viewRotation()",
+                          "[1].isFlippedHorizontally()", "[1].isFlippedVertically()"}));
+    QCOMPARE(scene.tool.m_anchorCorner, int(AnchorUndecided));
+    QCOMPARE(scene.tool.m_dragHandle, int(RightEdge));
+    QCOMPARE(scene.tool.pressPosition(), QPoint(199, 140));
+    scene.move(220, 140);
+    QCOMPARE(scene.tool.rect, corners(100, 100, 220, 179));
+    scene.host.clearJournal();
+    scene.release(220, 140);
     QCOMPARE(scene.takeCommands(),
              QStringList({"endUndoMacro()", "[1].notifyChange(1, false)", "updateUI(4, false)"}));
-    QCOMPARE(scene.tool.rect, corners(100, 100, 199, 179));
+    QCOMPARE(scene.host.openMacros(), 0);
+}
+
+// Where the tool edits nothing any more, its pointer is not shown; a foreign one stays.
+void TestRegionFlow::pointerGoesWhereNothingIsEdited()
+{
+    Scene scene;
+    scene.move(150, 140);
+    QCOMPARE(shownPointer(), int(Qt::SizeAllCursor));
+    scene.tool.edits = false;
+    scene.move(150, 140);
+    QCOMPARE(shownPointer(), -1);
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    scene.move(150, 140);
+    scene.press(150, 140);
+    scene.release(150, 140);
+    const int shown = shownPointer();
+    QGuiApplication::restoreOverrideCursor();
+    QCOMPARE(shown, int(Qt::WaitCursor));
 }
 
 namespace {
