@@ -30,6 +30,8 @@ private slots:
     void noSignalIsHidden_data();
     void noSignalIsHidden();
     void everyClassIsRegistered();
+    void declarationsAreFound_data();
+    void declarationsAreFound();
     void matrixNoticesAnEscape();
     void matrixNoticesASwallowedFailure();
     void matrixNoticesAMissingLeave();
@@ -90,6 +92,19 @@ QStringList problemsOf(const QByteArray &slot)
     FaultMatrix matrix;
     matrix.walkNatively(classes.first(), classes);
     return matrix.problems().filter(QString::fromLatin1(slot));
+}
+
+/// Names of the classes in a header that pages, or the engine, can call.
+QStringList declaredPageClasses(const QString &header)
+{
+    static const QRegularExpression declaration(
+        QStringLiteral("^class ((?:GUI|JS_Mediator)\\w*)(?:\\s+final)?\\s*:\\s*public"),
+        QRegularExpression::MultilineOption);
+    QStringList names;
+    auto match = declaration.globalMatch(header);
+    while (match.hasNext())
+        names.append(match.next().captured(1));
+    return names;
 }
 
 }
@@ -197,9 +212,6 @@ void TestFaultMatrix::everyClassIsRegistered()
     QStringList known;
     for (const PageClass &each : allPageClasses())
         known.append(QString::fromLatin1(each.meta->className()));
-    const QRegularExpression declaration(
-        QStringLiteral("^class ((?:GUI|JS_Mediator)[A-Za-z_0-9]*) : public"),
-        QRegularExpression::MultilineOption);
     QStringList missing;
     int found = 0;
     for (const char *folder : {"bridge", "record", "device", "save", "plugin"}) {
@@ -208,9 +220,7 @@ void TestFaultMatrix::everyClassIsRegistered()
         while (files.hasNext()) {
             QFile file(files.next());
             QVERIFY(file.open(QIODevice::ReadOnly));
-            auto match = declaration.globalMatch(QString::fromUtf8(file.readAll()));
-            while (match.hasNext()) {
-                const QString name = match.next().captured(1);
+            for (const QString &name : declaredPageClasses(QString::fromUtf8(file.readAll()))) {
                 ++found;
                 if (!known.contains(name))
                     missing.append(name);
@@ -219,6 +229,27 @@ void TestFaultMatrix::everyClassIsRegistered()
     }
     QVERIFY(found >= 17);
     QCOMPARE(missing, QStringList());
+}
+
+void TestFaultMatrix::declarationsAreFound_data()
+{
+    QTest::addColumn<QString>("header");
+    QTest::addColumn<QStringList>("names");
+    QTest::newRow("plain") << "class GUI_Dialog : public QDialog\n{\n" << QStringList("GUI_Dialog");
+    QTest::newRow("final") << "class JS_Mediator_Page final : public JS_Mediator\n{\n"
+                           << QStringList("JS_Mediator_Page");
+    QTest::newRow("base on the next line") << "class GUI_SelectBox final\n    : public QWidget\n"
+                                           << QStringList("GUI_SelectBox");
+    QTest::newRow("two") << "class GUI_A : public QDialog\n{\n};\nclass GUI_B : public GUI_A\n"
+                         << QStringList({"GUI_A", "GUI_B"});
+    QTest::newRow("forward") << "class GUI_Dialog;\n" << QStringList();
+    QTest::newRow("other") << "class PageSignalFrame : public QObject\n" << QStringList();
+}
+
+void TestFaultMatrix::declarationsAreFound()
+{
+    QFETCH(QString, header);
+    QTEST(declaredPageClasses(header), "names");
 }
 
 void TestFaultMatrix::matrixNoticesAnEscape()
