@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QPointer>
 
 GUI_Dialog::GUI_Dialog(QWidget *parent, Qt::WindowFlags flags, bool ignoreEscape)
     : QDialog(parent, flags), m_ignoreEscape(ignoreEscape)
@@ -41,19 +42,36 @@ void GUI_Dialog::slotDisableCloseButton()
 
 void GUI_Dialog::setVisible(bool visible)
 {
-    // A dialog that hides ends its exec(); one that only changes its flags goes on.
-    if (m_changingFlags && !visible)
-        QWidget::setVisible(visible); // NOLINT(bugprone-parent-virtual-call)
-    else
-        QDialog::setVisible(visible);
+    contained([&] {
+        // A dialog that hides ends its exec(); one that only changes its flags goes on.
+        if (m_changingFlags && !visible)
+            QWidget::setVisible(visible); // NOLINT(bugprone-parent-virtual-call)
+        else
+            QDialog::setVisible(visible);
+    });
+}
+
+void GUI_Dialog::done(int result)
+{
+    contained([&] { QDialog::done(result); });
+}
+
+bool GUI_Dialog::event(QEvent *event)
+{
+    bool taken = true;
+    contained([&] { taken = QDialog::event(event); });
+    return taken;
 }
 
 void GUI_Dialog::changeFlags(Qt::WindowFlags flags)
 {
+    QPointer<GUI_Dialog> self(this);
     m_changingFlags = true;
     setWindowFlags(flags);
-    show(); // changing flags hides a window
-    m_changingFlags = false;
+    if (self)
+        show(); // changing flags hides a window
+    if (self)
+        m_changingFlags = false;
 }
 
 bool GUI_Dialog::eventFilter(QObject *watched, QEvent *event)

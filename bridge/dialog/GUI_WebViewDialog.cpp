@@ -22,6 +22,7 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostServices *host, const QString &title, c
       m_host(host), m_mediator(mediator), m_layout(new QVBoxLayout(this)),
       m_webView(new GUI_WebView(host, this))
 {
+    setGuardingHost(host);
     m_entered.emplace(host);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->addWidget(m_webView);
@@ -31,8 +32,10 @@ GUI_WebViewDialog::GUI_WebViewDialog(HostServices *host, const QString &title, c
     connect(m_webView, &QWebView::loadProgress, this, &GUI_WebViewDialog::loadProgress);
     connect(m_webView, &QWebView::loadFinished, this, &GUI_WebViewDialog::loadFinished);
     if (m_mediator) {
-        connect(mediator, &JS_Mediator_Dialog::accept, this, &QDialog::accept);
-        connect(mediator, &JS_Mediator_Dialog::reject, this, &QDialog::reject);
+        connect(mediator, &JS_Mediator_Dialog::accept, this,
+                [this] { contained([this] { accept(); }); });
+        connect(mediator, &JS_Mediator_Dialog::reject, this,
+                [this] { contained([this] { reject(); }); });
     }
     m_host->attachMediator(m_webView, mediator); // without one the page still gets the host's own
     m_webView->load(QUrl(url));
@@ -72,7 +75,7 @@ void GUI_WebViewDialog::rejectOnClose(const QString &scope, QCloseEvent *event)
 {
     OperationLogScope trace(scope);
     QPointer<GUI_WebViewDialog> self(this);
-    reject();
+    contained([this] { reject(); });
     if (self && isVisible())
         event->ignore(); // it may not finish yet
 }

@@ -37,6 +37,11 @@ private slots:
     void failureWhileLoadingGoesToTheHost_data();
     void failureWhileLoadingGoesToTheHost();
     void failureWhileLeavingGoesToTheHost();
+    void failureWhileClosingGoesToTheHost_data();
+    void failureWhileClosingGoesToTheHost();
+    void failureOfAnOverrideGoesToTheHost_data();
+    void failureOfAnOverrideGoesToTheHost();
+    void dialogCanCloseBehindAFailure();
     void dialogThatGoesWhileItLoads();
     void reloadHoldsRefreshesBackOnce();
     void pageCallsSlotsWhileItsDialogCloses();
@@ -67,6 +72,48 @@ public:
     }
 
     using GUI_WebViewDialog::setRefreshOnLoad;
+};
+
+/// Asks the host in everything that a page can start.
+class AskingDialog : public GUI_WebViewDialog
+{
+public:
+    AskingDialog(HostServices *host, JS_Mediator_Dialog *mediator)
+        : GUI_WebViewDialog(host, QStringLiteral("Calls"), Calls, mediator, nullptr)
+    {
+    }
+
+    void accept() override
+    {
+        ask("accept");
+        GUI_WebViewDialog::accept();
+    }
+    void reject() override
+    {
+        ask("reject");
+        GUI_WebViewDialog::reject();
+    }
+
+    QByteArray asking; ///< in which of them
+
+protected:
+    void showEvent(QShowEvent *event) override
+    {
+        GUI_WebViewDialog::showEvent(event);
+        ask("showEvent");
+    }
+    void hideEvent(QHideEvent *event) override
+    {
+        GUI_WebViewDialog::hideEvent(event);
+        ask("hideEvent");
+    }
+
+private:
+    void ask(const char *place)
+    {
+        if (asking == place)
+            host()->isReady();
+    }
 };
 
 // Opens a dialog of its own from a slot, as pages do.
@@ -436,6 +483,84 @@ void TestWebViewDialog::failureWhileLeavingGoesToTheHost()
         host.failOn(QStringLiteral("notifyDialogLeft"));
     }
     QCOMPARE(host.handledErrors(), QStringList({"notifyDialogLeft failed"}));
+}
+
+void TestWebViewDialog::failureWhileClosingGoesToTheHost_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<int>("result");
+    QTest::newRow("page accepts") << "page.accept" << int(QDialog::Accepted);
+    QTest::newRow("page rejects") << "page.reject" << int(QDialog::Rejected);
+    QTest::newRow("done") << "done" << 7;
+    QTest::newRow("accept") << "accept" << int(QDialog::Accepted);
+    QTest::newRow("reject") << "reject" << int(QDialog::Rejected);
+    QTest::newRow("frame") << "close" << int(QDialog::Rejected);
+}
+
+// Somebody who listens to the dialog's end asks the host, which fails.
+void TestWebViewDialog::failureWhileClosingGoesToTheHost()
+{
+    QFETCH(QString, way);
+    DialogPage shown;
+    connect(&shown.dialog, &QDialog::finished, this, [&] { shown.host.isReady(); });
+    shown.host.failOn(QStringLiteral("isReady"));
+    if (way.startsWith(QLatin1String("page.")))
+        shown.page.call(QStringLiteral("bridge.%1()").arg(way.mid(5)));
+    else if (way == QLatin1String("done"))
+        shown.dialog.done(7);
+    else
+        QVERIFY(QMetaObject::invokeMethod(&shown.dialog, qPrintable(way)));
+    QCOMPARE(shown.host.handledErrors(), QStringList({"isReady failed"}));
+    QVERIFY(!shown.dialog.isVisible());
+    QTEST(shown.dialog.result(), "result");
+}
+
+void TestWebViewDialog::failureOfAnOverrideGoesToTheHost_data()
+{
+    QTest::addColumn<QByteArray>("place");
+    QTest::addColumn<QString>("way");
+    QTest::newRow("page accepts") << QByteArray("accept") << "page.accept";
+    QTest::newRow("page rejects") << QByteArray("reject") << "page.reject";
+    QTest::newRow("frame") << QByteArray("reject") << "close";
+    QTest::newRow("show") << QByteArray("showEvent") << "show";
+    QTest::newRow("open") << QByteArray("showEvent") << "open";
+    QTest::newRow("shown full") << QByteArray("showEvent") << "showFullScreen";
+    QTest::newRow("hide") << QByteArray("hideEvent") << "hide";
+    QTest::newRow("hidden at the end") << QByteArray("hideEvent") << "page.accept";
+}
+
+void TestWebViewDialog::failureOfAnOverrideGoesToTheHost()
+{
+    QFETCH(QByteArray, place);
+    QFETCH(QString, way);
+    StandInHost host;
+    AskingDialog dialog(&host, new JS_Mediator_Dialog(&host, QStringLiteral("bridge")));
+    PageProbe page(dialog.webView());
+    dialog.resize(400, 300);
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    if (place == "showEvent")
+        dialog.hide();
+    dialog.asking = place;
+    host.failOn(QStringLiteral("isReady"));
+    if (way.startsWith(QLatin1String("page.")))
+        page.call(QStringLiteral("bridge.%1()").arg(way.mid(5)));
+    else
+        QVERIFY(QMetaObject::invokeMethod(&dialog, qPrintable(way)));
+    QCOMPARE(host.handledErrors(), QStringList({"isReady failed"}));
+    QCOMPARE(dialog.isVisible(), place != "hideEvent"); // what fails to end stays on the screen
+}
+
+void TestWebViewDialog::dialogCanCloseBehindAFailure()
+{
+    DialogPage shown;
+    connect(&shown.dialog, &QDialog::finished, this, [&] { shown.host.isReady(); });
+    shown.host.failOn(QStringLiteral("isReady"));
+    shown.dialog.accept();
+    shown.dialog.show();
+    shown.dialog.reject();
+    QVERIFY(!shown.dialog.isVisible());
+    QCOMPARE(shown.dialog.result(), int(QDialog::Rejected));
 }
 
 void TestWebViewDialog::dialogThatGoesWhileItLoads()
