@@ -110,4 +110,7 @@ void GUI_WebViewDialog::loadFinished(bool ok)
     m_heldWhileLoading.reset();
     if (m_refreshOnLoad)
         guarded(m_host, [&] { m_host->updateUI(UpdateFlag::Everything, true); });
+    const bool canClose = windowFlags() & Qt::WindowCloseButtonHint;
+    if (!ok && !canClose && isVisible()) // no page is there that could close it
+        guarded(m_host, [&] { emit signalEnableCloseButton(); });
 }

@@ -19,7 +19,8 @@ class QVBoxLayout;
 /// A dialog that consists of one page and its mediator, which it owns.
 ///
 /// While the page loads, the host's refreshes are held back and the dialog is transparent; then it
-/// fades in. A page that does not exist gives an empty dialog that can be closed.
+/// fades in. A page that does not exist gives an empty dialog that can be closed: one without a
+/// close button gets it back when it is on the screen.
 class GUI_WebViewDialog : public GUI_Dialog
 {
     Q_OBJECT

@@ -23,6 +23,9 @@ private slots:
     void pageFadesIn();
     void refreshCanBeLeftOut();
     void missingPageGivesAnEmptyDialog();
+    void missingPageGivesTheCloseButtonBack_data();
+    void missingPageGivesTheCloseButtonBack();
+    void closeButtonComesBackBehindTheOtherSteps();
     void hostHearsOfTheDialog_data();
     void hostHearsOfTheDialog();
     void pageAccepts();
@@ -294,6 +297,60 @@ void TestWebViewDialog::missingPageGivesAnEmptyDialog()
     QVERIFY(!dialog.isVisible());
     QCOMPARE(rejected.count(), 1);
     QCOMPARE(log.texts(QtWarningMsg) + log.texts(QtCriticalMsg), QStringList());
+}
+
+void TestWebViewDialog::missingPageGivesTheCloseButtonBack_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<bool>("button");
+    QTest::addColumn<bool>("shown");
+    QTest::addColumn<int>("emissions");
+    const QString absent = QStringLiteral("qrc:/pages/absent.html");
+    QTest::newRow("on the screen") << absent << false << true << 1;
+    QTest::newRow("not on the screen") << absent << false << false << 0;
+    QTest::newRow("with its button") << absent << true << true << 0;
+    QTest::newRow("page that is there") << Calls << false << true << 0;
+}
+
+void TestWebViewDialog::missingPageGivesTheCloseButtonBack()
+{
+    QFETCH(QString, url);
+    QFETCH(bool, button);
+    QFETCH(bool, shown);
+    StandInHost host;
+    OpenDialog dialog(&host, nullptr, url);
+    PageProbe page(dialog.webView());
+    dialog.setWindowFlag(Qt::WindowCloseButtonHint, button);
+    if (shown)
+        dialog.show();
+    QSignalSpy enabled(&dialog, &GUI_Dialog::signalEnableCloseButton);
+    QVERIFY(page.waitLoaded());
+    QTEST(enabled.count(), "emissions");
+    QCOMPARE(bool(dialog.windowFlags() & Qt::WindowCloseButtonHint),
+             button || enabled.count() == 1);
+    QCOMPARE(dialog.isVisible(), shown);
+}
+
+void TestWebViewDialog::closeButtonComesBackBehindTheOtherSteps()
+{
+    StandInHost host;
+    OpenDialog dialog(&host, nullptr, QStringLiteral("qrc:/pages/absent.html"));
+    PageProbe page(dialog.webView());
+    dialog.setWindowFlag(Qt::WindowCloseButtonHint, false);
+    dialog.show();
+    QStringList before;
+    LogCapture log;
+    connect(&dialog, &GUI_Dialog::signalEnableCloseButton, this, [&] {
+        before = host.commands();
+        qInfo("enabled");
+    });
+    QVERIFY(page.waitLoaded());
+    QCOMPARE(before.mid(1), QStringList({"deterUpdateUI(true)", "deterUpdateUI(false)",
+                                         "updateUI(4294967295, true)"}));
+    QCOMPARE(log.texts().mid(log.texts().size() - 3),
+             QStringList({"[ENTER] \"GUI_WebViewDialog::loadFinished\" \"[ok:false]\"", "enabled",
+                          "[LEAVE] \"GUI_WebViewDialog::loadFinished\""}));
+    QVERIFY(dialog.close());
 }
 
 void TestWebViewDialog::hostHearsOfTheDialog_data()
