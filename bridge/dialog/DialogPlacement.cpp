@@ -5,15 +5,19 @@
 
 #include <QDialog>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QScreen>
 
 #include <algorithm>
 
 void centerDialog(HostServices *host, QDialog *dialog)
 {
+    QPointer<QDialog> kept(dialog); // the host may end it
     if (!dialog || host->mainWidget())
         return;
     const int wanted = host->getPrefInt(Keys::application.screenNumber, QVariant());
+    if (!kept)
+        return;
     QList<QRect> screens;
     for (const QScreen *screen : QGuiApplication::screens())
         screens.append(screen->geometry());

@@ -91,10 +91,17 @@ void GUI_WebViewDialog::slotRejected()
 void GUI_WebViewDialog::loadStarted()
 {
     OperationLogScope trace(QLatin1String("GUI_WebViewDialog::loadStarted"));
-    guarded(m_host, [&] {
-        if (!m_heldWhileLoading)
-            m_heldWhileLoading.emplace(m_host);
-    });
+    HostServices *host = m_host;
+    QPointer<GUI_WebViewDialog> self(this); // a call of the host may end it
+    if (!m_heldWhileLoading) {
+        guarded(host, [&] {
+            auto held = std::make_unique<DeterUpdateScope>(host);
+            if (self)
+                m_heldWhileLoading = std::move(held);
+        });
+    }
+    if (!self)
+        return;
     m_webView->setFocus(Qt::OtherFocusReason);
     setWindowOpacity(0.0); // nobody sees the page half painted
 }
@@ -105,12 +112,18 @@ void GUI_WebViewDialog::loadFinished(bool ok)
 {
     OperationLogScope trace(QLatin1String("GUI_WebViewDialog::loadFinished"),
                             LogGroups::group(QLatin1String("ok"), ok));
-    guarded(m_host, [&] { centerDialog(m_host, this); });
-    UTL::fadeInAnimation(this)->start(QAbstractAnimation::DeleteWhenStopped);
-    m_heldWhileLoading.reset();
-    if (m_refreshOnLoad)
-        guarded(m_host, [&] { m_host->updateUI(UpdateFlag::Everything, true); });
+    HostServices *host = m_host;
+    QPointer<GUI_WebViewDialog> self(this); // a call of the host may end it
+    guarded(host, [&] { centerDialog(host, self); });
+    if (self)
+        UTL::fadeInAnimation(self)->start(QAbstractAnimation::DeleteWhenStopped);
+    if (self)
+        std::unique_ptr<DeterUpdateScope>(std::move(m_heldWhileLoading)).reset();
+    if (self && m_refreshOnLoad)
+        guarded(host, [&] { host->updateUI(UpdateFlag::Everything, true); });
+    if (!self)
+        return;
     const bool canClose = windowFlags() & Qt::WindowCloseButtonHint;
     if (!ok && !canClose && isVisible()) // no page is there that could close it
-        guarded(m_host, [&] { emit signalEnableCloseButton(); });
+        guarded(host, [&] { emit signalEnableCloseButton(); });
 }

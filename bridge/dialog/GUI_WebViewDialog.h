@@ -68,5 +68,5 @@ private:
     std::optional<DialogEnterScope> m_entered;
     bool m_refreshOnLoad = true;
     bool m_closing = false;
-    std::optional<DeterUpdateScope> m_heldWhileLoading;
+    std::unique_ptr<DeterUpdateScope> m_heldWhileLoading;
 };

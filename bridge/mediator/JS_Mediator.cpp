@@ -84,14 +84,15 @@ void JS_Mediator::setWebView(GUI_WebView *view)
 
 void JS_Mediator::setStyle(const QString &style)
 {
+    HostServices *host = m_host;
     OperationEventHandler operation(this, QLatin1String("JS_Mediator::setStyle"));
-    guarded(m_host, [&] {
-        m_host->setPref(Keys::application.style, style);
-        QWidget *main = m_host->mainWidget();
+    guarded(host, [&] {
+        host->setPref(Keys::application.style, style);
+        QWidget *main = host->mainWidget();
         if (!main)
             return;
         if (auto *dialog = main->findChild<QDialog *>(QLatin1String("GUI_MobileDialog")))
-            Theme::applyNativeStyle(m_host, dialog);
+            Theme::applyNativeStyle(host, dialog);
     });
 }
 
@@ -104,14 +105,15 @@ QString JS_Mediator::getStyle()
 
 void JS_Mediator::openPlugin(const QString &name)
 {
+    HostServices *host = m_host;
     OperationEventHandler operation(this, QLatin1String("JS_Mediator::openPlugin"));
-    guarded(m_host, [&] {
+    guarded(host, [&] {
         if (name != Keys::tools.binning) {
-            m_host->openPluginByName(name);
+            host->openPluginByName(name);
             return;
         }
-        ViewPauseGuard pause(m_host, false, true);
-        m_host->openPluginByName(name);
+        ViewPauseGuard pause(host, false, true);
+        host->openPluginByName(name);
     });
 }
 
@@ -123,10 +125,11 @@ void JS_Mediator::closePlugin()
 
 void JS_Mediator::closePlugin(const QString &name)
 {
+    HostServices *host = m_host;
     OperationEventHandler operation(this, QLatin1String("JS_Mediator::closePlugin"));
-    guarded(m_host, [&] {
-        DeterUpdateScope deter(m_host);
-        m_host->closePluginByName(name);
+    guarded(host, [&] {
+        DeterUpdateScope deter(host);
+        host->closePluginByName(name);
     });
 }
 
@@ -172,9 +175,10 @@ QString JS_Mediator::translate(const QString &string)
 
 QString JS_Mediator::translate(const QString &string, const QString &arg)
 {
-    return guarded(m_host, QString(), [&] {
-        const QString text = m_host->translate(string);
-        const QString value = m_host->translate(arg);
+    HostServices *host = m_host;
+    return guarded(host, QString(), [&] {
+        const QString text = host->translate(string);
+        const QString value = host->translate(arg);
         return text.contains(QLatin1String("%1")) ? text.arg(value, 0, QLatin1Char(' ')) : text;
     });
 }
@@ -266,15 +270,19 @@ bool JS_Mediator::isWaveDataAcquisition()
 
 int JS_Mediator::getRangeMax()
 {
-    return guarded(m_host, 0, [&] {
+    HostServices *host = m_host;
+    QPointer<JS_Mediator> self(this);
+    return guarded(host, 0, [&] {
         int bits = FullRangeBits;
         ImageFormat format;
-        DOC_Interface *doc = m_host->currentDocument();
-        if (doc && m_host->getPrefBool(Keys::display.displayWithRealBitDepth, QVariant()) &&
+        DOC_Interface *doc = host->currentDocument();
+        if (doc && host->getPrefBool(Keys::display.displayWithRealBitDepth, QVariant()) &&
             doc->imageFormat(format))
             bits = format.bits <= FullRangeBits ? format.bits : format.realBits;
-        m_rangeMax = maximumOfBits(bits);
-        return int(m_rangeMax);
+        const uint maximum = maximumOfBits(bits);
+        if (self)
+            m_rangeMax = maximum;
+        return int(maximum);
     });
 }
 
@@ -312,12 +320,13 @@ bool JS_Mediator::isMVersion()
 
 QString JS_Mediator::getFlip()
 {
+    HostServices *host = m_host;
     int flip = 0;
-    guarded(m_host, [&] {
-        const DOCKEY key = m_host->currentDocKey();
-        if (m_host->flipHorizontal(key))
+    guarded(host, [&] {
+        const DOCKEY key = host->currentDocKey();
+        if (host->flipHorizontal(key))
             flip |= 1;
-        if (m_host->flipVertical(key))
+        if (host->flipVertical(key))
             flip |= 2;
     });
     return QString::number(flip);
@@ -325,9 +334,9 @@ QString JS_Mediator::getFlip()
 
 QString JS_Mediator::getRotate()
 {
-    return guarded(m_host, QString(QLatin1Char('0')), [&] {
-        const double degrees =
-            std::trunc(m_host->rotation(m_host->currentDocKey()) * DegreesPerTurn);
+    HostServices *host = m_host;
+    return guarded(host, QString(QLatin1Char('0')), [&] {
+        const double degrees = std::trunc(host->rotation(host->currentDocKey()) * DegreesPerTurn);
         constexpr double most = double(std::numeric_limits<int>::max());
         return QString::number(std::abs(degrees) <= most ? int(degrees) : 0);
     });

@@ -23,7 +23,8 @@ class HostServices;
 /// It holds no state of the application but a few cached values and forwards to the host. A failure
 /// of the host goes to its errorHandler(), and the slot answers with a neutral value: false, 0, an
 /// empty text or list. The creator owns a mediator; there is no parent, and a page cannot delete
-/// it. Its object name is the page name, under which the host shows it to the page. GUI thread.
+/// it. The creator may do so inside any call of the host, as when a tool closes: what a slot still
+/// has to do then, it does with the host alone. Its object name is the page name, under which the host shows it to the page. GUI thread.
 class JS_Mediator : public QObject
 {
     Q_OBJECT

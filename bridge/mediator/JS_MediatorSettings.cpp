@@ -76,8 +76,9 @@ bool JS_Mediator::getConnectedCameraShowing()
 
 void JS_Mediator::checkRestoredPrefs()
 {
-    guarded(m_host, [&] {
-        if (m_host->hasRestoredPrefs())
-            m_host->acknowledgeRestoredPrefs(true);
+    HostServices *host = m_host;
+    guarded(host, [&] {
+        if (host->hasRestoredPrefs())
+            host->acknowledgeRestoredPrefs(true);
     });
 }

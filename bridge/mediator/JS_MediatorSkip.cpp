@@ -71,18 +71,26 @@ void JS_Mediator::refreshSkipRange(const QMap<DOC_Interface *, QList<PARTITIONNU
 {
     if (targets.isEmpty())
         return;
+    HostServices *host = m_host;
+    QPointer<JS_Mediator> self(this);
     bool inTime = getSkipMode() == Milliseconds;
+    if (!self)
+        return;
     if (inTime) {
         SkipSource source;
-        const bool memory = m_host->isMemoryMode();
+        const bool memory = host->isMemoryMode();
         for (auto target = targets.cbegin(); target != targets.cend(); ++target)
             addRatesAndCounts(source, target.key(), target.value(), memory);
+        if (!self)
+            return;
         if (source.hasRates()) {
             m_skipRange = source.inMilliseconds(m_skipRange);
             if (m_skipRange.cut)
                 qWarning() << "skip values end at" << MostSkipValues;
         } else {
             setSkipMode(0); // nothing has a rate: frames are all that is left to count
+            if (!self)
+                return;
             inTime = false;
         }
     }
@@ -90,9 +98,13 @@ void JS_Mediator::refreshSkipRange(const QMap<DOC_Interface *, QList<PARTITIONNU
         SkipSource source;
         for (auto target = targets.cbegin(); target != targets.cend(); ++target)
             addFrameCounts(source, target.key(), target.value());
+        if (!self)
+            return;
         m_skipRange = source.inFrames(m_skipRange);
     }
     const double current = getSkipFrames();
+    if (!self)
+        return;
     const double value = clampedSkipValue(m_skipRange, current);
     if (current != value)
         applySkipFrames(value);

@@ -129,20 +129,21 @@ QString JS_Mediator::getControlStatus()
 
 QVariantList JS_Mediator::getDeviceInfoList(bool isMinilist)
 {
+    HostServices *host = m_host;
     QVariantList rows;
-    guarded(m_host, [&] {
+    guarded(host, [&] {
         QList<DOCKEY> keys;
-        m_host->deviceKeys(keys, true);
+        host->deviceKeys(keys, true);
         for (DOCKEY key : qAsConst(keys)) {
             const bool onlyFound =
-                isMinilist && m_host->currentMode() == HostMode::Live &&
-                m_host->getPref(Keys::application.connectedCameraOnlyShowing, false).toBool();
+                isMinilist && host->currentMode() == HostMode::Live &&
+                host->getPref(Keys::application.connectedCameraOnlyShowing, false).toBool();
             if (onlyFound) {
-                DOC_Interface *device = m_host->deviceByKey(key, true);
+                DOC_Interface *device = host->deviceByKey(key, true);
                 if (!device || !device->isFound())
                     continue;
             }
-            if (DOC_Interface *doc = m_host->documentByKey(key))
+            if (DOC_Interface *doc = host->documentByKey(key))
                 rows.append(deviceRowText(rowOf(doc, key)));
         }
     });
@@ -163,44 +164,49 @@ QVariantList JS_Mediator::getSelectedDockey()
 
 void JS_Mediator::setSelectDoc(const QString &docKey)
 {
+    HostServices *host = m_host;
     UpdateFlagsScope flags(this);
     OperationEventHandler operation(this, QLatin1String("JS_Mediator::setSelectDocSub"));
-    guarded(m_host, [&] {
-        DeterUpdateScope deter(m_host);
+    guarded(host, [&] {
+        DeterUpdateScope deter(host);
         bool parsed = false;
         const DOCKEY key = docKey.toULongLong(&parsed, 10);
-        m_host->selectDocs(parsed ? QList<DOCKEY>({key}) : QList<DOCKEY>(), false);
+        host->selectDocs(parsed ? QList<DOCKEY>({key}) : QList<DOCKEY>(), false);
     });
 }
 
 void JS_Mediator::selectAllDocs()
 {
+    HostServices *host = m_host;
+    QPointer<JS_Mediator> self(this);
     DOCKEY current = NoDocKey;
-    const bool prepared = guarded(m_host, false, [&] {
-        m_host->prepareSelectAll();
-        current = m_host->currentDocKey();
+    const bool prepared = guarded(host, false, [&] {
+        host->prepareSelectAll();
+        current = host->currentDocKey();
         return true;
     });
-    if (!prepared)
+    if (!prepared || !self)
         return;
     UpdateFlagsScope flags(this);
-    CurrentDocRestoreScope restore(m_host, current);
+    CurrentDocRestoreScope restore(host, current);
     OperationEventHandler operation(this, QLatin1String("JS_Mediator::selectAllDocsSub"));
-    guarded(m_host, [&] {
-        DeterUpdateScope deter(m_host);
-        m_host->selectAllDocs(this);
+    guarded(host, [&] {
+        DeterUpdateScope deter(host);
+        if (self)
+            host->selectAllDocs(self);
     });
 }
 
 QString JS_Mediator::getCalibrationUnits()
 {
-    return guarded(m_host, QString(), [&] {
-        const bool metric = m_host->getPrefInt(Keys::application.unitSystem, QVariant()) != 0;
+    HostServices *host = m_host;
+    return guarded(host, QString(), [&] {
+        const bool metric = host->getPrefInt(Keys::application.unitSystem, QVariant()) != 0;
         QJsonArray units;
         for (const QString &entry : CalibrationUnits::entries(metric)) {
             units.append(QJsonObject(
                 {{QLatin1String("value"), entry},
-                 {QLatin1String("view"), m_host->translate(CalibrationUnits::shortName(entry))}}));
+                 {QLatin1String("view"), host->translate(CalibrationUnits::shortName(entry))}}));
         }
         return Json::compactText(units);
     });

@@ -152,8 +152,11 @@ void GUI_SelectBox::onClose()
 
 void GUI_SelectBox::onUpdate()
 {
+    QPointer<GUI_SelectBox> self(this); // the host may end the box
     guarded(m_host, [&] {
         const QString style = m_host->getPref(Keys::application.style, QVariant()).toString();
+        if (!self)
+            return;
         m_webView->setStyleSheet(style == QLatin1String("light")
                                      ? QLatin1String("background:#eee;")
                                      : QLatin1String("background:#333;"));

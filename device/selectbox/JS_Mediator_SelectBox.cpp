@@ -57,14 +57,16 @@ void JS_Mediator_SelectBox::slotNotifyPartition(const QString &value)
 {
     OperationLogScope scope(QLatin1String("JS_Mediator_SelectBox::slotNotifyPartition"),
                             valueGroup(value));
-    guarded(host(), [&] {
+    HostServices *services = host();
+    QPointer<JS_Mediator_SelectBox> self(this);
+    guarded(services, [&] {
         closeBox();
         const int number = value.toInt();
-        DOC_Interface *doc = host()->currentDocument();
+        DOC_Interface *doc = services->currentDocument();
         if (!doc || doc->partitionNumbers().size() < number)
             return;
-        switchToPartition(host(), number);
-        if (host()->isLiveMode())
+        switchToPartition(services, number);
+        if (services->isLiveMode() && self)
             openPlugin(RecordPage);
     });
 }
@@ -73,19 +75,21 @@ void JS_Mediator_SelectBox::slotNotifyVariable(const QString &value)
 {
     OperationLogScope scope(QLatin1String("JS_Mediator_SelectBox::slotNotifyVariable"),
                             valueGroup(value));
-    guarded(host(), [&] {
+    HostServices *services = host();
+    guarded(services, [&] {
         closeBox();
         if (value != GoToVariables)
-            host()->selectVariable(value.toUInt());
-        if (PLG_Interface *plugin = openLiveControl(host()))
+            services->selectVariable(value.toUInt());
+        if (PLG_Interface *plugin = openLiveControl(services))
             plugin->hookE(VariablePage);
     });
 }
 
 int JS_Mediator_SelectBox::getCurrentPartition()
 {
-    return guarded(host(), 0, [&] {
-        DOC_Interface *doc = host()->currentDocument();
+    HostServices *services = host();
+    return guarded(services, 0, [&] {
+        DOC_Interface *doc = services->currentDocument();
         return doc ? doc->currentPartition() : 0;
     });
 }
@@ -94,10 +98,11 @@ void JS_Mediator_SelectBox::slotNotifyVariableRegist(const QString &value)
 {
     OperationLogScope scope(QLatin1String("JS_Mediator_SelectBox::slotNotifyVariableRegist"),
                             valueGroup(value));
-    guarded(host(), [&] {
+    HostServices *services = host();
+    guarded(services, [&] {
         closeBox();
-        PLG_Interface *plugin = openLiveControl(host());
-        if (plugin && host()->currentDocument())
+        PLG_Interface *plugin = openLiveControl(services);
+        if (plugin && services->currentDocument())
             plugin->textHook(value);
     });
 }

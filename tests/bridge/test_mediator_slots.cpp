@@ -6,6 +6,8 @@
 #include <functional>
 #include <stdexcept>
 
+#include <malloc.h>
+
 // What a page can call, called by a page: host calls, result and log of every slot.
 
 using Setup = std::function<void(StandInHost &)>;
@@ -47,6 +49,8 @@ private slots:
     void prefsNameIsGivenOnRequest();
     void updateFlagsGoToTheRefresh();
     void loadReadsAResource();
+    void mediatorMayGoInACall_data();
+    void mediatorMayGoInACall();
 };
 
 namespace {
@@ -956,8 +960,72 @@ void TestMediatorSlots::loadReadsAResource()
     QCOMPARE(shown.page.call("bridge.load('pages/umlaut.txt')"), QStringLiteral("\"Prüfung\\n\""));
 }
 
+void TestMediatorSlots::mediatorMayGoInACall_data()
+{
+    QTest::addColumn<QString>("slot");
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QStringList>("commands");
+    const QString selectAll = QStringLiteral("selectAllDocs");
+    QTest::newRow("before the selection")
+        << selectAll << "prepareSelectAll()" << QStringList({"prepareSelectAll()"});
+    QTest::newRow("at the key") << selectAll << "currentDocKey()"
+                                << QStringList({"prepareSelectAll()"});
+    QTest::newRow("holding back") << selectAll << "deterUpdateUI(true)"
+                                  << QStringList({"prepareSelectAll()", "deterUpdateUI(true)",
+                                                  "deterUpdateUI(false)",
+                                                  "setCurrentDoc(1, true)"});
+    QTest::newRow("in the selection")
+        << selectAll << "selectAllDocs(JS_Mediator)"
+        << QStringList({"prepareSelectAll()", "deterUpdateUI(true)", "selectAllDocs(JS_Mediator)",
+                        "deterUpdateUI(false)", "setCurrentDoc(1, true)"});
+    QTest::newRow("going on") << selectAll << "deterUpdateUI(false)"
+                              << QStringList({"prepareSelectAll()", "deterUpdateUI(true)",
+                                              "selectAllDocs(JS_Mediator)", "deterUpdateUI(false)",
+                                              "setCurrentDoc(1, true)"});
+    QTest::newRow("in the refresh")
+        << selectAll << "updateUI(63, true)"
+        << QStringList({"prepareSelectAll()", "deterUpdateUI(true)", "selectAllDocs(JS_Mediator)",
+                        "deterUpdateUI(false)", "updateUI(63, true)", "setCurrentDoc(1, true)"});
+    QTest::newRow("style") << "setStyle"
+                           << "setPref(\"env/style\", \"2\")"
+                           << QStringList({"setPref(\"env/style\", \"2\")"});
+    QTest::newRow("selection of one")
+        << "setSelectDoc"
+        << "deterUpdateUI(true)"
+        << QStringList({"deterUpdateUI(true)", "selectDocs([2], false)", "deterUpdateUI(false)"});
+    QTest::newRow("tool") << "closePlugin"
+                          << "deterUpdateUI(true)"
+                          << QStringList({"deterUpdateUI(true)", "closePluginByName(\"2\")",
+                                          "deterUpdateUI(false)"});
+}
+
+// What the host still has to be told is told; nobody is left to be refreshed for.
+void TestMediatorSlots::mediatorMayGoInACall()
+{
+    QFETCH(QString, slot);
+    QFETCH(QString, call);
+    StandInHost host;
+    host.addCamera();
+    auto *mediator = new JS_Mediator(&host, QStringLiteral("page"));
+    QPointer<JS_Mediator> alive(mediator);
+    host.clearJournal();
+    connect(host.events(), &StandInEvents::callJournalled, this, [&](const QString &line) {
+        if (line == call)
+            delete alive;
+    });
+    if (slot == QLatin1String("selectAllDocs"))
+        mediator->selectAllDocs();
+    else
+        QVERIFY(QMetaObject::invokeMethod(mediator, qPrintable(slot),
+                                          Q_ARG(QString, QStringLiteral("2"))));
+    QVERIFY(!alive);
+    QTEST(host.commands(), "commands");
+    QCOMPARE(host.handledErrors(), QStringList());
+}
+
 int main(int argc, char **argv)
 {
+    mallopt(M_PERTURB, 0xa5); // what has gone reads as nonsense
     TestMediatorSlots test;
     return runTest(argc, argv, test);
 }

@@ -3,6 +3,8 @@
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
+#include <malloc.h>
+
 // The range of skip values that the selected partitions allow.
 
 class TestSkipRange : public TestBase
@@ -33,6 +35,8 @@ private slots:
     void lowerBoundWins();
     void failureChangesNothingThatIsStored();
     void rateThatIsKnownCountsOnce();
+    void mediatorMayGoWhileRatesAreRead_data();
+    void mediatorMayGoWhileRatesAreRead();
 };
 
 namespace {
@@ -407,8 +411,39 @@ void TestSkipRange::rateThatIsKnownCountsOnce()
     QCOMPARE(source.inMilliseconds(SkipRange()).rateDivisor, 500u);
 }
 
+void TestSkipRange::mediatorMayGoWhileRatesAreRead_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("call");
+    QTest::newRow("mode") << 1 << "isMemoryMode()";
+    QTest::newRow("rate") << 1 << "[1].partitionRecordRate(1)";
+    QTest::newRow("frames in time") << 1 << "[1].partitionFrameCount(1)";
+    QTest::newRow("frames") << 0 << "[1].partitionFrameCount(1)";
+}
+
+void TestSkipRange::mediatorMayGoWhileRatesAreRead()
+{
+    QFETCH(int, mode);
+    QFETCH(QString, call);
+    Selection selection(true);
+    selection.add(0, {{100, 1000}});
+    QPointer<SkipMediator> mediator(new SkipMediator(&selection.host));
+    mediator->mode = mode;
+    mediator->value = 1e9; // would be moved into the range
+    selection.host.clearJournal();
+    connect(selection.host.events(), &StandInEvents::callJournalled, this,
+            [&](const QString &line) {
+                if (line == call)
+                    delete mediator;
+            });
+    mediator->refreshSkipRange(selection.targets);
+    QVERIFY(!mediator);
+    QVERIFY(selection.host.journal().contains(call));
+}
+
 int main(int argc, char **argv)
 {
+    mallopt(M_PERTURB, 0xa5); // what has gone reads as nonsense
     TestSkipRange test;
     return runTest(argc, argv, test);
 }

@@ -12,6 +12,8 @@
 #include <QWebFrame>
 #include <QWebSettings>
 
+#include <malloc.h>
+
 #include <functional>
 #include <optional>
 
@@ -58,6 +60,7 @@ private slots:
     void missingScriptObjectsAreLeftOut();
     void styleFollowsTheSetting_data();
     void styleFollowsTheSetting();
+    void boxMayGoWhileItsStyleIsRead();
     void escapeClosesIt();
     void otherWindowClosesIt();
     void throwingPageIsSurvived();
@@ -648,6 +651,16 @@ void TestSelectBox::styleFollowsTheSetting()
     QCOMPARE(shown.host.journal(), QStringList({"getPref(\"env/style\", invalid)"}));
 }
 
+void TestSelectBox::boxMayGoWhileItsStyleIsRead()
+{
+    StandInHost host;
+    QPointer<GUI_SelectBox> box(new GUI_SelectBox(&host));
+    connect(host.events(), &StandInEvents::callJournalled, this, [&] { delete box; });
+    QVERIFY(QMetaObject::invokeMethod(box, "onUpdate"));
+    QVERIFY(!box);
+    QCOMPARE(host.handledErrors(), QStringList());
+}
+
 void TestSelectBox::escapeClosesIt()
 {
     Box shown;
@@ -723,6 +736,7 @@ void TestSelectBox::boxLeavesNothingBehind()
 
 int main(int argc, char **argv)
 {
+    mallopt(M_PERTURB, 0xa5); // what has gone reads as nonsense
     TestSelectBox test;
     return runTest(argc, argv, test);
 }

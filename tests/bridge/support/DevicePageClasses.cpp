@@ -17,21 +17,15 @@ public:
     }
 };
 
-/// The mediator of a box whose host has the live control tool open.
-class LiveSelectBox : public JS_Mediator_SelectBox
+/// The mediator of a box whose host has the live control tool open. The tool goes with the host.
+QObject *makeLiveSelectBox(StandInHost &host)
 {
-public:
-    explicit LiveSelectBox(StandInHost &host) : JS_Mediator_SelectBox(&host), m_host(host)
-    {
-        m_host.addPlugin(&m_tool);
-        m_host.openPluginByName(QStringLiteral("livecontrol"));
-    }
-    ~LiveSelectBox() override { m_host.removePlugin(&m_tool); }
-
-private:
-    StandInHost &m_host;
-    LiveTool m_tool;
-};
+    auto *tool = new LiveTool;
+    tool->setParent(host.events());
+    host.addPlugin(tool);
+    host.openPluginByName(QStringLiteral("livecontrol"));
+    return new JS_Mediator_SelectBox(&host);
+}
 
 }
 
@@ -39,7 +33,7 @@ QVector<PageClass> devicePageClasses()
 {
     return {
         {&JS_Mediator_SelectBox::staticMetaObject,
-         [](StandInHost &host) -> QObject * { return new LiveSelectBox(host); },
+         makeLiveSelectBox,
          {{"slotNotifyPartition(QString)", {"1"}, {}},
           {"slotNotifyPartition(QString)",
            {"1"},

@@ -1,8 +1,12 @@
 #include "tests/bridge/support/FaultMatrix.h"
 
+#include "bridge/dialog/GUI_Dialog.h"
+#include "bridge/mediator/JS_Mediator.h"
 #include "tests/support/TestLog.h"
 
+#include <QApplication>
 #include <QDialog>
+#include <QThread>
 #include <QUndoCommand>
 
 #include <exception>
@@ -107,6 +111,14 @@ public:
         callSlot(m_object.get(), slot, arguments);
     }
     void end() override { m_object.reset(); }
+
+    // Who owns the others deletes them when nothing of theirs runs.
+    bool canGo() const override
+    {
+        return qobject_cast<JS_Mediator *>(m_object.get()) ||
+               qobject_cast<GUI_Dialog *>(m_object.get());
+    }
+    void go() override { m_object.reset(); }
 
 private:
     const PageClass &m_class;
@@ -240,6 +252,8 @@ int FaultMatrix::walkWay(const Way &way, Caller &caller)
     for (int nth = 1; nth <= calls.size(); ++nth) {
         run(way, caller, Form::Once, nth, QString());
         run(way, caller, Form::FromThereOn, nth, QString());
+        if (m_canGo)
+            run(way, caller, Form::Gone, nth, QString());
     }
     QStringList operations;
     for (const QString &line : calls)
@@ -265,6 +279,7 @@ QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
         way.setup(scene);
     StandInHost &host = scene.host;
     caller.begin(host);
+    m_canGo = caller.canGo();
     host.clearJournal();
     host.clearHandledErrors();
     log.clear();
@@ -283,6 +298,13 @@ QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
     case Form::Empty:
         host.answerEmptyOn(operation, 0);
         break;
+    case Form::Gone:
+        QObject::connect(host.events(), &StandInEvents::callJournalled,
+                         [&caller, nth, n = 0]() mutable {
+                             if (++n == nth && QThread::currentThread() == qApp->thread())
+                                 caller.go();
+                         });
+        break;
     }
     QString escaped;
     try {
@@ -299,9 +321,11 @@ QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
         handled.removeOne(QLatin1String("std::exception")); // what it is there for
 
     QString when = QStringLiteral("without a fault");
-    if (form == Form::Once || form == Form::FromThereOn)
+    if (form == Form::Once || form == Form::FromThereOn || form == Form::Gone)
         when = QStringLiteral("%1 call %2, %3")
-                   .arg(QLatin1String(form == Form::Once ? "at" : "from"))
+                   .arg(QLatin1String(form == Form::Once   ? "at"
+                                      : form == Form::Gone ? "gone at"
+                                                           : "from"))
                    .arg(nth)
                    .arg(calls.value(nth - 1));
     else if (form == Form::Null || form == Form::Empty)

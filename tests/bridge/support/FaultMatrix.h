@@ -54,7 +54,9 @@ QVector<PageClass> allPageClasses();
 /// Each slot is called with an empty host and with a furnished one, with arguments made from their
 /// types, and in the ways of its cases. A run without faults counts the host calls; then each of
 /// them fails once, then each and all that follow. Nothing may escape; errorHandler() gets every
-/// failure once; every "[ENTER]" has its "[LEAVE]".
+/// failure once; every "[ENTER]" has its "[LEAVE]". Where the caller can, it also deletes the
+/// object inside each of the calls; freed memory must not be read behind it, which is only seen
+/// when something fills it (a sanitizer, or mallopt() with M_PERTURB).
 class FaultMatrix
 {
 public:
@@ -68,6 +70,10 @@ public:
         virtual void begin(StandInHost &host) = 0;
         virtual void call(const QMetaMethod &slot, const QVariantList &arguments) = 0;
         virtual void end() = 0;
+
+        /// Whether the object may go inside a host call, and lets it go.
+        virtual bool canGo() const { return false; }
+        virtual void go() {}
     };
 
     /// Walks the slots of `meta` and of those of its bases that are in `classes`.
@@ -86,7 +92,7 @@ public:
     QStringList problems() const { return m_problems; } ///< what must not have been
 
 private:
-    enum class Form { NoFault, Once, FromThereOn, Null, Empty };
+    enum class Form { NoFault, Once, FromThereOn, Null, Empty, Gone };
 
     struct Way
     {
@@ -101,6 +107,7 @@ private:
     void report(const Way &way, const QString &when, const QString &what);
 
     QList<QByteArray> m_leftOut;
+    bool m_canGo = false;
     int m_slots = 0;
     int m_callSites = 0;
     int m_runs = 0;
