@@ -38,3 +38,16 @@ function(orvix_layer layer)
     list(TRANSFORM ORVIX_SEES_${layer} PREPEND orvix_ OUTPUT_VARIABLE left_of_it)
     target_link_libraries(orvix_${layer} PUBLIC ${left_of_it} ${LAYER_LINK})
 endfunction()
+
+# orvix_raw_string(<target> <file>)
+#
+# The text of the file as a string literal, which C++ of this target includes under the file's name
+# and ".h". It stands in the code and needs no resource, which would go with an unloaded module. The
+# file is a path below the repository; a change of it makes the literal anew.
+function(orvix_raw_string target file)
+    set(root "${PROJECT_BINARY_DIR}/raw-strings/${target}")
+    file(READ "${PROJECT_SOURCE_DIR}/${file}" RAW_STRING)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${file}")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/RawString.h.in" "${root}/${file}.h" @ONLY)
+    target_include_directories(${target} PRIVATE "${root}")
+endfunction()
