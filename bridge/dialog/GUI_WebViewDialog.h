@@ -3,6 +3,7 @@
 #include "bridge/dialog/GUI_Dialog.h"
 #include "bridge/operation/DeterUpdateScope.h"
 #include "bridge/operation/DialogEnterScope.h"
+#include "bridge/page/PageObject.h"
 
 #include <QList>
 
@@ -61,8 +62,8 @@ private slots:
 
 private:
     HostServices *m_host;
-    std::unique_ptr<JS_Mediator_Dialog> m_mediator;
-    std::vector<std::unique_ptr<JS_Mediator>> m_extraMediators;
+    std::unique_ptr<JS_Mediator_Dialog, PageObjectOwner> m_mediator;
+    std::vector<std::unique_ptr<JS_Mediator, PageObjectOwner>> m_extraMediators;
     QVBoxLayout *m_layout;
     GUI_WebView *m_webView;
     std::optional<DialogEnterScope> m_entered;

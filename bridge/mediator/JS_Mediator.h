@@ -1,12 +1,12 @@
 #pragma once
 
 #include "bridge/data/SkipRange.h"
+#include "bridge/page/PageObject.h"
 #include "contract/HostTypes.h"
 #include "contract/HostValues.h"
 
 #include <QList>
 #include <QMap>
-#include <QObject>
 #include <QPointer>
 #include <QString>
 #include <QStringList>
@@ -24,8 +24,9 @@ class HostServices;
 /// of the host goes to its errorHandler(), and the slot answers with a neutral value: false, 0, an
 /// empty text or list. The creator owns a mediator; there is no parent, and a page cannot delete
 /// it. The creator may do so inside any call of the host, as when a tool closes: what a slot still
-/// has to do then, it does with the host alone. Its object name is the page name, under which the host shows it to the page. GUI thread.
-class JS_Mediator : public QObject
+/// has to do then, it does with the host alone. Its object name is the page name, under which the
+/// host shows it to the page. GUI thread.
+class JS_Mediator : public PageObject
 {
     Q_OBJECT
 

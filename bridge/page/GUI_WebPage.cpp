@@ -1,10 +1,13 @@
 #include "bridge/page/GUI_WebPage.h"
 
+#include "bridge/page/AfterScript.h"
 #include "bridge/page/EmbeddedWidgets.h"
 #include "contract/HostGuard.h"
 #include "foundation/Keys.h"
 
 #include <QHash>
+#include <QPointer>
+#include <QWebSettings>
 #include <QWidget>
 
 namespace {
@@ -37,9 +40,20 @@ GUI_WebPage::GUI_WebPage(HostServices *host, QObject *parent)
 {
 }
 
+void GUI_WebPage::outliveView()
+{
+    delete m_embedded;
+    m_embedded = nullptr;
+    settings()->setAttribute(QWebSettings::JavascriptEnabled, false);
+    setParent(nullptr);
+    AfterScript::run([page = QPointer<GUI_WebPage>(this)] { delete page; });
+}
+
 QObject *GUI_WebPage::createPlugin(const QString &classid, const QUrl &, const QStringList &,
                                    const QStringList &)
 {
+    if (!m_embedded)
+        return nullptr;
     QObject *object =
         guarded(m_host, static_cast<QObject *>(nullptr), [&] { return hostWidget(classid); });
     if (auto *widget = qobject_cast<QWidget *>(object))

@@ -13,6 +13,10 @@ class GUI_WebPage : public QWebPage
 public:
     GUI_WebPage(HostServices *host, QObject *parent);
 
+    /// The view goes while script is on the stack, which may be that of this page: the page goes
+    /// when it has returned. Until then it begins no script and shows no widget of the host.
+    void outliveView();
+
 protected:
     /// The native widget behind an object tag: "mdi" is the multi-document area, the others belong
     /// to plug-ins. Null for an unknown class id, without the plug-in, or when the host fails. The
@@ -28,5 +32,5 @@ private:
     QObject *hostWidget(const QString &classid);
 
     HostServices *m_host;
-    EmbeddedWidgets *m_embedded; ///< child of the page
+    EmbeddedWidgets *m_embedded; ///< child of the page; null when the view has gone before it
 };

@@ -1,10 +1,16 @@
 #include "bridge/page/GUI_WebView.h"
 
+#include "bridge/page/AfterScript.h"
+#include "bridge/page/DeletionHold.h"
 #include "bridge/page/GUI_WebPage.h"
 
-GUI_WebView::GUI_WebView(HostServices *host, QWidget *parent) : QWebView(parent)
+#include <QWebFrame>
+
+GUI_WebView::GUI_WebView(HostServices *host, QWidget *parent)
+    : QWebView(parent), m_page(new GUI_WebPage(host, this))
 {
-    setPage(new GUI_WebPage(host, this));
+    setPage(m_page);
+    new DeletionHold(this);
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(false);
 }
@@ -18,6 +24,9 @@ GUI_WebView::~GUI_WebView()
         m_inspector->close();
         delete m_inspector;
     }
+    if (m_page && !m_page->mainFrame()->url().isEmpty() &&
+        AfterScript::isScriptRunning(m_page->mainFrame()))
+        m_page->outliveView();
 }
 
 void GUI_WebView::showCustomContextMenu(const QPoint &pos)

@@ -5,10 +5,15 @@
 #include <QWebView>
 #include <QWidget>
 
+class GUI_WebPage;
 class HostServices;
 
 /// Shows a page of the application's user interface. Drops and the engine's own context menu are
 /// off.
+///
+/// It may go at any moment, also in an event loop that a slot of its own page runs. deleteLater()
+/// of the view, or of what it stands in, waits until script has returned; where an owner deletes it
+/// at once, its page does.
 class GUI_WebView : public QWebView
 {
     Q_OBJECT
@@ -29,6 +34,7 @@ private slots:
     void execWebInspector();
 
 private:
+    QPointer<GUI_WebPage> m_page; ///< child; null when it is given another one
     QMenu m_menu;
     QPointer<QWidget> m_inspector; ///< owned; null until a subclass sets one
 };

@@ -35,8 +35,7 @@ void addToPage(QWebFrame *frame, QLatin1String name, QObject *object)
 
 GUI_SelectBox::GUI_SelectBox(HostServices *host, QWidget *parent)
     : QWidget(parent, Qt::Dialog | Qt::FramelessWindowHint), m_host(host),
-      m_webView(new GUI_WebView(host, this)),
-      m_mediator(std::make_unique<JS_Mediator_SelectBox>(host))
+      m_webView(new GUI_WebView(host, this)), m_mediator(new JS_Mediator_SelectBox(host))
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "bridge/page/PageObject.h"
+
 #include <QRect>
 #include <QVariantList>
 #include <QWidget>
@@ -54,7 +56,7 @@ private:
 
     HostServices *m_host;
     GUI_WebView *m_webView;
-    std::unique_ptr<JS_Mediator_SelectBox> m_mediator;
+    std::unique_ptr<JS_Mediator_SelectBox, PageObjectOwner> m_mediator;
     bool m_wantedVisible = false;
     bool m_loaded = false;
     bool m_loading = false;       ///< from loadPage() to the end of that load

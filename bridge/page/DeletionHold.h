@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QVector>
+#include <QWidget>
+
+class QWebView;
+
+/// Holds back deleteLater() of a view, and of every widget that it stands in, while script is on
+/// the stack: it takes effect when that has returned. Otherwise an event loop that a page's slot
+/// runs would delete the view under the slot. Child of the view. GUI thread.
+class DeletionHold : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit DeletionHold(QWebView *view);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void watch();
+
+    QWebView *m_view;
+    QVector<QPointer<QWidget>> m_watched; ///< the view and what it stands in
+};
