@@ -86,6 +86,12 @@ public:
         write("installed", text + "deinstall sl\n");
     }
 
+    void setMutateScript(const QString &text)
+    {
+        QDir(path("checkout")).mkpath("scripts/mutate");
+        write("checkout/scripts/mutate/__main__.py", text);
+    }
+
     void setVariable(const QString &name, const QString &value)
     {
         m_environment.insert(name, value);
@@ -164,6 +170,7 @@ private slots:
     void testsUnderTheSanitizers();
     void endsWithTheStatusOfTheTests();
     void runsTheBenchmarks();
+    void triesChangesToTheCode();
     void checksLayoutContractAndSources();
     void installsWhatIsMissingAsRoot();
     void installsWhatIsMissingThroughSudo();
@@ -223,6 +230,24 @@ void TestDevScript::runsTheBenchmarks()
     QCOMPARE(machine.dev({"bench"}), 0);
     QCOMPARE(machine.calls(), QStringList({"cmake --fresh --preset dev",
                                            "cmake --build --preset dev --target run_bench"}));
+}
+
+void TestDevScript::triesChangesToTheCode()
+{
+    Machine machine;
+    QStringList installed = machine.packages();
+    QVERIFY(installed.removeOne("python3-clang-14"));
+    machine.setInstalled(installed);
+    machine.fake("id", "echo 0");
+    machine.setMutateScript("import os, sys\n"
+                            "print(os.getcwd(), sys.argv[1:])\n"
+                            "sys.exit(1)\n");
+    QCOMPARE(machine.dev({"mutate", "plugin", "--list"}), 1);
+    QCOMPARE(machine.calls(),
+             QStringList({"apt-get update",
+                          "apt-get install -y --no-install-recommends python3-clang-14"}));
+    // Paths among the arguments are the caller's.
+    QVERIFY2(machine.output().endsWith("\n/ ['plugin', '--list']\n"), qPrintable(machine.output()));
 }
 
 void TestDevScript::checksLayoutContractAndSources()
@@ -355,7 +380,8 @@ void TestDevScript::explainsItself()
     for (const QStringList &arguments :
          {QStringList(), QStringList("help"), QStringList("--help")}) {
         QCOMPARE(machine.dev(arguments), 0);
-        for (const char *command : {"run", "test", "sanitize", "bench", "fuzz", "lint", "help"})
+        for (const char *command :
+             {"run", "test", "sanitize", "mutate", "bench", "fuzz", "lint", "help"})
             QVERIFY2(machine.output().contains(QString("./dev %1 ").arg(command)), command);
     }
     QCOMPARE(machine.calls(), QStringList());
