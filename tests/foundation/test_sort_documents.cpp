@@ -110,6 +110,7 @@ private slots:
     void leavesDocumentsThatHaveGone();
     void followsTheHostsOrder_data();
     void followsTheHostsOrder();
+    void asksTheHostForItsOrder();
     void leavesTheListInOtherModes_data();
     void leavesTheListInOtherModes();
     void agreesWithTheLiteralSort_data();
@@ -315,6 +316,17 @@ void TestSortDocuments::followsTheHostsOrder()
     host.clearJournal();
     QCOMPARE(UTL::sortDocuments(&host, HostOrder, given, true), given);
     QCOMPARE(host.journal(), QStringList());
+}
+
+void TestSortDocuments::asksTheHostForItsOrder()
+{
+    StandInHost host;
+    for (const char *name : {"d", "c", "b", "a"})
+        addNamed(host, name);
+    host.clearJournal();
+    UTL::sortDocuments(&host, HostOrder, {4, 99, 2}, false);
+    QCOMPARE(host.journal(), QStringList({"documentKeys(true, false)", "deviceByKey(2, true)",
+                                          "deviceByKey(4, true)"}));
 }
 
 void TestSortDocuments::leavesTheListInOtherModes_data()

@@ -257,6 +257,7 @@ void TestUtilities::formatCapacity_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("nothing") << quint64(0) << "0.00KB";
     QTest::newRow("very small") << quint64(1) << "0.00KB";
+    QTest::newRow("rounds only once") << quint64(5) << "0.00KB"; // 0.0049
     QTest::newRow("half") << quint64(512) << "0.50KB";
     QTest::newRow("rounds to one") << quint64(1023) << "1.00KB";
     QTest::newRow("one") << KB << "1.00KB";
@@ -414,6 +415,10 @@ void TestUtilities::formatIpAddress_data()
                                       << "00:0c:29:01:02:03";
     QTest::newRow("hardware address with dashes") << "00-0C-29-01-02-03"
                                                   << "00-0C-29-01-02-03";
+    QTest::newRow("three groups of three") << "010.020.030"
+                                           << "10.20.30";
+    QTest::newRow("a letter behind f") << "000g.0001.0002"
+                                       << "000g.1.2";
     QTest::newRow("hardware address with dots") << "000c.2901.0203"
                                                 << "000c.2901.0203";
     QTest::newRow("hardware address of digits") << "0011.2233.0044"
