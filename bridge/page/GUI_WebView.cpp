@@ -4,6 +4,7 @@
 #include "bridge/page/DeletionHold.h"
 #include "bridge/page/GUI_WebPage.h"
 
+#include <QKeyEvent>
 #include <QWebFrame>
 
 GUI_WebView::GUI_WebView(HostServices *host, QWidget *parent)
@@ -27,6 +28,20 @@ GUI_WebView::~GUI_WebView()
     if (m_page && !m_page->mainFrame()->url().isEmpty() &&
         AfterScript::isScriptRunning(m_page->mainFrame()))
         m_page->outliveView();
+}
+
+// The platform gives the key a text of one control character, which the engine would insert.
+void GUI_WebView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Escape) {
+        QWebView::keyPressEvent(event);
+        return;
+    }
+    QKeyEvent bare(event->type(), event->key(), event->modifiers(), event->nativeScanCode(),
+                   event->nativeVirtualKey(), event->nativeModifiers(), QString(),
+                   event->isAutoRepeat(), ushort(event->count()));
+    QWebView::keyPressEvent(&bare);
+    event->setAccepted(bare.isAccepted());
 }
 
 void GUI_WebView::showCustomContextMenu(const QPoint &pos)

@@ -29,6 +29,10 @@ protected:
     /// The view closes and deletes it when it goes.
     void setInspector(QWidget *inspector) { m_inspector = inspector; }
 
+    /// Escape is a key here and no character: the page's handlers hear it, then what the view
+    /// stands in, and a text box stays as it is.
+    void keyPressEvent(QKeyEvent *event) override;
+
 private slots:
     void showCustomContextMenu(const QPoint &pos);
     void execWebInspector();
