@@ -103,10 +103,17 @@ void GUI_WebViewDialog::loadStarted()
     if (!self)
         return;
     m_webView->setFocus(Qt::OtherFocusReason);
+    stopFadeIn();
     setWindowOpacity(0.0); // nobody sees the page half painted
 }
 
 void GUI_WebViewDialog::loadProgress(int) {}
+
+void GUI_WebViewDialog::stopFadeIn()
+{
+    if (m_fadeIn)
+        m_fadeIn->stop();
+}
 
 void GUI_WebViewDialog::loadFinished(bool ok)
 {
@@ -115,8 +122,11 @@ void GUI_WebViewDialog::loadFinished(bool ok)
     HostServices *host = m_host;
     QPointer<GUI_WebViewDialog> self(this); // a call of the host may end it
     guarded(host, [&] { centerDialog(host, self); });
-    if (self)
-        UTL::fadeInAnimation(self)->start(QAbstractAnimation::DeleteWhenStopped);
+    if (self) {
+        stopFadeIn();
+        m_fadeIn = UTL::fadeInAnimation(this);
+        m_fadeIn->start(QAbstractAnimation::DeleteWhenStopped);
+    }
     if (self)
         std::unique_ptr<DeterUpdateScope>(std::move(m_heldWhileLoading)).reset();
     if (self && m_refreshOnLoad)

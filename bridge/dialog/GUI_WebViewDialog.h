@@ -6,6 +6,7 @@
 #include "bridge/page/PageObject.h"
 
 #include <QList>
+#include <QPointer>
 
 #include <memory>
 #include <optional>
@@ -15,6 +16,7 @@ class GUI_WebView;
 class HostServices;
 class JS_Mediator;
 class JS_Mediator_Dialog;
+class QPropertyAnimation;
 class QVBoxLayout;
 
 /// A dialog that consists of one page and its mediator, which it owns.
@@ -61,6 +63,8 @@ private slots:
     void loadFinished(bool ok);
 
 private:
+    void stopFadeIn();
+
     HostServices *m_host;
     std::unique_ptr<JS_Mediator_Dialog, PageObjectOwner> m_mediator;
     std::vector<std::unique_ptr<JS_Mediator, PageObjectOwner>> m_extraMediators;
@@ -70,4 +74,5 @@ private:
     bool m_refreshOnLoad = true;
     bool m_closing = false;
     std::unique_ptr<DeterUpdateScope> m_heldWhileLoading;
+    QPointer<QPropertyAnimation> m_fadeIn; ///< child, null when it has ended
 };

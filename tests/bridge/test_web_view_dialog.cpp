@@ -49,6 +49,7 @@ private slots:
     void reloadHoldsRefreshesBackOnce();
     void pageCallsSlotsWhileItsDialogCloses();
     void dialogsOpenFromInsideSlots();
+    void reloadEndsTheFadeInOfThePageBefore();
     void deleteLaterFromScriptDeletesNothing();
     void deferredUpdatesEndWithTheLoad();
     void centredWithoutMainWidget();
@@ -673,6 +674,20 @@ void TestWebViewDialog::dialogsOpenFromInsideSlots()
     QVERIFY(dialog.isVisible());
     QCOMPARE(page.call("bridge.getPrefInt('a/b', 4)"), QStringLiteral("4"));
     QCOMPARE(host.deterrals(), 0);
+}
+
+// A page that is slow to come again: longer than the fade-in that had begun before.
+void TestWebViewDialog::reloadEndsTheFadeInOfThePageBefore()
+{
+    DialogPage shown;
+    QTRY_VERIFY(shown.dialog.windowOpacity() > 0.0);
+    QVERIFY(shown.dialog.windowOpacity() < 1.0);
+    emit shown.dialog.webView()->loadStarted();
+    QCOMPARE(shown.dialog.windowOpacity(), 0.0);
+    QTest::qWait(600);
+    QCOMPARE(shown.dialog.windowOpacity(), 0.0);
+    emit shown.dialog.webView()->loadFinished(true);
+    QTRY_COMPARE(shown.dialog.windowOpacity(), 1.0);
 }
 
 void TestWebViewDialog::deleteLaterFromScriptDeletesNothing()
