@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QWebFrame>
 
+#include <utility>
+
 namespace {
 
 // Called with the names of the signals and the number of the page; false in a page that is guarded
@@ -18,6 +20,9 @@ const char *const Script =
 
 // By this name it is found, another copy of this class too.
 const QLatin1String OwnName("orvixPageHandlers");
+
+// What the engine makes for each handler. It has this name, but no type that C++ could ask for.
+const char *const EngineConnection = "JSC::Bindings::QtConnectionObject";
 
 // Script text of the names of all signals. By its signature a page gets another function object,
 // for which it has no use but where signals share a name.
@@ -51,6 +56,7 @@ void PageHandlers::guard(QWebFrame *frame, QObject *object)
     }
     auto *handlers = new PageHandlers(frame, object);
     connect(frame, &QWebFrame::javaScriptWindowObjectCleared, handlers, &PageHandlers::install);
+    connect(frame, &QObject::destroyed, handlers, &PageHandlers::leave);
     if (!frame->url().isEmpty()) // else the first page is still to come
         handlers->install();
 }
@@ -71,11 +77,36 @@ bool PageHandlers::event(QEvent *event)
 
 void PageHandlers::install()
 {
+    disconnectPage();
     const int page = m_pageNumber + 1;
     m_frame->addToJavaScriptWindowObject(QLatin1String("__pageHandlers"), this);
     m_frame->addToJavaScriptWindowObject(QLatin1String("__pageObject"), parent());
     if (m_frame->evaluateJavaScript(m_script + QString::number(page) + QLatin1Char(')')).toBool())
         m_pageNumber = page;
+}
+
+// The engine keeps what connects a signal to a handler as a child of the object that signals, until
+// the page disconnects or the object goes; and with it the page.
+void PageHandlers::connected()
+{
+    QObject *newest = parent()->children().constLast();
+    if (qstrcmp(newest->metaObject()->className(), EngineConnection) != 0)
+        return;
+    m_connections.removeAll(nullptr);
+    if (!m_connections.contains(newest))
+        m_connections.append(newest);
+}
+
+void PageHandlers::disconnectPage()
+{
+    for (const auto &connection : std::exchange(m_connections, {}))
+        delete connection;
+}
+
+void PageHandlers::leave()
+{
+    disconnectPage();
+    delete this;
 }
 
 void PageHandlers::failed(const QString &error)

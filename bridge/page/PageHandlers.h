@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QVector>
 #include <QWebFrame>
 
 /// Catches what a page's handlers of an object's signals throw.
@@ -10,8 +11,9 @@
 /// The engine loses such a failure, and ends the process when no script is on the stack. It also
 /// keeps the handlers of a page that has been left. So each signal's connect(), as the page sees
 /// it, is exchanged for one that puts a catch around the handler: a failure is logged by "[SCRIPT]"
-/// at critical level, the page goes on, and handlers end with their page. A page connects and
-/// disconnects as ever. Owned by the object. GUI thread.
+/// at critical level, the page goes on, and handlers end with their page, the engine's connections
+/// too. A page connects and disconnects as ever. Owned by the object; goes with the frame. GUI
+/// thread.
 class PageHandlers : public QObject
 {
     Q_OBJECT
@@ -34,12 +36,18 @@ public:
 public slots:
     void failed(const QString &error);
 
+    /// The page has just connected a handler. Without one it changes nothing.
+    void connected();
+
 private:
     PageHandlers(QWebFrame *frame, QObject *object);
 
     void install();
+    void disconnectPage();
+    void leave();
 
     QPointer<QWebFrame> m_frame;
-    QString m_script; ///< without the page's number
+    QVector<QPointer<QObject>> m_connections; ///< the engine's, children of the object
+    QString m_script;                         ///< without the page's number
     int m_pageNumber = 0;
 };

@@ -57,6 +57,7 @@
             to.caught = caught(to.handler);
             forward(native.connect, to);
             known.push(to);
+            handlers.connected();
         };
         signal.disconnect = function () {
             var to = split(arguments);

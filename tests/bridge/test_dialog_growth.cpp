@@ -1,18 +1,21 @@
 #include "bridge/dialog/GUI_MarqueeProgressDialog.h"
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "bridge/dialog/GUI_SyncProgress.h"
+#include "bridge/mediator/PageSignal.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "plugin/PLG_Common.h"
 #include "tests/bridge/support/DialogPage.h"
+#include "tests/support/MemoryUse.h"
 #include "tests/support/ObjectCount.h"
 #include "tests/support/TestLog.h"
 
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 
-// Dialogs that are opened and closed a hundred times leave nothing behind.
+// Dialogs and pages that are opened and closed a hundred times leave nothing behind.
 
 using Cycle = std::function<void(StandInHost &)>;
 Q_DECLARE_METATYPE(Cycle)
@@ -24,6 +27,8 @@ class TestDialogGrowth : public TestBase
 private slots:
     void nothingGrows_data();
     void nothingGrows();
+    void memoryStays_data();
+    void memoryStays();
     void countNoticesALostObject();
 };
 
@@ -31,6 +36,12 @@ namespace {
 
 constexpr int Warming = 10;
 constexpr int Openings = 100;
+constexpr int ManyOpenings = 400;
+constexpr int SignalsPerCycle = 250; // 100,000 in many openings
+
+// What pages may leave behind beside bare views, in megabytes.
+constexpr double MostHeap = 0.5;
+constexpr double MostResident = 2.0;
 
 const QString Calls = QStringLiteral("qrc:/pages/calls.html");
 const QString Connect = QStringLiteral(
@@ -50,6 +61,105 @@ void execAndClose(GUI_WebViewDialog &dialog, const QString &way)
         });
     });
     dialog.exec();
+}
+
+// A page as a tool's panel shows it, of a mediator that lives longer than many of them.
+struct ShownPage
+{
+    ShownPage(StandInHost &host, JS_Mediator &mediator) : view(&host, nullptr), page(&view)
+    {
+        host.attachMediator(&view, &mediator);
+        view.resize(300, 200);
+        view.show();
+        view.load(QUrl(Calls));
+        page.waitLoaded();
+        page.evaluate(Connect);
+    }
+
+    GUI_WebView view;
+    PageProbe page;
+};
+
+void signal(JS_Mediator &mediator)
+{
+    PageSignal::send(&mediator, [&] { emit mediator.update(); });
+}
+
+using Mediator = std::shared_ptr<JS_Mediator_Dialog>;
+
+// The cycle gets a mediator, the same one each time.
+template <class Body> Cycle withMediator(Body body)
+{
+    return [body, mediator = Mediator()](StandInHost &host) mutable {
+        if (!mediator)
+            mediator = std::make_shared<JS_Mediator_Dialog>(&host, QStringLiteral("bridge"));
+        body(host, *mediator);
+    };
+}
+
+Cycle panelCycle()
+{
+    return withMediator([](StandInHost &host, JS_Mediator &mediator) {
+        const ShownPage shown(host, mediator);
+        signal(mediator);
+    });
+}
+
+// The cycle gets a page that stays.
+template <class Body> Cycle withPage(Body body)
+{
+    return withMediator([body, shown = std::shared_ptr<ShownPage>()](
+                            StandInHost &host, JS_Mediator &mediator) mutable {
+        if (!shown)
+            shown = std::make_shared<ShownPage>(host, mediator);
+        body(host, mediator, *shown);
+    });
+}
+
+Cycle reloadCycle()
+{
+    return withPage([](StandInHost &, JS_Mediator &mediator, ShownPage &shown) {
+        shown.view.reload();
+        shown.page.waitLoaded();
+        shown.page.evaluate(Connect);
+        signal(mediator);
+    });
+}
+
+Cycle secondViewCycle()
+{
+    return withPage([](StandInHost &host, JS_Mediator &mediator, ShownPage &) {
+        const ShownPage second(host, mediator);
+        signal(mediator);
+    });
+}
+
+Cycle signalCycle()
+{
+    return withPage([](StandInHost &, JS_Mediator &mediator, ShownPage &) {
+        for (int i = 0; i < SignalsPerCycle; ++i)
+            signal(mediator);
+    });
+}
+
+// The engine alone.
+void showBareView(StandInHost &)
+{
+    QWebView view;
+    PageProbe page(&view);
+    view.resize(300, 200);
+    view.show();
+    view.load(QUrl(Calls));
+    page.waitLoaded();
+}
+
+MemoryUse growthOf(const Cycle &cycle, StandInHost &host)
+{
+    const MemoryUse before = MemoryUse::now();
+    for (int i = 0; i < ManyOpenings; ++i)
+        cycle(host);
+    const MemoryUse after = MemoryUse::now();
+    return {after.heap - before.heap, after.resident - before.resident};
 }
 
 class DialogTool : public PLG_Common
@@ -130,6 +240,10 @@ void TestDialogGrowth::nothingGrows_data()
         page.evaluate("bridge.reject()");
         host.removePlugin(&tool);
     });
+    QTest::newRow("panel") << panelCycle();
+    QTest::newRow("reload") << reloadCycle();
+    QTest::newRow("second view") << secondViewCycle();
+    QTest::newRow("signals") << signalCycle();
     QTest::newRow("select box") << Cycle([](StandInHost &host) {
         GUI_SelectBox box(&host);
         PageProbe page(box.webView());
@@ -163,6 +277,42 @@ void TestDialogGrowth::nothingGrows()
     QCOMPARE(count.live(), 0);
     QCOMPARE(host.deterrals(), 0);
     QCOMPARE(host.state().openDialogs, 0);
+}
+
+void TestDialogGrowth::memoryStays_data()
+{
+    QTest::addColumn<Cycle>("cycle");
+    QTest::newRow("panel") << panelCycle();
+    QTest::newRow("reload") << reloadCycle();
+    QTest::newRow("second view") << secondViewCycle();
+    QTest::newRow("100,000 signals") << signalCycle();
+}
+
+void TestDialogGrowth::memoryStays()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("the sanitizer keeps the heap");
+#endif
+    QFETCH(Cycle, cycle);
+    StandInHost host;
+    host.setJournalEnabled(false);
+    for (int i = 0; i < Warming; ++i) {
+        showBareView(host);
+        cycle(host);
+    }
+    growthOf(showBareView, host); // the engine's own pools
+    const MemoryUse bare = growthOf(showBareView, host);
+    for (int i = 0; i < ManyOpenings; ++i)
+        cycle(host);
+    ObjectCount::settle();
+    const ObjectCount count;
+    const MemoryUse ours = growthOf(cycle, host);
+    qInfo("%s: %d objects, heap %.2f MB (bare views %.2f), resident %.2f MB (%.2f)",
+          QTest::currentDataTag(), count.live(), ours.heap, bare.heap, ours.resident,
+          bare.resident);
+    QCOMPARE(count.live(), 0);
+    QVERIFY(ours.heap - bare.heap <= MostHeap);
+    QVERIFY(ours.resident - bare.resident <= MostResident);
 }
 
 void TestDialogGrowth::countNoticesALostObject()

@@ -27,9 +27,19 @@ private slots:
     void badConnectionFailsAsEver_data();
     void badConnectionFailsAsEver();
     void argumentsArrive();
+    void emissionMeetsLivingHandlersOnly_data();
+    void emissionMeetsLivingHandlersOnly();
+    void pageMayDisconnectWhatItConnected();
 };
 
 namespace {
+
+class CountedMediator : public JS_Mediator
+{
+public:
+    explicit CountedMediator(HostServices *host) : JS_Mediator(host, QStringLiteral("bridge")) {}
+    using QObject::receivers;
+};
 
 const QString Throwing = QStringLiteral("function () { throw new Error('no element'); }");
 
@@ -276,6 +286,62 @@ void TestPageHandlers::argumentsArrive()
                         "    heard = name + arguments.length; })");
     shown.mediator->setObjectName(QStringLiteral("other"));
     QCOMPARE(shown.page.evaluate("heard").toString(), QStringLiteral("other1"));
+}
+
+void TestPageHandlers::emissionMeetsLivingHandlersOnly_data()
+{
+    QTest::addColumn<bool>("reloads");
+    QTest::newRow("views") << false;
+    QTest::newRow("reloads") << true;
+}
+
+// A mediator that lives longer than its pages, as that of a tool with a panel.
+void TestPageHandlers::emissionMeetsLivingHandlersOnly()
+{
+    QFETCH(bool, reloads);
+    StandInHost host;
+    CountedMediator mediator(&host);
+    std::unique_ptr<GUI_WebView> view;
+    for (int i = 0; i < 40; ++i) {
+        const bool makes = !reloads || !view;
+        if (makes) {
+            view = std::make_unique<GUI_WebView>(&host, nullptr);
+            host.attachMediator(view.get(), &mediator);
+        }
+        PageProbe page(view.get());
+        if (makes)
+            view->load(QUrl(QStringLiteral("qrc:/pages/calls.html")));
+        else
+            view->reload();
+        QVERIFY(page.waitLoaded());
+        page.evaluate("bridge.update.connect(function () { bridge.hideSelectBox(); });"
+                      "bridge.update.connect(bridge, function () {});"
+                      "bridge.open.connect(function () {})");
+        QCOMPARE(mediator.receivers(SIGNAL(update())), 2);
+        QCOMPARE(mediator.receivers(SIGNAL(open())), 1);
+        QCOMPARE(mediator.findChildren<PageHandlers *>().size(), 1);
+    }
+    host.clearJournal();
+    emit mediator.update();
+    QCOMPARE(host.commands(), QStringList({"hideSelectBox()"}));
+    view.reset();
+    QCOMPARE(mediator.receivers(SIGNAL(update())), 0);
+    QCOMPARE(mediator.children().size(), 0);
+}
+
+void TestPageHandlers::pageMayDisconnectWhatItConnected()
+{
+    StandInHost host;
+    CountedMediator mediator(&host);
+    auto view = std::make_unique<GUI_WebView>(&host, nullptr);
+    host.attachMediator(view.get(), &mediator);
+    PageProbe page(view.get());
+    view->load(QUrl(QStringLiteral("qrc:/pages/calls.html")));
+    QVERIFY(page.waitLoaded());
+    page.evaluate("function h() {} for (var i = 0; i < 100; ++i) {"
+                  "    bridge.update.connect(h); bridge.update.disconnect(h); }"
+                  "bridge.update.connect(h)");
+    QCOMPARE(mediator.receivers(SIGNAL(update())), 1);
 }
 
 int main(int argc, char **argv)
