@@ -240,11 +240,12 @@ public:
     /// Tells where the pointer is, in image coordinates. For: region editing.
     virtual void reportCursorPosition(const QPoint &pos) = 0;
 
-    /// View to image; the result lies inside the image. The flag is passed as true. For: region
-    /// editing.
+    /// View to image; the result lies inside the image. View coordinates are those of the picture
+    /// as it is seen, turned and flipped, but neither zoomed nor scrolled. The flag is passed as
+    /// true. For: region editing.
     virtual QPoint mapPoint(const QPoint &pos, bool) = 0;
 
-    /// Image to view. For: region editing.
+    /// Image to view, as for mapPoint(). For: region editing.
     virtual QRect mapRect(const QRect &rect) = 0;
 
     /// Whether a rotation by 90 or 270 degrees swaps the sides of the image. For: region editing.
@@ -411,7 +412,7 @@ public:
     /// Whether the view is flipped top to bottom. For: region editing.
     virtual bool isFlippedVertically() = 0;
 
-    /// View pixels per image pixel, above 0. The flag is passed as true. For: region editing.
+    /// Screen pixels per image pixel, above 0. The flag is passed as true. For: region editing.
     virtual float viewScale(bool) = 0;
 
     /// Exponent of the binning: 0, 1, 2 mean 1, 2, 4. For: region editing.

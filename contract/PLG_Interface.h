@@ -144,10 +144,12 @@ public:
     /// Forgets the widget that shows the tool's own drawing.
     virtual void clearViewWidget() = 0;
 
-    /// The widget that shows the tool's own drawing; may be null.
+    /// The widget that shows the tool's own drawing; may be null. The host lays it over the picture
+    /// as large as that is shown: viewScale() pixels of it for each of view coordinates.
     virtual QWidget *viewWidget() = 0;
 
-    /// A mouse button went down on the document's picture, in view coordinates.
+    /// A mouse button went down on the document's picture. View coordinates are those of the
+    /// picture as it is seen, turned and flipped, but neither zoomed nor scrolled.
     virtual void onMousePress(const QPoint &pos, int docId) = 0;
 
     /// Hook of the mouse.

@@ -37,7 +37,12 @@ void GUI_RegionOverlay::paintEvent(QPaintEvent *)
     painter.drawRect(shown.adjusted(0, 0, -1, -1));
     painter.setBrush(QColor(0xffd23c));
     painter.setPen(Qt::black);
-    for (const QPoint &point : handlePoints(shown))
-        painter.drawRect(QRect(point - QPoint(HandleSize / 2, HandleSize / 2),
-                               QSize(HandleSize - 1, HandleSize - 1)));
+    // At a border of the picture a handle is drawn inside it, whole.
+    constexpr int Half = HandleSize / 2;
+    const QRect room = rect().adjusted(Half, Half, -Half, -Half);
+    for (const QPoint &point : handlePoints(shown)) {
+        const QPoint middle(qBound(room.left(), point.x(), room.right()),
+                            qBound(room.top(), point.y(), room.bottom()));
+        painter.drawRect(QRect(middle - QPoint(Half, Half), QSize(HandleSize - 1, HandleSize - 1)));
+    }
 }

@@ -10,6 +10,8 @@
 #include "contract/HostValues.h"
 #include "plugin/region/RegionGeometry.h"
 
+#include <cmath>
+
 namespace {
 
 constexpr int NoLimit = 65535;
@@ -28,6 +30,19 @@ QRect scaledTo(const QRect &rect, const QSize &from, const QSize &to)
                       scaled(rect.bottom() + 1, from.height(), to.height()) - 1);
     const QRect result(first, last);
     return QRect(first, result.size().expandedTo(QSize(1, 1)));
+}
+
+// The first and the last pixel of the drawing that an area covers; the scale is a float.
+constexpr double Noise = 1e-3;
+
+int pixelFrom(double edge)
+{
+    return int(std::floor(edge + Noise));
+}
+
+int pixelTo(double edge)
+{
+    return int(std::ceil(edge - Noise)) - 1;
 }
 
 // The base counts in the picture as it is turned in its view, the panel in image pixels.
@@ -255,7 +270,14 @@ QRect PLG_region::shownRegion()
 {
     return guarded(m_host, QRect(), [&] {
         DOC_Interface *doc = m_host->currentDocument();
-        return doc && editsRegion(doc) ? doc->mapRect(region(doc)) : QRect();
+        if (!doc || !editsRegion(doc))
+            return QRect();
+        const QRect rect = doc->mapRect(region(doc));
+        const double scale = double(doc->viewScale(true));
+        const QPoint first(pixelFrom(rect.left() * scale), pixelFrom(rect.top() * scale));
+        const QPoint last(pixelTo((rect.right() + 1) * scale),
+                          pixelTo((rect.bottom() + 1) * scale));
+        return QRect(first, last);
     });
 }
 

@@ -55,7 +55,8 @@ public:
     /// Sets "Width", "Height", "PosX" or "PosY" of the current camera's region, within the options.
     void editValue(const QString &name, int value);
 
-    /// The current camera's region in the view; empty when there is none.
+    /// The current camera's region in pixels of the drawing over its picture; empty when there is
+    /// none.
     QRect shownRegion();
 
 public slots:

@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QHash>
 #include <QPixmap>
+#include <QPoint>
 #include <QSet>
 #include <QSize>
 #include <QVariant>
@@ -92,8 +93,9 @@ struct DocViewState
     QPoint cursorPosition; ///< reported last
     bool hasImageFormat = true;
     ImageFormat imageFormat;
-    double zoom = 0.0; ///< view pixels per sensor pixel; 0 or less: fit to the view
-    QSize viewSize;    ///< of the view that shows the document, view pixels; empty when not shown
+    double zoom = 0.0; ///< screen pixels per sensor pixel; 0 or less: fit to the view
+    QSize viewSize;    ///< of the widget that shows the document; empty when not shown
+    QPoint scroll;     ///< of the picture from the middle of its view, screen pixels
 };
 
 struct DocCameraState

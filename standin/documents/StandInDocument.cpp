@@ -5,6 +5,17 @@
 
 #include <QtDebug>
 
+namespace {
+
+// Where a picture begins in its view: in the middle, or so that no side of the view stays empty.
+int scrolledTo(int view, int shown, int scroll)
+{
+    const int middle = (view - shown) / 2;
+    return shown <= view ? middle : qBound(view - shown, middle + scroll, 0);
+}
+
+}
+
 StandInDocument::StandInDocument(DocumentOwner &owner, DOCKEY key)
     : m_owner(owner), m_journal(owner.callJournal()), m_key(key),
       m_journalName(QLatin1Char('[') + QString::number(key) + QLatin1Char(']')), m_heads(*this)
@@ -44,8 +55,9 @@ ViewGeometry StandInDocument::geometry() const
                                         : ViewGeometry::fittingScale(turned, m_state.viewSize);
     if (!m_state.viewSize.isEmpty()) {
         const QSize shown = (QSizeF(turned) * geometry.scale).toSize();
-        geometry.origin = QPoint((m_state.viewSize.width() - shown.width()) / 2,
-                                 (m_state.viewSize.height() - shown.height()) / 2);
+        geometry.origin =
+            QPoint(scrolledTo(m_state.viewSize.width(), shown.width(), m_state.scroll.x()),
+                   scrolledTo(m_state.viewSize.height(), shown.height(), m_state.scroll.y()));
     }
     return geometry;
 }
@@ -75,6 +87,17 @@ void StandInDocument::setViewSize(const QSize &size)
         return;
     m_state.viewSize = size;
     emit m_owner.events()->viewChanged(m_key);
+}
+
+void StandInDocument::scrollBy(const QPoint &way)
+{
+    const QPoint before = geometry().origin;
+    m_state.scroll = QPoint();
+    const QPoint middle = geometry().origin;
+    m_state.scroll = before + way - middle;
+    m_state.scroll = geometry().origin - middle; // what there is room for
+    if (geometry().origin != before)
+        emit m_owner.events()->viewChanged(m_key);
 }
 
 void StandInDocument::setBinningLevel(int exponent)

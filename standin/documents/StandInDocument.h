@@ -73,8 +73,11 @@ public:
     void setFlips(bool horizontal, bool vertical);
     void setZoom(double zoom);
 
-    /// Size of the view that shows it, in view pixels.
+    /// Size of the widget that shows it, in screen pixels.
     void setViewSize(const QSize &size);
+
+    /// Moves a picture that is larger than its view, by screen pixels and as far as there is room.
+    void scrollBy(const QPoint &way);
 
     /// Exponent of the binning: 0, 1, 2 mean 1, 2, 4.
     void setBinningLevel(int exponent);

@@ -9,11 +9,23 @@ namespace {
 constexpr double Noise = 1e-6;
 
 // A rectangle far outside of any picture still has a width that fits into an int.
+constexpr qint64 Far = 1000000000;
+
 int viewPixel(double coordinate)
 {
-    constexpr double Far = 1e9;
-    return std::isnan(coordinate) ? 0 : int(std::clamp(coordinate, -Far, Far));
+    return std::isnan(coordinate) ? 0 : int(std::clamp(coordinate, double(-Far), double(Far)));
 }
+
+// Two edges between pixels, in any order.
+struct Edges
+{
+    qint64 one;
+    qint64 other;
+
+    Edges mirrored(qint64 size) const { return {size - one, size - other}; }
+    int first() const { return int(std::clamp(std::min(one, other), -Far, Far)); }
+    int last() const { return int(std::clamp(std::max(one, other) - 1, -Far, Far)); }
+};
 
 int normalized(int quarterTurns)
 {
@@ -60,14 +72,78 @@ QTransform ViewGeometry::transform() const
 
 QPoint ViewGeometry::toImage(const QPoint &viewPoint) const
 {
-    const QPointF point = transform().inverted().map(QPointF(viewPoint) + QPointF(0.5, 0.5));
-    const double right = std::max(0, picture.width() - 1);
-    const double bottom = std::max(0, picture.height() - 1);
-    return QPoint(int(std::clamp(std::floor(point.x()), 0.0, right)),
-                  int(std::clamp(std::floor(point.y()), 0.0, bottom)));
+    const QSize turned = turnedSize();
+    const qint64 acrossView = viewPoint.x();
+    const qint64 downView = viewPoint.y();
+    const qint64 across = flippedHorizontally ? turned.width() - 1 - acrossView : acrossView;
+    const qint64 down = flippedVertically ? turned.height() - 1 - downView : downView;
+    const qint64 right = picture.width() - 1;
+    const qint64 bottom = picture.height() - 1;
+    qint64 x = across;
+    qint64 y = down;
+    switch (normalized(quarterTurns)) {
+    case 1:
+        x = down;
+        y = bottom - across;
+        break;
+    case 2:
+        x = right - across;
+        y = bottom - down;
+        break;
+    case 3:
+        x = right - down;
+        y = across;
+        break;
+    default:
+        break;
+    }
+    return QPoint(int(std::clamp<qint64>(x, 0, std::max<qint64>(0, right))),
+                  int(std::clamp<qint64>(y, 0, std::max<qint64>(0, bottom))));
 }
 
 QRect ViewGeometry::toView(const QRect &imageRect) const
+{
+    // The edges between pixels, where an empty rectangle stays empty.
+    const qint64 left = imageRect.left();
+    const qint64 top = imageRect.top();
+    const qint64 right = qint64(imageRect.right()) + 1;
+    const qint64 bottom = qint64(imageRect.bottom()) + 1;
+    const qint64 width = picture.width();
+    const qint64 height = picture.height();
+    Edges across{left, right};
+    Edges down{top, bottom};
+    switch (normalized(quarterTurns)) {
+    case 1:
+        across = {height - top, height - bottom};
+        down = {left, right};
+        break;
+    case 2:
+        across = {width - left, width - right};
+        down = {height - top, height - bottom};
+        break;
+    case 3:
+        across = {top, bottom};
+        down = {width - left, width - right};
+        break;
+    default:
+        break;
+    }
+    const QSize turned = turnedSize();
+    if (flippedHorizontally)
+        across = across.mirrored(turned.width());
+    if (flippedVertically)
+        down = down.mirrored(turned.height());
+    return QRect(QPoint(across.first(), down.first()), QPoint(across.last(), down.last()));
+}
+
+QPoint ViewGeometry::fromScreen(const QPoint &screenPoint) const
+{
+    const QPointF point = QPointF(screenPoint - origin) / scale;
+    return QPoint(viewPixel(std::floor(point.x() + Noise)),
+                  viewPixel(std::floor(point.y() + Noise)));
+}
+
+QRect ViewGeometry::toScreen(const QRect &imageRect) const
 {
     const QRectF area = transform().mapRect(QRectF(
         QPointF(imageRect.topLeft()), QPointF(imageRect.right() + 1.0, imageRect.bottom() + 1.0)));

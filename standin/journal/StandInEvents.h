@@ -17,7 +17,7 @@ signals:
     void modeChanged(int mode); ///< 0 live, 1 memory, 2 file
     void lockChanged(bool locked);
     void cameraSettingsChanged(DOCKEY key); ///< shutter, record rate or region
-    void viewChanged(DOCKEY key);           ///< rotation, flips, zoom, binning
+    void viewChanged(DOCKEY key);           ///< rotation, flips, zoom, scroll, binning
     void documentRefreshed(DOCKEY key);     ///< the picture shall be drawn anew
     void documentInfoChanged();
     void livePauseChanged(int balance);

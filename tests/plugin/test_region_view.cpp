@@ -33,7 +33,7 @@ struct Turned
     bool vertically;
 };
 
-// Middle of an image pixel in the view: turned clockwise, then flipped as it is seen.
+// An image pixel in the view, which is not zoomed: turned clockwise, then flipped as it is seen.
 QPoint inView(const QPoint &pixel, const Turned &view)
 {
     double x = pixel.x() + 0.5;
@@ -50,7 +50,7 @@ QPoint inView(const QPoint &pixel, const Turned &view)
         x = width - x;
     if (view.vertically)
         y = height - y;
-    return QPoint(int(x * Zoom), int(y * Zoom));
+    return QPoint(int(x), int(y));
 }
 
 StandInCamera *addTurnedCamera(StandInHost &host, const Turned &view)
@@ -143,10 +143,10 @@ void TestRegionView::arrowsMoveAsTheyPoint()
     RegionTool tool(host);
     const QRect start = corners(80, 60, 199, 159);
     const QPoint seen = camera->mapRect(start).topLeft();
-    const QList<QPair<int, QPoint>> arrows{{Qt::Key_Left, QPoint(-2, 0)},
-                                           {Qt::Key_Up, QPoint(0, -2)},
-                                           {Qt::Key_Right, QPoint(2, 0)},
-                                           {Qt::Key_Down, QPoint(0, 2)}};
+    const QList<QPair<int, QPoint>> arrows{{Qt::Key_Left, QPoint(-1, 0)},
+                                           {Qt::Key_Up, QPoint(0, -1)},
+                                           {Qt::Key_Right, QPoint(1, 0)},
+                                           {Qt::Key_Down, QPoint(0, 1)}};
     for (const auto &arrow : arrows) {
         tool.rect = start;
         QKeyEvent event(QEvent::KeyPress, arrow.first, Qt::NoModifier);

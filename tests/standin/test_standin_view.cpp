@@ -19,7 +19,10 @@ private slots:
     void mapsBackEveryPixel();
     void mapPointStaysInside_data();
     void mapPointStaysInside();
-    void mapsRectanglesAtScale();
+    void mapsRectanglesAtAnyScale();
+    void emptyRectanglesStayEmpty();
+    void takesZoomAndPlaceFromAScreenPixel_data();
+    void takesZoomAndPlaceFromAScreenPixel();
     void mapsRectanglesFarOutsideOfAnyPicture();
     void transposedAtQuarterTurns();
     void rotationIsAFractionOfATurn();
@@ -143,19 +146,71 @@ void TestStandInView::mapPointStaysInside()
     QCOMPARE(addCamera(host, QSize(40, 20))->mapPoint(view, true), image);
 }
 
-void TestStandInView::mapsRectanglesAtScale()
+// What a tool is told does not depend on zoom and place, what is drawn does.
+void TestStandInView::mapsRectanglesAtAnyScale()
 {
     StandInHost host;
     StandInCamera *camera = addCamera(host, QSize(40, 20));
+    for (double zoom : {0.5, 1.0, 2.0, 8.0}) {
+        camera->setZoom(zoom);
+        camera->setQuarterTurns(0);
+        QCOMPARE(camera->mapRect(QRect(3, 4, 5, 6)), QRect(3, 4, 5, 6));
+        camera->setQuarterTurns(1); // 20 wide, 40 high
+        QCOMPARE(camera->mapRect(QRect(3, 4, 5, 6)), QRect(20 - 10, 3, 6, 5));
+    }
     camera->setZoom(2.0);
-    QCOMPARE(camera->mapRect(QRect(3, 4, 5, 6)), QRect(6, 8, 10, 12));
-    camera->setQuarterTurns(1); // 20 wide, 40 high
-    QCOMPARE(camera->mapRect(QRect(3, 4, 5, 6)), QRect(2 * (20 - 10), 6, 12, 10));
-    camera->setZoom(0.5);
+    QCOMPARE(camera->geometry().toScreen(QRect(3, 4, 5, 6)), QRect(2 * (20 - 10), 6, 12, 10));
     camera->setQuarterTurns(0);
-    QCOMPARE(camera->mapRect(QRect(4, 4, 8, 4)), QRect(2, 2, 4, 2));
-    QCOMPARE(camera->mapRect(QRect(4, 4, 1, 1)), QRect(2, 2, 1, 1)); // never empty
-    QCOMPARE(camera->mapRect(QRect(5, 5, 1, 1)), QRect(2, 2, 1, 1));
+    QCOMPARE(camera->geometry().toScreen(QRect(3, 4, 5, 6)), QRect(6, 8, 10, 12));
+    camera->setZoom(0.5);
+    QCOMPARE(camera->geometry().toScreen(QRect(4, 4, 8, 4)), QRect(2, 2, 4, 2));
+    QCOMPARE(camera->geometry().toScreen(QRect(4, 4, 1, 1)), QRect(2, 2, 1, 1)); // never empty
+    QCOMPARE(camera->geometry().toScreen(QRect(5, 5, 1, 1)), QRect(2, 2, 1, 1));
+}
+
+void TestStandInView::emptyRectanglesStayEmpty()
+{
+    StandInHost host;
+    StandInCamera *camera = addCamera(host, QSize(40, 20));
+    for (int way = 0; way < 16; ++way) {
+        camera->setQuarterTurns(way / 4);
+        camera->setFlips(way & 1, way & 2);
+        QVERIFY(camera->mapRect(QRect(QPoint(0, 0), QPoint(-1, -1))).isEmpty());
+        QVERIFY(camera->mapRect(QRect(5, 6, 0, 3)).isEmpty());
+    }
+}
+
+void TestStandInView::takesZoomAndPlaceFromAScreenPixel_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<QPoint>("origin");
+    QTest::addColumn<QPoint>("screen");
+    QTest::addColumn<QPoint>("view");
+    QTest::newRow("as it is") << 1.0 << QPoint() << QPoint(7, 9) << QPoint(7, 9);
+    QTest::newRow("first of eight") << 8.0 << QPoint() << QPoint(16, 24) << QPoint(2, 3);
+    QTest::newRow("last of eight") << 8.0 << QPoint() << QPoint(23, 31) << QPoint(2, 3);
+    QTest::newRow("half the size") << 0.5 << QPoint() << QPoint(3, 4) << QPoint(6, 8);
+    QTest::newRow("with a margin") << 1.0 << QPoint(100, 50) << QPoint(107, 59) << QPoint(7, 9);
+    QTest::newRow("scrolled") << 8.0 << QPoint(-160, -8) << QPoint(0, 0) << QPoint(20, 1);
+    QTest::newRow("beside it") << 8.0 << QPoint(100, 50) << QPoint(99, 49) << QPoint(-1, -1);
+    QTest::newRow("a scale that is no whole number")
+        << 2.5 << QPoint() << QPoint(4, 5) << QPoint(1, 2);
+    QTest::newRow("a scale that rounds") << 0.1 << QPoint() << QPoint(3, 6) << QPoint(30, 60);
+}
+
+void TestStandInView::takesZoomAndPlaceFromAScreenPixel()
+{
+    QFETCH(double, scale);
+    QFETCH(QPoint, origin);
+    QFETCH(QPoint, screen);
+    ViewGeometry geometry;
+    geometry.picture = QSize(640, 480);
+    geometry.scale = scale;
+    geometry.origin = origin;
+    QTEST(geometry.fromScreen(screen), "view");
+    geometry.quarterTurns = 3; // the picture as it is seen, however that is
+    geometry.flippedVertically = true;
+    QTEST(geometry.fromScreen(screen), "view");
 }
 
 void TestStandInView::mapsRectanglesFarOutsideOfAnyPicture()
@@ -166,10 +221,15 @@ void TestStandInView::mapsRectanglesFarOutsideOfAnyPicture()
     geometry.picture = QSize(640, 480);
     geometry.scale = 100.0;
     const QRect everything(QPoint(least, least), QPoint(most, most));
-    QCOMPARE(geometry.toView(everything),
-             QRect(QPoint(-1000000000, -1000000000), QPoint(1000000000, 1000000000)));
+    const QRect largest(QPoint(-1000000000, -1000000000), QPoint(1000000000, 1000000000));
+    QCOMPARE(geometry.toScreen(everything), largest);
+    for (int turns = 0; turns < 4; ++turns) {
+        geometry.quarterTurns = turns;
+        QCOMPARE(geometry.toView(everything), largest);
+        QCOMPARE(geometry.toImage(QPoint(least, most)).x() % 639, 0); // at a corner
+    }
     geometry.scale = 1e300;
-    QCOMPARE(geometry.toView(everything).topLeft(), QPoint(-1000000000, -1000000000));
+    QCOMPARE(geometry.toScreen(everything).topLeft(), QPoint(-1000000000, -1000000000));
 }
 
 void TestStandInView::transposedAtQuarterTurns()
@@ -234,7 +294,8 @@ void TestStandInView::binningKeepsTheSizeOnTheScreen()
     QCOMPARE(camera->imageSize(), QSize(100, 50));
     QCOMPARE(camera->frame(0).size(), QSize(100, 50));
     QCOMPARE(camera->viewScale(true), 6.0f);
-    QCOMPARE(camera->mapRect(QRect(0, 0, 100, 50)), QRect(0, 0, 600, 300));
+    QCOMPARE(camera->mapRect(QRect(0, 0, 100, 50)), QRect(0, 0, 100, 50));
+    QCOMPARE(camera->geometry().toScreen(QRect(0, 0, 100, 50)), QRect(0, 0, 600, 300));
     camera->setBinningLevel(1);
     QCOMPARE(camera->imageSize(), QSize(200, 100));
     QCOMPARE(camera->viewScale(true), 3.0f);
@@ -261,9 +322,11 @@ void TestStandInView::pictureIsCentredInItsView()
     StandInHost host;
     StandInCamera *camera = addCamera(host, QSize(400, 200));
     camera->setViewSize(QSize(200, 200));
-    QCOMPARE(camera->mapRect(QRect(0, 0, 400, 200)), QRect(0, 50, 200, 100));
-    QCOMPARE(camera->mapPoint(QPoint(0, 0), true), QPoint(1, 0)); // above the picture
-    QCOMPARE(camera->mapPoint(QPoint(100, 100), true), QPoint(201, 101));
+    QCOMPARE(camera->geometry().toScreen(QRect(0, 0, 400, 200)), QRect(0, 50, 200, 100));
+    QCOMPARE(camera->geometry().fromScreen(QPoint(0, 0)), QPoint(0, -100)); // above the picture
+    QCOMPARE(camera->geometry().fromScreen(QPoint(100, 100)), QPoint(200, 100));
+    QCOMPARE(camera->mapRect(QRect(0, 0, 400, 200)), QRect(0, 0, 400, 200));
+    QCOMPARE(camera->mapPoint(QPoint(0, -100), true), QPoint(0, 0));
 }
 
 void TestStandInView::drawnPictureLiesWhereItIsMapped()
@@ -283,7 +346,7 @@ void TestStandInView::drawnPictureLiesWhereItIsMapped()
         painter.setTransform(camera->geometry().transform());
         painter.drawImage(0, 0, picture);
         painter.end();
-        const QRect place = camera->mapRect(QRect(2, 3, 1, 1));
+        const QRect place = camera->geometry().toScreen(QRect(2, 3, 1, 1));
         for (int x = 0; x < 80; ++x) {
             for (int y = 0; y < 80; ++y)
                 QCOMPARE(view.pixelColor(x, y) == QColor(Qt::white), place.contains(x, y));
@@ -361,6 +424,9 @@ void TestStandInView::eventsTellOfChanges()
     camera->setViewSize(QSize(10, 10));
     camera->setViewSize(QSize(10, 10)); // as it is
     QCOMPARE(spy.count(), 5);
+    camera->scrollBy(QPoint(-3, 0));
+    camera->scrollBy(QPoint(0, 0));
+    QCOMPARE(spy.count(), 6);
 }
 
 void TestStandInView::sceneMovesFromFrameToFrame()

@@ -76,7 +76,7 @@ QRect TourSteps::regionInView() const
     StandInDocument *document = viewAt(0) ? m_host.document(viewAt(0)->key()) : nullptr;
     if (!tool || !document)
         return QRect();
-    return document->geometry().toView(tool->region(document->contract()));
+    return document->geometry().toScreen(tool->region(document->contract()));
 }
 
 void TourSteps::turnPicture(int quarterTurns, bool horizontally, bool vertically)

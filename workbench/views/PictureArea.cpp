@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QWheelEvent>
 
 PictureArea::PictureArea(StandInDocument &document, QWidget *parent)
     : QWidget(parent), m_document(document)
@@ -57,4 +58,14 @@ void PictureArea::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     m_document.setViewSize(size());
+}
+
+void PictureArea::wheelEvent(QWheelEvent *event)
+{
+    constexpr int AnglePerPixel = 2; // a notch of 120 moves by 60
+    const QPoint before = m_document.geometry().origin;
+    const QPoint way = event->angleDelta() / AnglePerPixel;
+    m_document.scrollBy(event->modifiers() & Qt::ShiftModifier ? way.transposed() : way);
+    // Where nothing moved the page around it may scroll.
+    event->setAccepted(m_document.geometry().origin != before);
 }

@@ -7,7 +7,8 @@ class StandInDocument;
 
 /// The picture of a document, turned, flipped and scaled as the document says, or a text where
 /// there is none. Of a camera that shows its whole sensor, what is not read is darker. It tells the
-/// document how large its view is.
+/// document how large its view is, and the wheel scrolls a picture that is larger, with Shift
+/// sideways.
 class PictureArea : public QWidget
 {
     Q_OBJECT
@@ -27,6 +28,7 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     StandInDocument &m_document;

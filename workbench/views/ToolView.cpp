@@ -148,9 +148,11 @@ void ToolView::place()
 {
     QWidget *drawing = nullptr;
     PictureArea *area = nullptr;
+    const StandInDocument *document = m_host.document(m_host.currentKey());
     if (m_tool) {
         guarded(&m_host, [&] { drawing = m_tool->viewWidget(); });
-        if (DocumentView *view = m_views.view(m_host.currentKey()))
+        DocumentView *view = document ? m_views.view(document->key()) : nullptr;
+        if (view)
             area = view->findChild<PictureArea *>();
     }
     if (!drawing || !area || drawing != m_drawing)
@@ -160,7 +162,7 @@ void ToolView::place()
     m_drawing = drawing;
     if (drawing->parentWidget() != area)
         drawing->setParent(area);
-    drawing->setGeometry(area->rect());
+    drawing->setGeometry(document->geometry().toScreen(QRect(QPoint(), document->pictureSize())));
     drawing->show();
     drawing->update();
 }
@@ -190,13 +192,14 @@ bool ToolView::handleMouse(PictureArea *area, QEvent *event)
         if (m_host.currentKey() != key)
             emit view->chosen(key);
         m_pressed = key;
-        guarded(&m_host, [&] { m_tool->onMousePress(mouse->pos(), docId); });
+        const QPoint pos = inView(key, mouse->pos());
+        guarded(&m_host, [&] { m_tool->onMousePress(pos, docId); });
         return true;
     }
     case QEvent::MouseMove: {
         if (m_pressed != NoDocKey ? m_pressed != key : !edits(key))
             return false;
-        const QPoint pos = static_cast<QMouseEvent *>(event)->pos();
+        const QPoint pos = inView(key, static_cast<QMouseEvent *>(event)->pos());
         guarded(&m_host, [&] { m_tool->onMouseMove(pos, docId); });
         recordChange();
         return true;
@@ -206,7 +209,8 @@ bool ToolView::handleMouse(PictureArea *area, QEvent *event)
         if (m_pressed != key || mouse->button() != Qt::LeftButton)
             return false;
         m_pressed = NoDocKey;
-        guarded(&m_host, [&] { m_tool->onMouseRelease(mouse->pos(), docId); });
+        const QPoint pos = inView(key, mouse->pos());
+        guarded(&m_host, [&] { m_tool->onMouseRelease(pos, docId); });
         dropEmptyStep();
         return true;
     }
@@ -242,6 +246,13 @@ bool ToolView::handleKey(QEvent *event)
     });
     recordChange();
     return true;
+}
+
+// A tool works on the picture as it is seen, neither zoomed nor scrolled.
+QPoint ToolView::inView(DOCKEY key, const QPoint &pos) const
+{
+    const StandInDocument *document = m_host.document(key);
+    return document ? document->geometry().fromScreen(pos) : m_tool->lastMousePosition();
 }
 
 bool ToolView::edits(DOCKEY key)

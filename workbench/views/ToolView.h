@@ -16,8 +16,9 @@ class StandInHost;
 class ViewArea;
 
 /// The tool whose panel is open, at work on the pictures: it gets the mouse and the arrow keys of
-/// the views in which it edits a region, and its own drawing lies over the view of the current
-/// document. Each change of its regions becomes an undo step; a drag is one.
+/// the views in which it edits a region, and its own drawing lies over the picture of the current
+/// document, as large as that is shown. Each change of its regions becomes an undo step; a drag is
+/// one.
 class ToolView : public QObject
 {
     Q_OBJECT
@@ -54,6 +55,7 @@ private:
     void takeDrawingAway();
     bool handleMouse(PictureArea *area, QEvent *event);
     bool handleKey(QEvent *event);
+    QPoint inView(DOCKEY key, const QPoint &pos) const;
     bool edits(DOCKEY key);
     void finishDrag();
     void dropEmptyStep();
