@@ -104,6 +104,7 @@ void PLG_region::activate()
 
 void PLG_region::onClosed()
 {
+    endDrag(); // what follows is no part of its undo macro
     const bool unanswered = m_open && m_transactionOpen;
     m_open = false;
     hideDialog();

@@ -23,7 +23,7 @@
 #include <memory>
 
 // The region tool on a picture that is turned, flipped, zoomed and scrolled: what lies under the
-// pointer on the screen is what moves in the picture,.
+// pointer on the screen is what moves in the picture, and what is typed stays in the range shown.
 class TestRegionViews : public TestBase
 {
     Q_OBJECT
@@ -43,6 +43,8 @@ private slots:
     void wheelScrollsALargePicture();
     void wheelLeavesASmallPictureToThePage();
     void scrollingInMidDragGoesOnUnderThePointer();
+    void leavingInMidDragEndsIt_data();
+    void leavingInMidDragEndsIt();
 
 private:
     PLG_Interface *tool() const { return m_workbench->loader().tools().value(0); }
@@ -532,6 +534,59 @@ void TestRegionViews::scrollingInMidDragGoesOnUnderThePointer()
     release(from + QPoint(1, 0)); // on the same pixel
     QCOMPARE(region(), corners(100, 60, 199, 159));
     QCOMPARE(host().openMacros(), 0);
+}
+
+void TestRegionViews::leavingInMidDragEndsIt_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"cancel", "ok", "close", "button", "closePlugin", "returnFromPlugin"})
+        QTest::newRow(way) << way;
+}
+
+void TestRegionViews::leavingInMidDragEndsIt()
+{
+    QFETCH(QString, way);
+    open();
+    QVERIFY(waitForPanel());
+    const QPoint from = onScreen({239, 110});
+    const QPoint to = onScreen({250, 110});
+    press(from);
+    move(to);
+    QCOMPARE(region(), corners(80, 60, 250, 179));
+    QVERIFY(QGuiApplication::overrideCursor());
+    if (way == "close")
+        panel()->close();
+    else if (way == "button")
+        m_workbench->window().tools()->action(tool())->trigger();
+    else if (way == "closePlugin")
+        host().closePluginByName("t_region");
+    else if (way == "returnFromPlugin")
+        host().returnFromPlugin();
+    else
+        QVERIFY(PageHand::click(panel()->view(), '#' + way));
+    QVERIFY(QTest::qWaitFor([this] { return panel()->isHidden(); }));
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!tool()->isDragging());
+    QCOMPARE(host().openMacros(), 0);
+    QCOMPARE(host().handledErrors(), QStringList());
+    const QRect left = camera()->deviceSettings().region;
+    QCOMPARE(left, corners(80, 60, way == "ok" ? 250 : 239, 179));
+
+    // The button is still down, and comes up over the picture of a tool that is open again.
+    open();
+    QVERIFY(waitForPanel());
+    move(onScreen({270, 110}));
+    QCOMPARE(region(), left);
+    QStringList calls;
+    connect(host().events(), &StandInEvents::callJournalled, this,
+            [&calls](const QString &line) { calls.append(line); });
+    release(onScreen({270, 110}));
+    disconnect(host().events(), nullptr, this, nullptr);
+    QVERIFY(!calls.contains("endUndoMacro()"));
+    QVERIFY(!calls.contains("[1].notifyChange(1, false)"));
+    QCOMPARE(region(), left);
+    QCOMPARE(host().undoSteps()->count(), 0);
+    tool()->onCancel();
 }
 
 int main(int argc, char **argv)

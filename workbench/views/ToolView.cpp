@@ -262,11 +262,12 @@ bool ToolView::edits(DOCKEY key)
            guarded(&m_host, false, [&] { return m_tool->editsRegion(document->contract()); });
 }
 
+// A tool that was left has ended its drag itself.
 void ToolView::finishDrag()
 {
     const DOCKEY key = m_pressed;
     m_pressed = NoDocKey;
-    if (key != NoDocKey && m_tool)
+    if (key != NoDocKey && m_tool && m_tool->isDragging())
         guarded(&m_host, [&] { m_tool->finishMouse(int(key)); });
 }
 
