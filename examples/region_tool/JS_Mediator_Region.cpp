@@ -106,7 +106,7 @@ QVariantMap JS_Mediator_Region::getRegionInfo()
     return guarded(host(), QVariantMap(), [&] { return m_tool.panelInfo(); });
 }
 
-void JS_Mediator_Region::setRegionValue(const QString &valueName, int value)
+void JS_Mediator_Region::setRegionValue(const QString &valueName, double value)
 {
     OperationLogScope operation(QLatin1String("JS_Mediator_Region::setRegionValue"),
                                 LogGroups::group(QLatin1String("name"), valueName) +

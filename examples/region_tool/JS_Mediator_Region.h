@@ -33,8 +33,9 @@ public slots:
     /// Size, position, limits, aspect and zoom of the current camera's region; empty without one.
     QVariantMap getRegionInfo();
 
-    /// Sets "Width", "Height", "PosX" or "PosY"; other names change nothing.
-    void setRegionValue(const QString &valueName, int value);
+    /// Sets "Width", "Height", "PosX" or "PosY", brought into its range; other names change
+    /// nothing.
+    void setRegionValue(const QString &valueName, double value);
 
     /// Shows the dialog with the options.
     void openOptions();

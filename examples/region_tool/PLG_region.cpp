@@ -246,23 +246,26 @@ QVariantMap PLG_region::panelInfo()
     return turned ? turnedBack(info) : info;
 }
 
-void PLG_region::editValue(const QString &name, int value)
+void PLG_region::editValue(const QString &name, double value)
 {
     DOC_Interface *doc = m_host->currentDocument();
-    if (!doc || !editsRegion(doc))
+    if (!doc || !editsRegion(doc) || std::isnan(value))
         return;
+    const QVariantMap shown = panelInfo();
+    const int bounded = qRound(qBound(shown.value(name + QLatin1String("Min")).toDouble(), value,
+                                      shown.value(name + QLatin1String("Max")).toDouble()));
     QRect rect = region(doc);
     if (name == QLatin1String("Width")) {
-        rect.setWidth(qBound(1, value, NoLimit));
+        rect.setWidth(bounded);
         edit(doc, RegionGeometry::RightEdge, rect);
     } else if (name == QLatin1String("Height")) {
-        rect.setHeight(qBound(1, value, NoLimit));
+        rect.setHeight(bounded);
         edit(doc, RegionGeometry::BottomEdge, rect);
     } else if (name == QLatin1String("PosX")) {
-        rect.moveLeft(qBound(0, value, NoLimit));
+        rect.moveLeft(bounded);
         edit(doc, RegionGeometry::Inside, rect);
     } else if (name == QLatin1String("PosY")) {
-        rect.moveTop(qBound(0, value, NoLimit));
+        rect.moveTop(bounded);
         edit(doc, RegionGeometry::Inside, rect);
     }
 }

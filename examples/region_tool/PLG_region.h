@@ -52,8 +52,10 @@ public:
     /// What the panel shows of the current camera; empty without one.
     QVariantMap panelInfo();
 
-    /// Sets "Width", "Height", "PosX" or "PosY" of the current camera's region, within the options.
-    void editValue(const QString &name, int value);
+    /// Sets "Width", "Height", "PosX" or "PosY" of the current camera's region, rounded, brought
+    /// into the range that the panel shows and within the options. What is no number changes
+    /// nothing.
+    void editValue(const QString &name, double value);
 
     /// The current camera's region in pixels of the drawing over its picture; empty when there is
     /// none.

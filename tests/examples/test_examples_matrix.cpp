@@ -90,9 +90,9 @@ void TestExamplesMatrix::nothingEscapes()
         return SlotCase{slot, arguments, {}};
     };
     PageClass tool{meta, {}, {}};
-    if (meta->indexOfSlot("setRegionValue(QString,int)") >= 0) {
+    if (meta->indexOfSlot("setRegionValue(QString,double)") >= 0) {
         for (const char *name : {"Width", "Height", "PosX", "PosY"})
-            tool.cases.append(value("setRegionValue(QString,int)", {name, 40}));
+            tool.cases.append(value("setRegionValue(QString,double)", {name, 40.0}));
     } else if (meta->indexOfSlot("setOption(QString,QVariant)") >= 0) {
         tool.cases = {value("setOption(QString,QVariant)", {"originalAspect", true}),
                       value("setOption(QString,QVariant)", {"minWidth", 100}),

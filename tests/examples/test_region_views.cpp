@@ -45,6 +45,9 @@ private slots:
     void scrollingInMidDragGoesOnUnderThePointer();
     void leavingInMidDragEndsIt_data();
     void leavingInMidDragEndsIt();
+    void typedValuesAreBroughtIntoTheRangeShown_data();
+    void typedValuesAreBroughtIntoTheRangeShown();
+    void typedValuesKeepToTheAspectShown();
 
 private:
     PLG_Interface *tool() const { return m_workbench->loader().tools().value(0); }
@@ -586,6 +589,88 @@ void TestRegionViews::leavingInMidDragEndsIt()
     QVERIFY(!calls.contains("[1].notifyChange(1, false)"));
     QCOMPARE(region(), left);
     QCOMPARE(host().undoSteps()->count(), 0);
+    tool()->onCancel();
+}
+
+void TestRegionViews::typedValuesAreBroughtIntoTheRangeShown_data()
+{
+    QTest::addColumn<int>("turns");
+    QTest::newRow("upright") << 0;
+    QTest::newRow("turned") << 1; // the panel counts in image pixels either way
+}
+
+void TestRegionViews::typedValuesAreBroughtIntoTheRangeShown()
+{
+    QFETCH(int, turns);
+    struct Row
+    {
+        const char *field;
+        const char *typed;
+        QRect result;
+        const char *shown;
+    };
+    // Of 80 to 239, 60 to 179 in a picture of 320 by 240, at least 16 by 16.
+    const QRect before = corners(80, 60, 239, 179);
+    const QList<Row> rows{
+        {"Width", "500", corners(80, 60, 319, 179), "240"},
+        {"Width", "241", corners(80, 60, 319, 179), "240"},
+        {"Width", "240", corners(80, 60, 319, 179), "240"},
+        {"Width", "3", corners(80, 60, 95, 179), "16"},
+        {"Width", "0", corners(80, 60, 95, 179), "16"},
+        {"Width", "-7", corners(80, 60, 95, 179), "16"},
+        {"Width", "4294967396", corners(80, 60, 319, 179), "240"}, // 100 in 32 bits
+        {"Width", "1e999", corners(80, 60, 319, 179), "240"},
+        {"Height", "99999", corners(80, 60, 239, 239), "180"},
+        {"Height", "1", corners(80, 60, 239, 75), "16"},
+        {"PosX", "161", corners(160, 60, 319, 179), "160"},
+        {"PosX", "-4", corners(0, 60, 159, 179), "0"},
+        {"PosY", "1e12", corners(80, 120, 239, 239), "120"},
+        {"PosY", "-1e12", corners(80, 0, 239, 119), "0"},
+        {"Width", "100.6", corners(80, 60, 180, 179), "101"},
+        {"PosX", "160.4", corners(160, 60, 319, 179), "160"},
+        {"Height", "50", corners(80, 60, 239, 109), "50"},
+        {"Width", "wide", before, "160"},
+        {"Width", "", before, "160"},
+    };
+    camera()->setQuarterTurns(turns);
+    open();
+    QVERIFY(waitForPanel());
+    for (const Row &row : rows) {
+        setRegion(before);
+        tool()->update();
+        const QByteArray name = QByteArray(row.field) + ' ' + row.typed;
+        QVERIFY2(type(row.field, row.typed), name);
+        QVERIFY2(region() == row.result, name);
+        QVERIFY2(PageHand::read(panel()->view(),
+                                QStringLiteral("document.getElementById('%1').value")
+                                    .arg(QLatin1String(row.field))) == QVariant(row.shown),
+                 name);
+        if (region() != before)
+            QVERIFY2(camera()->deviceSettings().region == row.result, name);
+    }
+    tool()->onCancel();
+}
+
+void TestRegionViews::typedValuesKeepToTheAspectShown()
+{
+    open();
+    QVERIFY(waitForPanel());
+    QVERIFY(PageHand::click(panel()->view(), "#options"));
+    JS_Mediator_Dialog *options = tool()->ensureDialog(false)->mediator();
+    for (const auto &option : {qMakePair(QString("aspect"), QVariant(0.5)),
+                               qMakePair(QString("fixAspect"), QVariant(true))})
+        QVERIFY(QMetaObject::invokeMethod(options, "setOption", Q_ARG(QString, option.first),
+                                          Q_ARG(QVariant, option.second)));
+    tool()->hideDialog();
+    setRegion(corners(80, 60, 199, 119));
+    tool()->update();
+    // The 240 pixels to the right take 120 of the 180 below; the least is 32 by 16.
+    QVERIFY(type("Width", "500"));
+    QCOMPARE(region(), corners(80, 60, 319, 179));
+    QVERIFY(type("Height", "500"));
+    QCOMPARE(region(), corners(80, 60, 319, 179));
+    QVERIFY(type("Width", "5"));
+    QCOMPARE(region(), corners(80, 60, 111, 75));
     tool()->onCancel();
 }
 
