@@ -85,6 +85,7 @@ private slots:
     void callsInOrder();
     void goesOnWhileTheMutexIsBusy_data();
     void goesOnWhileTheMutexIsBusy();
+    void waitsAMillisecondForABusyMutex();
     void holdsTheMutexMeanwhile();
     void resumesWhatWasPausedWhenTheModeChanges_data();
     void resumesWhatWasPausedWhenTheModeChanges();
@@ -185,6 +186,18 @@ void TestViewPauseGuard::goesOnWhileTheMutexIsBusy()
         QVERIFY2(!isFree(mutex), "released what another thread holds");
     }
     QVERIFY(isFree(mutex));
+}
+
+void TestViewPauseGuard::waitsAMillisecondForABusyMutex()
+{
+    StandInHost host;
+    const MutexHolder holder(mutexOf(host));
+    for (int i = 0; i < 5; ++i) { // all of them by chance, no machine is that slow
+        QElapsedTimer timer;
+        timer.start();
+        const ViewPauseGuard guard(&host, false, false);
+        QVERIFY(timer.nsecsElapsed() >= 1000000);
+    }
 }
 
 void TestViewPauseGuard::holdsTheMutexMeanwhile()

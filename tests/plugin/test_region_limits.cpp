@@ -33,6 +33,7 @@ private slots:
     void dividerOfTheDocumentCountsWhenItIsInUse();
     void binningCountsWhenTheFeatureIsOn();
     void minimumIsScaledOnRequest();
+    void minimumOfAPassIsTheToolsOwn();
     void toSensorAsksForItsOwnDivider();
     void toSensorWithoutDocumentKeepsTheRectangle();
     void saturatedRectanglesHaveASize_data();
@@ -210,6 +211,20 @@ void TestRegionLimits::minimumIsScaledOnRequest()
     camera->state().scaleDivider = 2;
     QCOMPARE(tool.effectiveMinSize(camera, false), QSize(32, 12));
     QCOMPARE(tool.effectiveMinSize(camera, true), QSize(64, 24));
+}
+
+// Whatever aspect a pass is given, the minimum goes by that of the tool: 20x20 becomes 40x20.
+void TestRegionLimits::minimumOfAPassIsTheToolsOwn()
+{
+    StandInHost host;
+    StandInCamera *camera = addPlainCamera(host);
+    RegionTool tool(host);
+    tool.m_minSize = QSize(20, 20);
+    tool.aspectFixed = true;
+    tool.aspect = 0.5;
+    QRect rect = corners(100, 100, 109, 109);
+    tool.constrainRegion(camera, RegionGeometry::BottomRight, 1.0, rect, rect);
+    QCOMPARE(rect, corners(100, 100, 139, 119));
 }
 
 void TestRegionLimits::toSensorAsksForItsOwnDivider()
