@@ -113,10 +113,11 @@ void ToolTable::leave(PLG_Interface *plugin, bool close)
         m_current = nullptr;
     if (wasOpen)
         plugin->closeTool();
-    if (wasCurrent)
-        plugin->onClosed();
-    else if (wasOpen)
+    // A tool without a panel is switched off; only onClosed() gives back a view that it held.
+    if (wasOpen && !wasCurrent)
         plugin->deactivate();
+    if (wasOpen || wasCurrent)
+        plugin->onClosed();
     if (wasOpen || wasCurrent)
         emit m_events.pluginsChanged();
 }

@@ -184,7 +184,8 @@ void TestStandInPlugins::opensAButtonTool()
     QVERIFY(host.isPluginOpen(&button));
     QVERIFY(host.toolState("t_zoom"));
     host.closePluginByName("t_zoom");
-    QCOMPARE(button.notes, QStringList({"setHost", "activate", "closeTool", "deactivate"}));
+    QCOMPARE(button.notes,
+             QStringList({"setHost", "activate", "closeTool", "deactivate", "onClosed"}));
     QVERIFY(!host.toolState("t_zoom"));
     QVERIFY(!host.isPluginOpen(&button));
     QCOMPARE(host.currentPlugin(), &panel);
@@ -205,7 +206,7 @@ void TestStandInPlugins::opensADialogTool()
     tool.closeDialog(); // the user closes it: the tool asks the host to close it too
     QVERIFY(!tool.isDialogVisible());
     QVERIFY(!host.isPluginOpen(&tool));
-    QCOMPARE(tool.notes, QStringList({"closeTool", "deactivate"}));
+    QCOMPARE(tool.notes, QStringList({"closeTool", "deactivate", "onClosed"}));
     tool.notes.clear();
 
     host.openPluginByName("lut");
@@ -213,7 +214,7 @@ void TestStandInPlugins::opensADialogTool()
     QVERIFY(tool.isDialogVisible());
     host.closePluginByName("lut");
     QVERIFY(!tool.isDialogVisible());
-    QCOMPARE(tool.notes, QStringList({"activate", "closeTool", "deactivate"}));
+    QCOMPARE(tool.notes, QStringList({"activate", "closeTool", "deactivate", "onClosed"}));
 }
 
 void TestStandInPlugins::unknownNameOpensNothing()
@@ -231,7 +232,7 @@ void TestStandInPlugins::toolThatFailsToOpenIsNotOpen_data()
     QTest::addColumn<bool>("panel");
     QTest::addColumn<QStringList>("left");
     QTest::newRow("panel") << true << QStringList({"closeTool", "onClosed"});
-    QTest::newRow("button") << false << QStringList({"closeTool", "deactivate"});
+    QTest::newRow("button") << false << QStringList({"closeTool", "deactivate", "onClosed"});
 }
 
 void TestStandInPlugins::toolThatFailsToOpenIsNotOpen()

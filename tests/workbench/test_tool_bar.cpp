@@ -33,6 +33,8 @@ public:
         fail();
     }
 
+    void onClosed() override { calls.append("onClosed"); }
+
     bool isChecked(DOC_Interface *doc, bool) override
     {
         fail();
@@ -118,7 +120,7 @@ void TestToolBar::activatesAndDeactivatesAToggle()
     tool.checked = true;
     bar.refresh();
     QTest::mouseClick(button(bar, tool), Qt::LeftButton);
-    QCOMPARE(tool.calls, QStringList({"activate", "deactivate"}));
+    QCOMPARE(tool.calls, QStringList({"activate", "deactivate", "onClosed"}));
 }
 
 void TestToolBar::showsTheAnswerAndNotThePress()

@@ -112,9 +112,16 @@ void ToolBar::press(PLG_Interface *tool, bool on)
         else if (on || !isToggle(tool))
             tool->activate();
         else
-            tool->deactivate();
+            switchOff(tool);
     });
     refresh();
+}
+
+// What it held of the view is given back when it hears that it was closed.
+void ToolBar::switchOff(PLG_Interface *tool)
+{
+    tool->deactivate();
+    tool->onClosed();
 }
 
 // A panel closes as if by its own button, which may ask; a dialog may refuse.

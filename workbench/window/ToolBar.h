@@ -47,6 +47,7 @@ private:
     };
 
     void press(PLG_Interface *tool, bool on);
+    void switchOff(PLG_Interface *tool);
     void switchOpen(PLG_Interface *tool, bool on);
 
     StandInHost &m_host;
