@@ -14,6 +14,7 @@
 #include <QWebView>
 
 #include <chrono>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -23,6 +24,7 @@ namespace {
 
 constexpr int CallsPerScript = 500;
 constexpr int Devices = 1000;
+constexpr int ViewsBefore = 400;
 constexpr int SkipDocuments = 64;
 constexpr int SkipPartitions = 16;
 const QUrl Page(QStringLiteral("qrc:/bench/page.html"));
@@ -247,6 +249,43 @@ void addDialog(BenchRatios &ratios, QuickHost &host)
         });
 }
 
+/// A mediator whose page hears of `update`, behind pages that did and have gone.
+class HeardMediator
+{
+public:
+    HeardMediator(QuickHost &host, int pagesBefore)
+        : m_host(host), m_mediator(&host, QStringLiteral("bridge"))
+    {
+        for (int i = 0; i <= pagesBefore; ++i)
+            show();
+    }
+
+    BenchRatios::Body emissions()
+    {
+        return [this](benchmark::State &state) {
+            for (auto _ : state)
+                emit m_mediator.update();
+        };
+    }
+
+private:
+    void show()
+    {
+        m_view = std::make_unique<GUI_WebView>(&m_host, nullptr);
+        m_host.attachMediator(m_view.get(), &m_mediator);
+        QEventLoop loop;
+        QObject::connect(m_view.get(), &QWebView::loadFinished, &loop, &QEventLoop::quit);
+        m_view->load(Page);
+        loop.exec();
+        m_view->page()->mainFrame()->evaluateJavaScript(
+            QStringLiteral("var heard = 0; bridge.update.connect(function () { ++heard; })"));
+    }
+
+    QuickHost &m_host;
+    JS_Mediator m_mediator;
+    std::unique_ptr<GUI_WebView> m_view;
+};
+
 class SkipMediator : public JS_Mediator
 {
 public:
@@ -348,6 +387,10 @@ int main(int argc, char **argv)
     addStatus(ratios, host, mediator);
     addDeviceList(ratios, devices, deviceMediator);
     addDialog(ratios, host);
+    HeardMediator heardByMany(host, ViewsBefore);
+    HeardMediator heardByOne(host, 0);
+    ratios.add("signal to a page, after 400 views", 1.2, heardByMany.emissions(),
+               heardByOne.emissions());
     addSkipRange(ratios, recordings, skipMediator);
 
     const int status = ratios.run(argc, argv);

@@ -10,6 +10,7 @@
 #include "workbench/views/ViewArea.h"
 #include "workbench/window/MainWindow.h"
 #include "workbench/window/ToolBar.h"
+#include "workbench/window/ToolPanel.h"
 
 #include <QAction>
 #include <QApplication>
@@ -80,6 +81,46 @@ void openNote(Workbench &workbench)
     QCOMPARE(workbench.host().settings().value("t_note/text0", QVariant()), QVariant("x"));
 }
 
+PLG_Interface *regionTool(Workbench &workbench)
+{
+    return workbench.loader().tools().value(1);
+}
+
+ToolPanel *regionPanel(Workbench &workbench)
+{
+    return workbench.window().findChild<ToolPanel *>();
+}
+
+void openRegion(Workbench &workbench)
+{
+    workbench.window().tools()->action(regionTool(workbench))->trigger();
+    ToolPanel *panel = regionPanel(workbench);
+    QVERIFY(QTest::qWaitFor([&] { return panel->isLoaded() && isDrawn(panel->view()); }));
+}
+
+// The page of the panel opens the preferences, the page in there closes the tool, and time goes by.
+void closeRegionUnderItsOwnScript(Workbench &workbench)
+{
+    openRegion(workbench);
+    const QPointer<GUI_WebView> view = regionPanel(workbench)->view();
+    bool held = false;
+    QTimer::singleShot(0, &workbench, [&] {
+        auto *dialog = dynamic_cast<GUI_WebViewDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !QTest::qWaitFor([&] { return isDrawn(dialog->webView()); }))
+            return;
+        PageHand::read(dialog->webView(), "preferences.closePlugin()");
+        QTimer::singleShot(50, dialog, [&, dialog] {
+            held = view;
+            PageHand::read(dialog->webView(), "document.getElementById('close').click()");
+        });
+    });
+    PageHand::read(view, "setTimeout(function () { region.openPrefsDialog(''); }, 0)");
+    QVERIFY(QTest::qWaitFor([&] { return !view; }));
+    QVERIFY(held);
+    QVERIFY(!regionPanel(workbench)->view());
+    workbench.window().refresh();
+}
+
 }
 
 void TestWindowGrowth::nothingGrows_data()
@@ -105,6 +146,19 @@ void TestWindowGrowth::nothingGrows_data()
         QVERIFY(!noteTool(workbench)->isDialogVisible());
         workbench.window().refresh(); // the button
     });
+    QTest::newRow("region, closed by the button") << Cycle([](Workbench &workbench) {
+        openRegion(workbench);
+        workbench.window().tools()->action(regionTool(workbench))->trigger();
+        QVERIFY(!regionPanel(workbench)->view());
+    });
+    QTest::newRow("region, closed by its page") << Cycle([](Workbench &workbench) {
+        openRegion(workbench);
+        PageHand::read(regionPanel(workbench)->view(), "document.getElementById('cancel').click()");
+        QVERIFY(!regionPanel(workbench)->view());
+        workbench.window().refresh(); // the button
+    });
+    QTest::newRow("region, closed by the page of a dialog that its page opened")
+        << Cycle(closeRegionUnderItsOwnScript);
     QTest::newRow("note, unloaded while it is shown") << Cycle([](Workbench &workbench) {
         openNote(workbench);
         workbench.unloadTool(noteTool(workbench));
