@@ -1,6 +1,7 @@
 #include "bridge/page/DeletionHold.h"
 
 #include "bridge/page/AfterScript.h"
+#include "bridge/page/GUI_WebPage.h"
 
 #include <QEvent>
 #include <QWebFrame>
@@ -17,6 +18,11 @@ bool DeletionHold::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::ParentChange) {
         watch();
     } else if (event->type() == QEvent::DeferredDelete) {
+        auto *page = qobject_cast<GUI_WebPage *>(m_view->page());
+        if (QObject *telling = page ? page->telling() : nullptr) {
+            connect(telling, &QObject::destroyed, watched, &QObject::deleteLater);
+            return true;
+        }
         QWebFrame *frame = m_view->page()->mainFrame();
         // A view without a page has no script.
         if (!frame->url().isEmpty() && AfterScript::isScriptRunning(frame)) {

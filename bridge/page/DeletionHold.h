@@ -8,8 +8,8 @@
 class QWebView;
 
 /// Holds back deleteLater() of a view, and of every widget that it stands in, while script is on
-/// the stack: it takes effect when that has returned. Otherwise an event loop that a page's slot
-/// runs would delete the view under the slot. Child of the view. GUI thread.
+/// the stack or the engine tells of a load: it takes effect when they have returned. Otherwise an
+/// event loop that a slot runs would delete the view under the slot. Child of the view. GUI thread.
 class DeletionHold : public QObject
 {
     Q_OBJECT

@@ -6,7 +6,6 @@
 #include "foundation/Keys.h"
 
 #include <QHash>
-#include <QPointer>
 #include <QWebSettings>
 #include <QWidget>
 
@@ -38,6 +37,17 @@ QString pluginOf(const QString &classid)
 GUI_WebPage::GUI_WebPage(HostServices *host, QObject *parent)
     : QWebPage(parent), m_host(host), m_embedded(new EmbeddedWidgets(this))
 {
+    // Before anybody else hears of it.
+    connect(this, &QWebPage::loadStarted, this, &GUI_WebPage::tell);
+    connect(this, &QWebPage::loadProgress, this, &GUI_WebPage::tell);
+    connect(this, &QWebPage::loadFinished, this, &GUI_WebPage::tell);
+}
+
+// What is deleted later goes when the event loop goes on that runs now, not one that a slot runs.
+void GUI_WebPage::tell()
+{
+    m_telling = new QObject(this);
+    m_telling->deleteLater();
 }
 
 void GUI_WebPage::outliveView()
@@ -46,6 +56,10 @@ void GUI_WebPage::outliveView()
     m_embedded = nullptr;
     settings()->setAttribute(QWebSettings::JavascriptEnabled, false);
     setParent(nullptr);
+    if (m_telling) {
+        connect(m_telling, &QObject::destroyed, this, &QObject::deleteLater);
+        return;
+    }
     AfterScript::run([page = QPointer<GUI_WebPage>(this)] { delete page; });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWebPage>
 
 class EmbeddedWidgets;
@@ -13,8 +14,13 @@ class GUI_WebPage : public QWebPage
 public:
     GUI_WebPage(HostServices *host, QObject *parent);
 
-    /// The view goes while script is on the stack, which may be that of this page: the page goes
-    /// when it has returned. Until then it begins no script and shows no widget of the host.
+    /// What goes when the engine has returned from telling of a load, which it does in the midst of
+    /// its work; null when it tells of none.
+    QObject *telling() const { return m_telling; }
+
+    /// The view goes while the engine tells of a load or script is on the stack, which may be that
+    /// of this page: the page goes when they have returned. Until then it begins no script and
+    /// shows no widget of the host.
     void outliveView();
 
 protected:
@@ -29,8 +35,10 @@ protected:
                                   const QString &sourceId) override;
 
 private:
+    void tell();
     QObject *hostWidget(const QString &classid);
 
     HostServices *m_host;
+    QPointer<QObject> m_telling; ///< child
     EmbeddedWidgets *m_embedded; ///< child of the page; null when the view has gone before it
 };

@@ -25,8 +25,10 @@ GUI_WebView::~GUI_WebView()
         m_inspector->close();
         delete m_inspector;
     }
-    if (m_page && !m_page->mainFrame()->url().isEmpty() &&
-        AfterScript::isScriptRunning(m_page->mainFrame()))
+    if (!m_page)
+        return;
+    QWebFrame *frame = m_page->mainFrame();
+    if (m_page->telling() || (!frame->url().isEmpty() && AfterScript::isScriptRunning(frame)))
         m_page->outliveView();
 }
 

@@ -1,6 +1,7 @@
 #include "bridge/page/PageHandlers.h"
 
 #include "bridge/operation/OperationLog.h"
+#include "bridge/page/AfterScript.h"
 
 #include <QEvent>
 #include <QMap>
@@ -99,8 +100,16 @@ void PageHandlers::connected()
 
 void PageHandlers::disconnectPage()
 {
-    for (const auto &connection : std::exchange(m_connections, {}))
-        delete connection;
+    const auto connections = std::exchange(m_connections, {});
+    const auto remove = [connections] {
+        for (const auto &connection : connections)
+            delete connection;
+    };
+    // A handler that is on the stack, while its page loads again, still has its connection.
+    if (!connections.isEmpty() && m_frame && AfterScript::isScriptRunning(m_frame))
+        AfterScript::run(remove);
+    else
+        remove();
 }
 
 void PageHandlers::leave()

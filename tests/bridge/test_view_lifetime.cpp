@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 // Views and pages that are deleted while script of their page is on the stack.
 
@@ -22,6 +23,8 @@ private slots:
     void viewGoesWhenItsScriptHasReturned_data();
     void viewGoesWhenItsScriptHasReturned();
     void messageOfAPageHoldsItsView();
+    void pageLoadsAgainUnderItsOwnHandler();
+    void slotOfALoadHoldsTheView();
     void viewWithoutScriptGoesAtOnce();
     void viewThatFoundAnotherWindowGoesWithIt();
     void dialogGoesWhenItsScriptHasReturned_data();
@@ -192,6 +195,42 @@ void TestViewLifetime::messageOfAPageHoldsItsView()
     QCOMPARE(window.trace, QStringList({"after"}));
     ObjectCount::settle();
     QVERIFY(!window.view);
+}
+
+void TestViewLifetime::pageLoadsAgainUnderItsOwnHandler()
+{
+    Window window;
+    QVERIFY(window.loaded);
+    bool loadedAgain = false;
+    window.mediator.body = [&] {
+        runNested([&] { window.view->reload(); }, [&] { loadedAgain = window.page->waitLoaded(); });
+    };
+    window.page->evaluate("bridge.update.connect("
+                          "function () { bridge.nest(); bridge.note('after'); })");
+    emit window.mediator.update();
+    QVERIFY(loadedAgain);
+    QCOMPARE(window.trace, QStringList({"bridge", "after"}));
+    window.mediator.body = [] {};
+    emit window.mediator.update(); // the handler went with its page
+    QCOMPARE(window.trace, QStringList({"bridge", "after"}));
+    ObjectCount::settle();
+    QCOMPARE(window.mediator.children().size(), 1);
+    QCOMPARE(window.page->call("1 + 1"), QStringLiteral("2"));
+}
+
+// The engine tells of a load while it works, without script.
+void TestViewLifetime::slotOfALoadHoldsTheView()
+{
+    Window window;
+    QVERIFY(window.loaded);
+    bool once = false;
+    connect(window.view, &QWebView::loadFinished, this, [&] {
+        if (!std::exchange(once, true))
+            runNested([&] { window.view->deleteLater(); }, [] {});
+    });
+    window.view->reload();
+    QVERIFY(QTest::qWaitFor([&] { return !window.view; }));
+    QVERIFY(once);
 }
 
 void TestViewLifetime::viewWithoutScriptGoesAtOnce()
