@@ -5,18 +5,17 @@
 #include "contract/HostValues.h"
 #include "contract/PLG_Interface.h"
 #include "foundation/InfoItems.h"
+#include "standin/host/WaitDialog.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QPointer>
-#include <QProgressDialog>
 #include <QWebFrame>
 #include <QWebPage>
 
 namespace {
 
-constexpr int ProgressDelay = 300; // milliseconds; a short task shows nothing
 constexpr char OwnContext[] = "Orvix";
 
 }
@@ -237,8 +236,9 @@ bool StandInHost::confirm(const QString &text, QWidget *parent, const QVariantMa
     m_messages.add({QStringLiteral("confirm"), text, {}});
     if (!m_interactive)
         return m_messages.confirmAnswer();
-    return QMessageBox::question(messageParent(parent), QCoreApplication::applicationName(),
-                                 text) == QMessageBox::Yes;
+    return QMessageBox::question(messageParent(parent), QCoreApplication::applicationName(), text,
+                                 QMessageBox::Yes | QMessageBox::No,
+                                 QMessageBox::No) == QMessageBox::Yes;
 }
 
 QString StandInHost::translate(const QString &text)
@@ -298,7 +298,8 @@ bool StandInHost::isToolRunning(const QString &tool)
 bool StandInHost::isFeatureOn(const QString &key, DOC_Interface *doc, bool flag)
 {
     asked("isFeatureOn", key, doc, flag);
-    return m_state.features.contains(key);
+    const StandInDocument *document = m_documents.document(m_documents.keyOf(doc));
+    return document ? document->isFeatureOn(key) : hasFeature(key);
 }
 
 bool StandInHost::isReady()
@@ -456,13 +457,9 @@ void StandInHost::acknowledgeRestoredPrefs(bool flag)
 void StandInHost::runWithProgress(const QString &text, QFutureWatcher<void> &watcher)
 {
     told("runWithProgress", text);
-    std::unique_ptr<QProgressDialog> progress;
-    if (m_interactive) {
-        progress = std::make_unique<QProgressDialog>(text, QString(), 0, 0, messageParent(nullptr));
-        progress->setWindowModality(Qt::ApplicationModal);
-        progress->setMinimumDuration(ProgressDelay);
-        progress->setValue(0); // the delay begins here
-    }
+    std::unique_ptr<WaitDialog> progress;
+    if (m_interactive)
+        progress = std::make_unique<WaitDialog>(text, messageParent(nullptr));
     QEventLoop loop;
     QObject::connect(&watcher, &QFutureWatcher<void>::finished, &loop, &QEventLoop::quit);
     if (!watcher.isFinished())

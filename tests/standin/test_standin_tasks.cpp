@@ -27,15 +27,19 @@ private slots:
     void messagesAreShownWhenInteractive();
     void confirmIsAnsweredAhead();
     void confirmAsksWhenInteractive();
+    void confirmMeansNoUnlessToldOtherwise_data();
+    void confirmMeansNoUnlessToldOtherwise();
     void errorHandlerKeepsTheText();
     void errorHandlerAlertsWhenInteractive();
     void progressIsShownWhenInteractive();
+    void progressCannotBeDismissed();
     void translatesKnownTexts();
     void dialogsAreCounted();
     void documentsMutexCanBeTried();
     void supportFile();
     void plainAnswersOfTheHost();
     void drives();
+    void featuresPerDocument();
 };
 
 namespace {
@@ -220,6 +224,28 @@ void TestStandInTasks::confirmAsksWhenInteractive()
     QVERIFY(!host.confirm("Sure?", nullptr, {}));
 }
 
+void TestStandInTasks::confirmMeansNoUnlessToldOtherwise_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Enter") << int(Qt::Key_Return);
+    QTest::newRow("Escape") << int(Qt::Key_Escape);
+}
+
+void TestStandInTasks::confirmMeansNoUnlessToldOtherwise()
+{
+    QFETCH(int, key);
+    StandInHost host;
+    host.setInteractive(true);
+    host.answerConfirm(true); // what is asked ahead does not count
+    QTimer::singleShot(0, qApp, [key] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        QVERIFY(box);
+        QCOMPARE(box->defaultButton(), box->button(QMessageBox::No));
+        QTest::keyClick(box, Qt::Key(key));
+    });
+    QVERIFY(!host.confirm("Delete all?", nullptr, {}));
+}
+
 void TestStandInTasks::errorHandlerKeepsTheText()
 {
     StandInHost host;
@@ -266,6 +292,36 @@ void TestStandInTasks::progressIsShownWhenInteractive()
     watcher.setFuture(QtConcurrent::run([&] { release.acquire(); }));
     host.runWithProgress("Saving", watcher);
     QCOMPARE(label, QString("Saving"));
+}
+
+void TestStandInTasks::progressCannotBeDismissed()
+{
+    StandInHost host;
+    host.setInteractive(true);
+    QSemaphore release;
+    int dismissals = 0;
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, this, [&] {
+        auto *progress = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+        if (!progress)
+            return;
+        watch.stop();
+        QVERIFY(progress->findChildren<QPushButton *>().isEmpty());
+        QVERIFY(!(progress->windowFlags() & Qt::WindowCloseButtonHint));
+        QTest::keyClick(progress, Qt::Key_Escape);
+        dismissals += progress->isVisible() ? 0 : 1;
+        QVERIFY(!progress->close());
+        dismissals += progress->isVisible() ? 0 : 1;
+        QVERIFY(!progress->wasCanceled());
+        release.release();
+    });
+    watch.start(10);
+    QFutureWatcher<void> watcher;
+    watcher.setFuture(QtConcurrent::run([&] { release.tryAcquire(1, 10000); }));
+    host.runWithProgress("Saving", watcher);
+    QVERIFY(!watch.isActive()); // it was seen
+    QCOMPARE(dismissals, 0);
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void TestStandInTasks::translatesKnownTexts()
@@ -527,6 +583,24 @@ void TestStandInTasks::drives()
     QCOMPARE(host.openCardReaderDrive(), 8u);
     host.closeCardReaderData();
     QCOMPARE(host.openCardReaderDrive(), 0u);
+}
+
+void TestStandInTasks::featuresPerDocument()
+{
+    StandInHost host;
+    StandInCamera *first = host.addCamera();
+    StandInCamera *second = host.addCamera();
+    first->state().features.insert("binning");
+    QVERIFY(host.isFeatureOn("binning", first, false));
+    QVERIFY(!host.isFeatureOn("binning", second, false));
+    QVERIFY(!host.isFeatureOn("binning", nullptr, false));
+    QVERIFY(!host.isFeatureOn("zoom", first, false));
+    host.state().features.insert("zoom"); // on for all
+    QVERIFY(host.isFeatureOn("zoom", first, false));
+    QVERIFY(host.isFeatureOn("zoom", second, false));
+    QVERIFY(host.isFeatureOn("zoom", nullptr, false));
+    host.closeDocument(first->key());
+    QVERIFY(!host.isFeatureOn("binning", first, false));
 }
 
 int main(int argc, char **argv)

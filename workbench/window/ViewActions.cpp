@@ -143,12 +143,9 @@ void ViewActions::zoomBy(StandInDocument &document, double factor)
 void ViewActions::bin(StandInDocument &document, int exponent)
 {
     document.setBinningLevel(exponent);
-    const QList<StandInDocument *> documents = m_host.documents();
-    const bool binned = std::any_of(documents.begin(), documents.end(), [](StandInDocument *other) {
-        return other->state().binningLevel > 0;
-    });
-    if (binned)
-        m_host.state().features.insert(Keys::tools.binning);
+    QSet<QString> &features = document.state().features;
+    if (document.state().binningLevel > 0)
+        features.insert(Keys::tools.binning);
     else
-        m_host.state().features.remove(Keys::tools.binning);
+        features.remove(Keys::tools.binning);
 }
