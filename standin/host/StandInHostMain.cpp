@@ -5,6 +5,7 @@
 #include "contract/HostValues.h"
 #include "contract/PLG_Interface.h"
 #include "foundation/InfoItems.h"
+#include "foundation/exceptions/APP_Exception.h"
 #include "standin/host/WaitDialog.h"
 
 #include <QCoreApplication>
@@ -17,6 +18,11 @@
 namespace {
 
 constexpr char OwnContext[] = "Orvix";
+
+QString notStored()
+{
+    return QStringLiteral("The settings could not be stored.");
+}
 
 }
 
@@ -360,7 +366,8 @@ QVariant StandInHost::pref(const QString &key, const QVariant &defaultValue) con
 
 void StandInHost::storePref(const QString &key, const QVariant &value)
 {
-    m_settings->setValue(key, value);
+    if (!m_settings->setValue(key, value))
+        throw APP_Exception(notStored(), 0);
     emit m_events.settingChanged(key);
 }
 
@@ -489,7 +496,8 @@ QVariant StandInHost::prefDefault(const QString &key)
 void StandInHost::removePref(const QString &key)
 {
     told("removePref", key);
-    m_settings->remove(key);
+    if (!m_settings->remove(key))
+        throw APP_Exception(notStored(), 0);
     emit m_events.settingChanged(key);
 }
 

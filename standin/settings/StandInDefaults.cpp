@@ -138,7 +138,13 @@ void addSaveInformation(Catalogue &catalogue)
     catalogue.add(keys.collectiveSetting, false);
     catalogue.add(keys.withinImage, true);
     catalogue.add(keys.logoPath, QString());
-    // Each group's keys have its offset behind them.
+    // Each group's keys have its offset behind them. Without one they are known, and no more.
+    for (const QString &key :
+         {keys.alignment, keys.backgroundColor, keys.bold, keys.columnNum, keys.columnSpacing,
+          keys.display, keys.fixedFontSizeRatio, keys.fixedFontSizeRatioBaseResolution,
+          keys.fontName, keys.fontSize, keys.foregroundColor, keys.italic, keys.toColumn,
+          keys.useBackgroundColor, keys.width})
+        catalogue.add(key, QVariant());
     for (int group = 0; group < SaveInfoGroups; ++group) {
         const QString offset = QString::number(group);
         catalogue.add(keys.alignment + offset, QStringLiteral("0"));
@@ -228,9 +234,19 @@ QVariant valueOf(const QString &key)
     return catalogue().value(key);
 }
 
+bool isKnown(const QString &key)
+{
+    return catalogue().contains(key);
+}
+
 QStringList keys()
 {
-    return catalogue().keys();
+    QStringList keys;
+    for (auto entry = catalogue().cbegin(); entry != catalogue().cend(); ++entry) {
+        if (entry->isValid())
+            keys.append(entry.key());
+    }
+    return keys;
 }
 
 QString infoDisplay()

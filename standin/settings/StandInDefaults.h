@@ -9,6 +9,9 @@ namespace StandInDefaults {
 /// The default of a setting, invalid for a key that the catalogue does not know.
 QVariant valueOf(const QString &key);
 
+/// Whether the catalogue has a default for this key.
+bool isKnown(const QString &key);
+
 /// All keys with a default, in ascending order.
 QStringList keys();
 

@@ -19,16 +19,14 @@ QVariant typed(const QString &key, const QVariant &stored)
 
 StandInSettings::StandInSettings() = default;
 
-StandInSettings::StandInSettings(const QString &iniFile)
-    : m_file(std::make_unique<QSettings>(iniFile, QSettings::IniFormat))
+StandInSettings::StandInSettings(const QString &iniFile) : m_file(iniFile)
 {
-    m_file->setIniCodec("UTF-8");
-    const QStringList stored = m_file->allKeys();
+    QSettings file(m_file, QSettings::IniFormat);
+    file.setIniCodec("UTF-8");
+    const QStringList stored = file.allKeys();
     for (const QString &key : stored)
-        m_values.insert(key, typed(key, m_file->value(key)));
+        m_values.insert(key, typed(key, file.value(key)));
 }
-
-StandInSettings::~StandInSettings() = default;
 
 QVariant StandInSettings::value(const QString &key, const QVariant &defaultValue) const
 {
@@ -49,18 +47,53 @@ void StandInSettings::setDefault(const QString &key, const QVariant &value)
     m_ownDefaults.insert(key, value);
 }
 
-void StandInSettings::setValue(const QString &key, const QVariant &value)
+void StandInSettings::declare(const QStringList &keys)
 {
-    m_values.insert(key, value);
-    if (m_file && !key.isEmpty())
-        m_file->setValue(key, value);
+    for (const QString &key : keys)
+        setDefault(key, QVariant());
 }
 
-void StandInSettings::remove(const QString &key)
+bool StandInSettings::isKnown(const QString &key) const
 {
+    return m_ownDefaults.contains(key) || StandInDefaults::isKnown(key);
+}
+
+// A file object of its own for each change: what failed once is not held against the next.
+bool StandInSettings::write(const QString &key, const QVariant *value)
+{
+    if (m_file.isEmpty() || key.isEmpty()) // an empty key would stand for all
+        return true;
+    const auto put = [&key](QSettings &file, const QVariant *wanted) {
+        if (wanted)
+            file.setValue(key, *wanted);
+        else
+            file.remove(key);
+    };
+    QSettings file(m_file, QSettings::IniFormat);
+    file.setIniCodec("UTF-8");
+    put(file, value);
+    file.sync();
+    if (file.status() == QSettings::NoError)
+        return true;
+    const auto stored = m_values.constFind(key);
+    put(file, stored != m_values.constEnd() ? &*stored : nullptr); // not with the next change
+    return false;
+}
+
+bool StandInSettings::setValue(const QString &key, const QVariant &value)
+{
+    if (!write(key, &value))
+        return false;
+    m_values.insert(key, value);
+    return true;
+}
+
+bool StandInSettings::remove(const QString &key)
+{
+    if (!write(key, nullptr))
+        return false;
     m_values.remove(key);
-    if (m_file && !key.isEmpty())
-        m_file->remove(key); // an empty key would remove all
+    return true;
 }
 
 bool StandInSettings::contains(const QString &key) const
@@ -71,10 +104,4 @@ bool StandInSettings::contains(const QString &key) const
 QStringList StandInSettings::keys() const
 {
     return m_values.keys();
-}
-
-void StandInSettings::sync()
-{
-    if (m_file)
-        m_file->sync();
 }

@@ -3,10 +3,6 @@
 #include <QMap>
 #include <QVariant>
 
-#include <memory>
-
-class QSettings;
-
 /// The host's settings by key, in memory, and in an INI file when there is one. Keys are
 /// case-sensitive. A value that comes from the file as text gets the type of its default in the
 /// catalogue.
@@ -16,33 +12,41 @@ public:
     /// In memory only.
     StandInSettings();
 
-    /// Reads the file and writes every change to it. A file that does not exist is made with the
-    /// first change.
+    /// Reads the file and writes every change to it at once. A file that does not exist is made
+    /// with the first change.
     explicit StandInSettings(const QString &iniFile);
-    ~StandInSettings();
 
     /// The stored value; without one `defaultValue`; when that is invalid the catalogue's default.
     QVariant value(const QString &key, const QVariant &defaultValue) const;
 
-    /// The catalogue's default, invalid without one. Tests can set another for one of their own.
+    /// The catalogue's default, invalid without one. Tests and user interfaces can set another one,
+    /// which also makes a key of their own known.
     QVariant defaultOf(const QString &key) const;
     void setDefault(const QString &key, const QVariant &value);
 
-    void setValue(const QString &key, const QVariant &value);
+    /// Makes keys of tests and user interfaces known, without a default.
+    void declare(const QStringList &keys);
 
-    /// Deletes the stored value, so that the default shows again.
-    void remove(const QString &key);
+    /// Whether a setting stands in the catalogue or was declared.
+    bool isKnown(const QString &key) const;
+
+    /// Stores the value, in the file at once; false when the file cannot be written, and then the
+    /// value stays what it was.
+    bool setValue(const QString &key, const QVariant &value);
+
+    /// Deletes the stored value, so that the default shows again; false as above.
+    bool remove(const QString &key);
 
     bool contains(const QString &key) const;
 
     /// Keys of all stored values, in ascending order.
     QStringList keys() const;
 
-    /// Writes what has not reached the file yet.
-    void sync();
-
 private:
+    /// Null: without the key.
+    bool write(const QString &key, const QVariant *value);
+
     QMap<QString, QVariant> m_values;
     QMap<QString, QVariant> m_ownDefaults;
-    std::unique_ptr<QSettings> m_file;
+    QString m_file; ///< path; empty: in memory only
 };

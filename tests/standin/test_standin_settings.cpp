@@ -4,8 +4,13 @@
 #include "standin/settings/StandInDefaults.h"
 #include "tests/support/TestLog.h"
 
+#include <QDir>
 #include <QFile>
+#include <QSignalSpy>
 #include <QTemporaryDir>
+
+#include <csignal>
+#include <sys/resource.h>
 
 class TestStandInSettings : public TestBase
 {
@@ -25,7 +30,12 @@ private slots:
     void iniFileGivesTheTypeOfTheDefault();
     void iniFileKeepsAnyText();
     void missingIniFileIsMade();
+    void changeIsInTheFileAtOnce();
+    void whatCannotBeStoredIsTold();
+    void fullDiskIsTold();
+    void failureIsForgottenOnceThereIsRoom();
     void emptyKeyDisturbsNothing();
+    void catalogueKnowsEveryKey();
     void defaultOfEveryKey_data();
     void defaultOfEveryKey();
     void defaultsThatOthersRelyOn();
@@ -71,6 +81,7 @@ void TestStandInSettings::invalidDefaultMeansTheCatalogue()
 void TestStandInSettings::missingWithoutAnyDefaultIsNeutral()
 {
     StandInHost host;
+    LogCapture log; // nobody asks for it
     QVERIFY(!host.getPref("no/such", QVariant()).isValid());
     QCOMPARE(host.getPrefInt("no/such", QVariant()), 0);
     QCOMPARE(host.getPrefBool("no/such", QVariant()), false);
@@ -82,6 +93,7 @@ void TestStandInSettings::missingWithoutAnyDefaultIsNeutral()
 void TestStandInSettings::typedGettersConvert()
 {
     StandInHost host;
+    host.settings().declare({"a/number", "a/flag", "a/one", "a/none"});
     host.setPrefString("a/number", "12");
     QCOMPARE(host.getPrefInt("a/number", QVariant()), 12);
     QCOMPARE(host.getPrefFloat("a/number", QVariant()), 12.0);
@@ -96,6 +108,7 @@ void TestStandInSettings::typedGettersConvert()
 void TestStandInSettings::settersKeepTheirType()
 {
     StandInHost host;
+    host.settings().declare({"a/b", "a/f", "a/s", "a/v"});
     host.setPrefBool("a/b", true);
     host.setPrefFloat("a/f", 0.25);
     host.setPrefString("a/s", "5");
@@ -109,6 +122,7 @@ void TestStandInSettings::settersKeepTheirType()
 void TestStandInSettings::removeShowsTheDefaultAgain()
 {
     StandInHost host;
+    host.settings().declare({"never/stored"});
     QStringList changed;
     connect(host.events(), &StandInEvents::settingChanged, this,
             [&](const QString &key) { changed.append(key); });
@@ -132,6 +146,7 @@ void TestStandInSettings::keysAreCaseSensitive()
 {
     StandInHost host;
     host.setPrefInt("info/RecTimeUnit", 2);
+    LogCapture log; // of the key that is none
     QCOMPARE(host.getPrefInt("info/rectimeunit", 8), 8);
     QVERIFY(!host.prefDefault("info/rectimeunit").isValid());
 }
@@ -194,8 +209,89 @@ void TestStandInSettings::missingIniFileIsMade()
     StandInHost host(file);
     QVERIFY(!QFile::exists(file));
     host.setPrefBool("display/DisplayWithRealBitDepth", true);
-    host.settings().sync();
     QVERIFY(QFile::exists(file));
+}
+
+void TestStandInSettings::changeIsInTheFileAtOnce()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("settings.ini");
+    StandInHost host(file);
+    host.setPrefInt("info/RecTimeUnit", 2);
+    QCOMPARE(StandInSettings(file).value("info/RecTimeUnit", QVariant()), QVariant(2));
+    host.removePref("info/RecTimeUnit");
+    QVERIFY(!StandInSettings(file).contains("info/RecTimeUnit"));
+}
+
+void TestStandInSettings::whatCannotBeStoredIsTold()
+{
+    QTemporaryDir folder;
+    QFile(folder.filePath("taken")).open(QIODevice::WriteOnly);
+    StandInHost host(folder.filePath("taken/settings.ini")); // below a file
+    QSignalSpy changed(host.events(), &StandInEvents::settingChanged);
+    LogCapture log; // of the exceptions
+    try {
+        host.setPrefString("env/style", "dark");
+        QFAIL("nothing was stored");
+    } catch (const std::exception &failure) {
+        QCOMPARE(QString(failure.what()), QString("The settings could not be stored."));
+    }
+    QCOMPARE(host.getPrefString("env/style", QVariant()), QString("light"));
+    QVERIFY_EXCEPTION_THROWN(host.setPref("env/style", "dark"), std::exception);
+    QVERIFY_EXCEPTION_THROWN(host.setPrefInt("info/RecTimeUnit", 1), std::exception);
+    QVERIFY_EXCEPTION_THROWN(host.setPrefBool("info/Bold", true), std::exception);
+    QVERIFY_EXCEPTION_THROWN(host.setPrefFloat("export/skipsavemsec", 2.0), std::exception);
+    QVERIFY_EXCEPTION_THROWN(host.removePref("env/style"), std::exception);
+    QVERIFY(host.settings().keys().isEmpty());
+    QCOMPARE(changed.size(), 0);
+}
+
+namespace {
+
+/// While it lives, no file of this process grows beyond so many bytes.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN); // the write fails instead
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit full{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
+
+}
+
+void TestStandInSettings::fullDiskIsTold()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("settings.ini");
+    StandInSettings settings(file);
+    QVERIFY(settings.setValue("export/dir", "before"));
+    {
+        const FullDisk full(512);
+        QVERIFY(!settings.setValue("export/dir", QString(2000, 'x')));
+    }
+    QCOMPARE(settings.value("export/dir", QVariant()), QVariant("before"));
+    QCOMPARE(StandInSettings(file).value("export/dir", QVariant()), QVariant("before"));
+}
+
+void TestStandInSettings::failureIsForgottenOnceThereIsRoom()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("deeper/settings.ini");
+    QFile(folder.filePath("deeper")).open(QIODevice::WriteOnly);
+    StandInSettings settings(file);
+    QVERIFY(!settings.setValue("export/dir", "refused"));
+    QVERIFY(QFile::remove(folder.filePath("deeper")));
+    QVERIFY(settings.setValue("import/dir", "stored"));
+    const StandInSettings stored(file);
+    QCOMPARE(stored.keys(), QStringList("import/dir")); // and not what was refused
 }
 
 void TestStandInSettings::emptyKeyDisturbsNothing()
@@ -205,12 +301,31 @@ void TestStandInSettings::emptyKeyDisturbsNothing()
     {
         StandInHost host(file);
         host.setPrefInt("info/RecTimeUnit", 2);
-        host.setPrefInt(QString(), 5);
-        QCOMPARE(host.getPrefInt(QString(), QVariant()), 5);
-        host.removePref(QString());
+        {
+            LogCapture log; // there is no setting without a name
+            host.setPrefInt(QString(), 5);
+            QCOMPARE(host.getPrefInt(QString(), QVariant()), 5);
+            host.removePref(QString());
+        }
         QCOMPARE(host.getPrefInt(QString(), QVariant()), 0);
     }
     QCOMPARE(StandInHost(file).getPrefInt("info/RecTimeUnit", QVariant()), 2);
+}
+
+void TestStandInSettings::catalogueKnowsEveryKey()
+{
+    QFile list(QStringLiteral(SETTINGS_KEYS));
+    QVERIFY(list.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QStringList keys = QString::fromUtf8(list.readAll()).split('\n', Qt::SkipEmptyParts);
+    QCOMPARE(keys.size(), 258);
+    QStringList unknown;
+    for (const QString &key : keys) {
+        if (!StandInDefaults::isKnown(key))
+            unknown.append(key);
+    }
+    QCOMPARE(unknown, QStringList());
+    QVERIFY(!StandInDefaults::isKnown("info/rectimeunit"));
+    QVERIFY(!StandInDefaults::isKnown(QString()));
 }
 
 void TestStandInSettings::defaultOfEveryKey_data()

@@ -11,6 +11,8 @@
 #include "workbench/tour/PageHand.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTimer>
 
 using namespace PageHand;
@@ -64,6 +66,9 @@ private slots:
     void choosesTheUnitSystem();
     void switchesSettings_data();
     void switchesSettings();
+    void tellsWhatCouldNotBeStored_data();
+    void tellsWhatCouldNotBeStored();
+    void keepsAddressesThatCouldNotBeStored();
     void offersTheTriggerTestWithTheDownloadOnly();
     void tellsTheGreatestValue();
     void opensThePageOfAName_data();
@@ -182,6 +187,66 @@ void TestPageDialogs::switchesSettings()
                       QVERIFY(click(view, '#' + box));
                   }));
     QCOMPARE(host.settings().value(key, QVariant()), QVariant(false));
+}
+
+void TestPageDialogs::tellsWhatCouldNotBeStored_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("choice");
+    QTest::addColumn<QString>("before");
+    QTest::newRow("style") << "Style"
+                           << "styleDark"
+                           << "styleLight";
+    QTest::newRow("units") << "Units"
+                           << "unitsImperial"
+                           << "unitsMetric";
+    QTest::newRow("bit depth") << "Display"
+                               << "realBitDepth" << QString();
+    QTest::newRow("download") << "Recording"
+                              << "autoDownload" << QString();
+}
+
+void TestPageDialogs::tellsWhatCouldNotBeStored()
+{
+    QFETCH(QString, page);
+    QFETCH(QString, choice);
+    QFETCH(QString, before);
+    QTemporaryDir folder;
+    QVERIFY(QFile(folder.filePath("taken")).open(QIODevice::WriteOnly));
+    StandInHost host(folder.filePath("taken/settings.ini")); // below a file
+    PageDialogs dialogs(host);
+    dialogs.showPage(page);
+    LogCapture log; // of the failure
+    QVERIFY(
+        visit([&] { dialogs.exec(); },
+              [&](GUI_WebViewDialog &, GUI_WebView *view) {
+                  QVERIFY(click(view, '#' + choice));
+                  QTRY_COMPARE(text(view, "#state"), QString("The setting could not be stored."));
+                  QCOMPARE(read(view, "document.getElementById('state').hidden").toBool(), false);
+                  QVERIFY(!isChecked(view, choice)); // as it is stored
+                  QVERIFY(before.isEmpty() || isChecked(view, before));
+              }));
+    QCOMPARE(host.handledErrors(), QStringList("The settings could not be stored."));
+}
+
+void TestPageDialogs::keepsAddressesThatCouldNotBeStored()
+{
+    QTemporaryDir folder;
+    QVERIFY(QFile(folder.filePath("taken")).open(QIODevice::WriteOnly));
+    StandInHost host(folder.filePath("taken/settings.ini"));
+    PageDialogs dialogs(host);
+    LogCapture log;
+    QVERIFY(visit([&] { host.openEthernetSettings(); },
+                  [&](GUI_WebViewDialog &dialog, GUI_WebView *view) {
+                      QVERIFY(click(view, "#search"));
+                      QVERIFY(press(view, Qt::Key_A, Qt::ControlModifier));
+                      QVERIFY(type(view, "10.1.2.0"));
+                      QVERIFY(click(view, "#ok"));
+                      QVERIFY(dialog.isVisible());
+                      QCOMPARE(text(view, "#state"), QString("The setting could not be stored."));
+                      QCOMPARE(read(view, "document.getElementById('search').value").toString(),
+                               QString("10.1.2.0"));
+                  }));
 }
 
 void TestPageDialogs::offersTheTriggerTestWithTheDownloadOnly()

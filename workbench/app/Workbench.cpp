@@ -146,7 +146,8 @@ void Workbench::openFolder(const QString &folder)
 
 void Workbench::setStyle(const QString &style)
 {
-    m_host->settings().setValue(Keys::application.style, style);
+    if (!m_host->settings().setValue(Keys::application.style, style))
+        m_window->notice()->tell(tr("The style could not be stored."));
     m_window->applyStyle();
 }
 

@@ -95,8 +95,10 @@ void MainWindow::applyStyle()
 
 void MainWindow::saveLayout()
 {
-    m_host.settings().setValue(GeometryKey, saveGeometry());
-    m_host.settings().setValue(PanelsKey, saveState());
+    StandInSettings &settings = m_host.settings();
+    if (!settings.setValue(GeometryKey, saveGeometry()) ||
+        !settings.setValue(PanelsKey, saveState()))
+        qWarning() << "the layout of the window could not be stored";
 }
 
 void MainWindow::restoreLayout()

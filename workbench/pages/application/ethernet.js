@@ -35,7 +35,11 @@ Page.start('ethernet', function () {
         ids.forEach(function (id) {
             bridge.setPrefString(fields[id][0], Page.get(id).value, false);
         });
-        bridge.accept();
+        var isStored = ids.every(function (id) {
+            return bridge.getPrefString(fields[id][0], fields[id][1]) === Page.get(id).value;
+        });
+        if (Page.tellStored('state', isStored))
+            bridge.accept();
     });
     Page.listen(Page.get('cancel'), 'click', function () { bridge.reject(); });
     return check;

@@ -24,16 +24,23 @@ Page.start('preferences', function () {
         return Page.translate(section.dataset.page).toLowerCase() === wanted;
     }) || sections[0]);
 
-    function onChange(id, handler) {
-        Page.listen(Page.get(id), 'change', handler);
+    // Storing draws the page anew, with what is stored now.
+    function onChange(id, store, read) {
+        Page.listen(Page.get(id), 'change', function () {
+            var element = Page.get(id);
+            var value = element.type === 'checkbox' ? element.checked : element.value;
+            store(value);
+            Page.tellStored('state', read() === value);
+        });
     }
     ['styleLight', 'styleDark'].forEach(function (id) {
-        onChange(id, function () { bridge.setStyle(Page.get(id).value); });
+        onChange(id, function (value) { bridge.setStyle(value); },
+            function () { return bridge.getStyle().toLowerCase(); });
     });
     ['unitsMetric', 'unitsImperial'].forEach(function (id) {
-        onChange(id, function () {
-            bridge.setPrefInt('customize/unitSystem', Number(Page.get(id).value));
-        });
+        onChange(id,
+            function (value) { bridge.setPrefInt('customize/unitSystem', Number(value)); },
+            function () { return String(bridge.getPrefInt('customize/unitSystem')); });
     });
     var switches = {
         realBitDepth: 'display/DisplayWithRealBitDepth',
@@ -41,7 +48,8 @@ Page.start('preferences', function () {
         triggerTest: 'recording/useTriggerTest'
     };
     Object.keys(switches).forEach(function (id) {
-        onChange(id, function () { bridge.setPrefBool(switches[id], Page.get(id).checked); });
+        onChange(id, function (value) { bridge.setPrefBool(switches[id], value); },
+            function () { return bridge.getPrefBool(switches[id]); });
     });
     Page.listen(Page.get('close'), 'click', function () { bridge.accept(); });
 

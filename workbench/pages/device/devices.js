@@ -72,8 +72,11 @@ Page.start('devicepanel', function () {
         Page.bridge.selectAllDocs();
     });
     Page.listen(onlyConnected, 'change', function () {
-        Page.bridge.setConnectedCameraShowing(onlyConnected.checked);
+        var wanted = onlyConnected.checked;
+        Page.bridge.setConnectedCameraShowing(wanted);
         Page.bridge.updateUI();
+        if (Page.bridge.getConnectedCameraShowing() !== wanted)
+            Page.tellStored('state', false);
     });
 
     return function () {

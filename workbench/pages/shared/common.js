@@ -72,6 +72,12 @@ var Page = (function () {
         element.setAttribute('role', kind === 'error' ? 'alert' : 'status');
     };
 
+    // Says in the element when a setting that was stored just now is not what it was set to.
+    page.tellStored = function (id, isStored) {
+        page.tell(id, 'error', isStored ? '' : page.translate('The setting could not be stored.'));
+        return isStored;
+    };
+
     function takeStyle() {
         var dark = page.bridge.getStyle().toLowerCase() === 'dark';
         document.body.classList.remove(dark ? 'light' : 'dark');
