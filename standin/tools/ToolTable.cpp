@@ -10,6 +10,8 @@
 
 #include <QScopeGuard>
 
+#include <utility>
+
 ToolTable::ToolTable(HostServices &host, StandInEvents &events, ReadOut &readOut)
     : m_host(host), m_events(events), m_readOut(readOut)
 {
@@ -140,10 +142,35 @@ void ToolTable::prepareWidget(PLG_Interface *plugin, const QString &classId)
     m_widgets.insert(plugin, classId);
 }
 
-void ToolTable::setOn(const QString &tool, bool on)
+void ToolTable::switchOn(const QString &tool, bool on)
 {
     m_on.insert(tool, on);
     emit m_events.toolStateChanged(tool);
+}
+
+void ToolTable::switchOtherQuickToolsOff(const QString &tool)
+{
+    QStringList others;
+    if (!m_quickTool.isEmpty() && m_quickTool != tool)
+        others.append(std::exchange(m_quickTool, QString()));
+    for (PLG_Interface *plugin : qAsConst(m_plugins)) {
+        const QString name = plugin->name();
+        if (plugin->quickToolMode() == QuickToolMode::Exclusive && name != tool &&
+            !others.contains(name))
+            others.append(name);
+    }
+    for (const QString &other : qAsConst(others)) {
+        if (isOn(other))
+            switchOn(other, false);
+    }
+}
+
+void ToolTable::setOn(const QString &tool, bool on)
+{
+    PLG_Interface *plugin = on ? find(tool) : nullptr;
+    if (plugin && plugin->quickToolMode() == QuickToolMode::Exclusive)
+        switchOtherQuickToolsOff(tool);
+    switchOn(tool, on);
 }
 
 void ToolTable::setActive(const QString &tool, bool active)
@@ -157,7 +184,10 @@ void ToolTable::setActive(const QString &tool, bool active)
 
 void ToolTable::setQuickTool(const QString &tool)
 {
+    switchOtherQuickToolsOff(tool);
     m_quickTool = tool;
+    if (!tool.isEmpty())
+        m_on.insert(tool, true);
     emit m_events.toolStateChanged(tool);
 }
 

@@ -68,13 +68,17 @@ public:
     // States, of any tool by name.
 
     bool isOn(const QString &tool) const { return m_on.value(tool, false); }
+
+    /// A quick tool that goes on switches the other quick tools off.
     void setOn(const QString &tool, bool on);
 
     bool isActive(const QString &tool) const { return m_active.contains(tool); }
     void setActive(const QString &tool, bool active); ///< it is on while it is active
 
     QString quickTool() const { return m_quickTool; }
-    void setQuickTool(const QString &tool); ///< empty: none
+
+    /// Makes this the quick tool, which is on, and all others off. Empty: none.
+    void setQuickTool(const QString &tool);
 
     // Transactions, one for each tool.
 
@@ -90,6 +94,8 @@ public:
     CameraSettingsByKey endTransaction(const QString &tool);
 
 private:
+    void switchOn(const QString &tool, bool on);
+    void switchOtherQuickToolsOff(const QString &tool);
     void forget(PLG_Interface *plugin);
 
     HostServices &m_host;

@@ -24,6 +24,7 @@ public:
     }
 
     void setTransaction(int checkKind) { m_checkKind = checkKind; }
+    void setQuick() { m_quickToolMode = 1; }
     void setClosesCurrent(bool closes) { m_closeCurrentOnFinish = closes; }
 
     void setHost(HostServices *services) override
@@ -108,6 +109,8 @@ private slots:
     void ignoredUpdatesReachNobody();
     void modeChangesReachAllPlugins();
     void toolStates();
+    void quickToolsExcludeEachOther();
+    void otherToolsAreNoQuickTools();
     void transactionRollsBack();
     void transactionResetsAndGoesOn();
     void transactionCommits();
@@ -467,6 +470,52 @@ void TestStandInPlugins::toolStates()
     QCOMPARE(host.quickTool(), QString("lut"));
     host.setQuickTool(QString());
     QCOMPARE(host.quickTool(), QString());
+}
+
+void TestStandInPlugins::quickToolsExcludeEachOther()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    NotingTool first("a");
+    NotingTool second("b");
+    for (NotingTool *tool : {&first, &second}) {
+        tool->setQuick();
+        host.addPlugin(tool);
+    }
+    first.activate();
+    QVERIFY(camera->isToolOn("a"));
+    second.activate();
+    QVERIFY(camera->isToolOn("b"));
+    QVERIFY(!camera->isToolOn("a"));
+    first.onSelectQuickTool();
+    QCOMPARE(host.quickTool(), QString("a"));
+    QVERIFY(camera->isToolOn("a"));
+    QVERIFY(!camera->isToolOn("b"));
+    host.setToolState("b", true);
+    QVERIFY(!camera->isToolOn("a"));
+    QCOMPARE(host.quickTool(), QString());
+    host.setQuickTool(QString());
+    QVERIFY(!camera->isToolOn("a"));
+    QVERIFY(!camera->isToolOn("b"));
+}
+
+void TestStandInPlugins::otherToolsAreNoQuickTools()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    NotingTool quick("a");
+    quick.setQuick();
+    NotingTool plain("b");
+    host.addPlugin(&quick);
+    host.addPlugin(&plain);
+    host.setToolState("b", true);
+    host.setToolState("a", true);
+    QVERIFY(camera->isToolOn("b"));
+    host.setToolState("b", true);
+    QVERIFY(camera->isToolOn("a"));
+    host.setQuickTool(QString());
+    QVERIFY(camera->isToolOn("b"));
+    QVERIFY(!camera->isToolOn("a"));
 }
 
 void TestStandInPlugins::transactionRollsBack()
