@@ -1,8 +1,8 @@
 #include "standin/host/StandInHost.h"
 
 StandInHost::StandInHost()
-    : m_settings(std::make_unique<StandInSettings>()), m_documents(m_events),
-      m_lock(*this, m_documents, m_undo), m_readOut(*this, m_documents, m_events),
+    : m_settings(std::make_unique<StandInSettings>()), m_undo(m_events), m_documents(m_events),
+      m_lock(*this, m_documents, m_undo.steps()), m_readOut(*this, m_documents, m_events),
       m_tools(*this, m_events, m_readOut), m_messages(m_events), m_prefsDialog(*this)
 {
     qRegisterMetaType<DOCKEY>("DOCKEY"); // so that events can be queued and spied on
@@ -12,9 +12,6 @@ StandInHost::StandInHost()
         [this](PLG_Interface *plugin) { m_state.embeddedWidgets.remove(plugin); });
     m_appScriptObject.setObjectName(QStringLiteral("app"));
     m_mainScriptObject.setObjectName(QStringLiteral("main"));
-    QObject::connect(&m_undo, &QUndoStack::indexChanged, &m_events, &StandInEvents::undoChanged);
-    QObject::connect(&m_undo, &QUndoStack::canUndoChanged, &m_events, &StandInEvents::undoChanged);
-    QObject::connect(&m_undo, &QUndoStack::canRedoChanged, &m_events, &StandInEvents::undoChanged);
 }
 
 StandInHost::StandInHost(const QString &iniFile) : StandInHost()
@@ -22,8 +19,4 @@ StandInHost::StandInHost(const QString &iniFile) : StandInHost()
     m_settings = std::make_unique<StandInSettings>(iniFile);
 }
 
-StandInHost::~StandInHost()
-{
-    // The undo stack tells of its end, and there may be nobody left to tell.
-    m_undo.disconnect();
-}
+StandInHost::~StandInHost() = default;

@@ -8,17 +8,19 @@
 #include "standin/documents/StandInCamera.h"
 #include "standin/documents/StandInGroup.h"
 #include "standin/documents/StandInRecording.h"
+#include "standin/documents/UndoHistory.h"
 #include "standin/host/HostFrontEnd.h"
 #include "standin/host/StandInState.h"
 #include "standin/journal/CallJournal.h"
 #include "standin/journal/MessageLog.h"
+#include "standin/journal/Pauses.h"
 #include "standin/journal/StandInEvents.h"
 #include "standin/saving/SavePlan.h"
 #include "standin/settings/StandInSettings.h"
 #include "standin/tools/ReadOut.h"
 #include "standin/tools/ToolTable.h"
 
-#include <QUndoStack>
+#include <QScopeGuard>
 
 #include <memory>
 
@@ -82,7 +84,7 @@ public:
     HostFrontEnd &frontEnd() { return m_frontEnd; }
     StandInSettings &settings() { return *m_settings; }
     StandInEvents *events() override { return &m_events; }
-    QUndoStack *undoSteps() { return &m_undo; } ///< owned by the host
+    QUndoStack *undoSteps() { return &m_undo.steps(); } ///< owned by the host
 
     // Modes.
 
@@ -177,15 +179,15 @@ public:
     /// Names of the translation files in use.
     QStringList translationFiles() const { return m_tools.translationFiles(); }
 
-    // Pauses: calls that begin minus calls that end, 0 when all is balanced.
+    // Pauses: what was begun and not ended, 0 when all is balanced.
 
-    int livePauses() const { return m_livePauses; }
-    int playbackPauses() const { return m_playbackPauses; }
-    int viewSuspensions() const { return m_viewSuspensions; }
-    int exclusiveUpdates() const { return m_exclusiveUpdates; }
-    int exclusiveRefreshes() const { return m_exclusiveRefreshes; }
-    int deterrals() const { return m_deterrals; }
-    int openMacros() const { return m_openMacros; }
+    int livePauses() const { return m_pauses.live.open(); }
+    int playbackPauses() const { return m_pauses.playback.open(); }
+    int exclusiveUpdates() const { return m_pauses.exclusiveUpdate.open(); }
+    int exclusiveRefreshes() const { return m_pauses.exclusiveRefresh.open(); }
+    int deterrals() const { return m_pauses.deterral.open(); }
+    int openMacros() { return m_undo.macros().open(); }
+    bool isViewSuspended() const { return m_pauses.isViewSuspended; }
 
     // Messages.
 
@@ -495,11 +497,22 @@ private:
         return m_journal.command(QString(), operation, arguments...);
     }
 
+    /// Begins the pair with this call; when it fails the pair knows.
+    template <class... Arguments>
+    void begun(CallPair &pair, const char *operation, const Arguments &...arguments)
+    {
+        auto failed = qScopeGuard([&] { pair.beginFailed(); });
+        told(operation, arguments...);
+        failed.dismiss();
+        pair.begin();
+    }
+
     void showMessage(const QString &kind, const QString &text, const QStringList &items,
                      QWidget *parent);
     QWidget *messageParent(QWidget *parent) const;
-    void refreshUI(uint flags, bool send);
+    void refreshUI(const Pauses::Refresh &refresh);
     void hideBoxes();
+    void checkKey(const QString &key) const;
     QVariant pref(const QString &key, const QVariant &defaultValue) const;
     void storePref(const QString &key, const QVariant &value);
 
@@ -513,25 +526,14 @@ private:
     std::unique_ptr<StandInSettings> m_settings;
     Mode m_mode = Mode::Live;
 
-    QUndoStack m_undo;
+    UndoHistory m_undo;
     DocumentList m_documents;
     QMutex m_documentsMutex;
     CameraLock m_lock;
     ReadOut m_readOut;
     ToolTable m_tools;
 
-    int m_livePauses = 0;
-    int m_playbackPauses = 0;
-    int m_viewSuspensions = 0;
-    int m_exclusiveUpdates = 0;
-    int m_exclusiveRefreshes = 0;
-    int m_deterrals = 0;
-    uint m_deterredFlags = 0;
-    bool m_deterredSend = false;
-
-    int m_openMacros = 0;
-    int m_clearedMacros = 0; ///< macros whose end is still to come, though they were cleared
-
+    Pauses m_pauses;
     SavePlan m_savePlan;
     bool m_interactive = false;
     MessageLog m_messages;

@@ -139,21 +139,23 @@ bool StandInHost::isTrelvikLocked()
 void StandInHost::commitTransaction(bool apply, const QString &tool)
 {
     told("commitTransaction", apply, tool);
-    const CameraSettingsByKey before = m_tools.endTransaction(tool);
+    const CameraSettingsByKey before = m_tools.endTransaction(tool, "commitTransaction");
     if (!apply)
         m_lock.restore(before);
 }
 
 void StandInHost::beginTransaction(const QString &tool, bool first, bool second)
 {
+    auto failed = qScopeGuard([&] { m_tools.transactionFailed(tool); });
     told("beginTransaction", tool, first, second);
+    failed.dismiss();
     m_tools.beginTransaction(tool, m_lock.settingsOfAll());
 }
 
 void StandInHost::rollbackTransaction(const QString &tool)
 {
     told("rollbackTransaction", tool);
-    m_lock.restore(m_tools.endTransaction(tool));
+    m_lock.restore(m_tools.endTransaction(tool, "rollbackTransaction"));
 }
 
 void StandInHost::resetTransaction(const QString &tool)
@@ -215,25 +217,23 @@ QMutex *StandInHost::documentsMutex()
 void StandInHost::endExclusiveUpdate()
 {
     told("endExclusiveUpdate");
-    --m_exclusiveUpdates;
+    m_pauses.exclusiveUpdate.end();
 }
 
 void StandInHost::beginExclusiveUpdate()
 {
-    told("beginExclusiveUpdate");
-    ++m_exclusiveUpdates;
+    begun(m_pauses.exclusiveUpdate, "beginExclusiveUpdate");
 }
 
 void StandInHost::endExclusiveRefresh()
 {
     told("endExclusiveRefresh");
-    --m_exclusiveRefreshes;
+    m_pauses.exclusiveRefresh.end();
 }
 
 void StandInHost::beginExclusiveRefresh()
 {
-    told("beginExclusiveRefresh");
-    ++m_exclusiveRefreshes;
+    begun(m_pauses.exclusiveRefresh, "beginExclusiveRefresh");
 }
 
 QList<DOCKEY> StandInHost::documentKeys(bool first, bool second)

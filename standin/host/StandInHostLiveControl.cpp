@@ -3,37 +3,38 @@
 void StandInHost::resumeLive()
 {
     told("resumeLive");
-    emit m_events.livePauseChanged(--m_livePauses);
+    if (m_pauses.live.end())
+        emit m_events.livePauseChanged(livePauses());
 }
 
 void StandInHost::pauseLiveExclusive(bool first, bool second, bool third)
 {
-    told("pauseLiveExclusive", first, second, third);
-    emit m_events.livePauseChanged(++m_livePauses);
+    begun(m_pauses.live, "pauseLiveExclusive", first, second, third);
+    emit m_events.livePauseChanged(livePauses());
 }
 
 void StandInHost::pauseLive(bool flag)
 {
-    told("pauseLive", flag);
-    emit m_events.livePauseChanged(++m_livePauses);
+    begun(m_pauses.live, "pauseLive", flag);
+    emit m_events.livePauseChanged(livePauses());
 }
 
 bool StandInHost::isLivePaused()
 {
     asked("isLivePaused");
-    return m_state.isLivePaused.value_or(m_livePauses > 0);
+    return m_state.isLivePaused.value_or(livePauses() > 0);
 }
 
 void StandInHost::suspendView(bool flag)
 {
     told("suspendView", flag);
-    ++m_viewSuspensions;
+    m_pauses.isViewSuspended = true;
 }
 
 void StandInHost::resumeView(bool flag)
 {
     told("resumeView", flag);
-    --m_viewSuspensions;
+    m_pauses.isViewSuspended = false;
 }
 
 void StandInHost::prepareLiveForPrefs()

@@ -14,6 +14,7 @@
 #include <QPointer>
 #include <QWebFrame>
 #include <QWebPage>
+#include <QtDebug>
 
 namespace {
 
@@ -29,28 +30,27 @@ QString notStored()
 void StandInHost::updateUI(uint flags, bool force)
 {
     told("updateUI", flags, force);
-    refreshUI(flags, flags == UpdateFlag::SendSettings);
+    refreshUI({flags, flags == UpdateFlag::SendSettings});
 }
 
 // Settings are sent only when that alone is asked for, by an edit: a refresh of everything, which
 // ends each page operation, shows what is there and changes no camera.
-void StandInHost::refreshUI(uint flags, bool send)
+void StandInHost::refreshUI(const Pauses::Refresh &refresh)
 {
     if (m_state.isUpdateIgnore)
         return;
-    if (m_deterrals > 0) {
-        m_deterredFlags |= flags;
-        m_deterredSend = m_deterredSend || send;
+    if (deterrals() > 0) {
+        m_pauses.holdBack(refresh);
         return;
     }
-    if (send)
+    if (refresh.send)
         m_lock.resend();
     m_tools.forEach([](PLG_Interface *plugin) { plugin->update(); });
-    if (flags & UpdateFlag::Display) {
+    if (refresh.flags & UpdateFlag::Display) {
         for (const StandInDocument *document : documents())
             emit m_events.documentRefreshed(document->key());
     }
-    emit m_events.updated(flags);
+    emit m_events.updated(refresh.flags);
 }
 
 void StandInHost::hideSelectBox()
@@ -328,15 +328,16 @@ bool StandInHost::isUpdateIgnore()
 
 void StandInHost::deterUpdateUI(bool deter)
 {
-    told("deterUpdateUI", deter);
-    m_deterrals += deter ? 1 : -1;
-    if (m_deterrals > 0 || m_deterredFlags == 0)
+    if (deter) {
+        begun(m_pauses.deterral, "deterUpdateUI", deter);
         return;
-    const uint flags = m_deterredFlags;
-    const bool send = m_deterredSend;
-    m_deterredFlags = 0;
-    m_deterredSend = false;
-    refreshUI(flags, send);
+    }
+    told("deterUpdateUI", deter);
+    if (!m_pauses.deterral.end() || deterrals() > 0)
+        return;
+    const Pauses::Refresh heldBack = m_pauses.takeHeldBack();
+    if (heldBack.flags != 0)
+        refreshUI(heldBack);
 }
 
 void StandInHost::exportSupportSnapshot(SupportSnapshot &out)
@@ -359,13 +360,26 @@ bool StandInHost::isAutoCameraNameEnabled()
     return m_state.isAutoCameraNameEnabled;
 }
 
+// A tool has the settings that begin with its name.
+void StandInHost::checkKey(const QString &key) const
+{
+    const int slash = key.indexOf(QLatin1Char('/'));
+    if (m_settings->isKnown(key) || (slash > 0 && m_tools.find(key.left(slash))))
+        return;
+    qCritical().noquote() << "unknown setting:" << key;
+}
+
+// Read with an empty name there is nothing to find, and nothing to complain of.
 QVariant StandInHost::pref(const QString &key, const QVariant &defaultValue) const
 {
+    if (!key.isEmpty())
+        checkKey(key);
     return m_settings->value(key, defaultValue);
 }
 
 void StandInHost::storePref(const QString &key, const QVariant &value)
 {
+    checkKey(key);
     if (!m_settings->setValue(key, value))
         throw APP_Exception(notStored(), 0);
     emit m_events.settingChanged(key);
@@ -490,12 +504,15 @@ void StandInHost::openEthernetSettings()
 QVariant StandInHost::prefDefault(const QString &key)
 {
     asked("prefDefault", key);
+    if (!key.isEmpty())
+        checkKey(key);
     return m_settings->defaultOf(key);
 }
 
 void StandInHost::removePref(const QString &key)
 {
     told("removePref", key);
+    checkKey(key);
     if (!m_settings->remove(key))
         throw APP_Exception(notStored(), 0);
     emit m_events.settingChanged(key);

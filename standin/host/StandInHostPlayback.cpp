@@ -2,12 +2,13 @@
 
 void StandInHost::pausePlayback()
 {
-    told("pausePlayback");
-    emit m_events.playbackPauseChanged(++m_playbackPauses);
+    begun(m_pauses.playback, "pausePlayback");
+    emit m_events.playbackPauseChanged(playbackPauses());
 }
 
 void StandInHost::resumePlayback()
 {
     told("resumePlayback");
-    emit m_events.playbackPauseChanged(--m_playbackPauses);
+    if (m_pauses.playback.end())
+        emit m_events.playbackPauseChanged(playbackPauses());
 }

@@ -2,6 +2,8 @@
 
 #include "contract/PLG_Interface.h"
 
+#include <QtDebug>
+
 void StandInHost::addPlugin(PLG_Interface *plugin)
 {
     m_tools.add(plugin, pref(QStringLiteral("display/language"), QVariant()).toString());
@@ -22,6 +24,8 @@ void StandInHost::returnFromPlugin()
 void StandInHost::openPluginByName(const QString &tool)
 {
     told("openPluginByName", tool);
+    if (!m_tools.isKnown(tool))
+        qCritical().noquote() << "unknown tool:" << tool;
     m_tools.open(m_tools.find(tool));
 }
 

@@ -3,50 +3,43 @@
 void StandInHost::clearUndoStack()
 {
     told("clearUndoStack");
-    m_clearedMacros += m_openMacros;
-    m_openMacros = 0;
     m_undo.clear();
 }
 
 bool StandInHost::canUndo()
 {
     asked("canUndo");
-    return m_undo.canUndo();
+    return m_undo.steps().canUndo();
 }
 
 bool StandInHost::canRedo()
 {
     asked("canRedo");
-    return m_undo.canRedo();
+    return m_undo.steps().canRedo();
 }
 
 void StandInHost::beginUndoMacro(const QString &text)
 {
+    auto failed = qScopeGuard([&] { m_undo.macros().beginFailed(); });
     told("beginUndoMacro", text);
-    ++m_openMacros;
+    failed.dismiss();
     m_undo.beginMacro(text);
 }
 
 void StandInHost::endUndoMacro()
 {
     told("endUndoMacro");
-    if (m_openMacros == 0 && m_clearedMacros > 0) {
-        --m_clearedMacros;
-        return;
-    }
-    if (m_openMacros > 0)
-        --m_openMacros;
-    m_undo.endMacro(); // warns when there is none
+    m_undo.endMacro();
 }
 
 void StandInHost::undo()
 {
     told("undo");
-    m_undo.undo();
+    m_undo.steps().undo();
 }
 
 void StandInHost::redo()
 {
     told("redo");
-    m_undo.redo();
+    m_undo.steps().redo();
 }

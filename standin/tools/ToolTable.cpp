@@ -5,10 +5,12 @@
 #include "contract/HostServices.h"
 #include "contract/HostValues.h"
 #include "contract/PLG_Interface.h"
+#include "foundation/Keys.h"
 #include "standin/journal/StandInEvents.h"
 #include "standin/tools/ReadOut.h"
 
 #include <QScopeGuard>
+#include <QtDebug>
 
 #include <utility>
 
@@ -142,6 +144,16 @@ void ToolTable::prepareWidget(PLG_Interface *plugin, const QString &classId)
     m_widgets.insert(plugin, classId);
 }
 
+bool ToolTable::isKnown(const QString &tool) const
+{
+    static const QSet<QString> ownTools{
+        QStringLiteral("s_record"), Keys::tools.liveControl, Keys::tools.histogram,
+        Keys::tools.lineProfile,    Keys::tools.lut,         Keys::tools.sensorLut,
+        Keys::tools.imageTrigger,   Keys::tools.analogGain,  Keys::tools.focusCheck,
+        Keys::tools.colorCorrection};
+    return ownTools.contains(tool) || find(tool);
+}
+
 void ToolTable::switchOn(const QString &tool, bool on)
 {
     m_on.insert(tool, on);
@@ -193,6 +205,7 @@ void ToolTable::setQuickTool(const QString &tool)
 
 void ToolTable::beginTransaction(const QString &tool, const CameraSettingsByKey &settings)
 {
+    m_failedTransactions.remove(tool);
     m_transactions.insert(tool, settings);
 }
 
@@ -201,7 +214,9 @@ CameraSettingsByKey ToolTable::settingsBefore(const QString &tool) const
     return m_transactions.value(tool);
 }
 
-CameraSettingsByKey ToolTable::endTransaction(const QString &tool)
+CameraSettingsByKey ToolTable::endTransaction(const QString &tool, const char *call)
 {
+    if (!m_transactions.contains(tool) && !m_failedTransactions.remove(tool))
+        qCritical().noquote() << "end without its beginning:" << call << tool;
     return m_transactions.take(tool);
 }

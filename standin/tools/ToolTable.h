@@ -80,6 +80,9 @@ public:
     /// Makes this the quick tool, which is on, and all others off. Empty: none.
     void setQuickTool(const QString &tool);
 
+    /// Whether openPluginByName() knows the name: a plug-in, or a tool that the host itself has.
+    bool isKnown(const QString &tool) const;
+
     // Transactions, one for each tool.
 
     bool isTransactionOpen(const QString &tool) const { return m_transactions.contains(tool); }
@@ -90,8 +93,11 @@ public:
     /// What the cameras had at the beginning; empty without a transaction.
     CameraSettingsByKey settingsBefore(const QString &tool) const;
 
-    /// Ends it and gives settingsBefore().
-    CameraSettingsByKey endTransaction(const QString &tool);
+    /// Ends it and gives settingsBefore(). `call`: what ends it, for the critical line without one.
+    CameraSettingsByKey endTransaction(const QString &tool, const char *call);
+
+    /// A call that would have begun one failed; its end may come or not.
+    void transactionFailed(const QString &tool) { m_failedTransactions.insert(tool); }
 
 private:
     void switchOn(const QString &tool, bool on);
@@ -112,4 +118,5 @@ private:
     QSet<QString> m_active;
     QString m_quickTool;
     QMap<QString, CameraSettingsByKey> m_transactions;
+    QSet<QString> m_failedTransactions;
 };

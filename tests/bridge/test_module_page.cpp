@@ -88,6 +88,7 @@ struct Panel
         host.attachMediator(&view, tool->mediator());
         view.resize(400, 300);
         view.show();
+        host.settings().declare({"a/b"});
         view.setHtml(tool->pageHtml(), QUrl(QStringLiteral("qrc:/t_page.html")));
         ready = page.waitLoaded();
         host.clearJournal();

@@ -294,6 +294,7 @@ void TestOperationLog::scopeMadeOnOneBranch()
 {
     QFETCH(bool, update);
     StandInHost host;
+    host.settings().declare({"a/b"});
     JS_Mediator mediator(&host, "main");
     logCalls(host);
     LogCapture log;

@@ -61,6 +61,7 @@ struct Panel
 {
     Panel() : tool(&host), view(&host, nullptr), page(&view)
     {
+        host.settings().declare({"a/b"});
         host.addPlugin(&tool);
         host.attachMediator(&view, tool.mediator());
         view.resize(400, 300);

@@ -435,6 +435,7 @@ void TestWebViewDialog::escapeDoesNothing()
 void TestWebViewDialog::furtherMediatorIsShown()
 {
     StandInHost host;
+    host.settings().declare({"a/b"});
     OpenDialog dialog(&host, new JS_Mediator_Dialog(&host, QStringLiteral("bridge")));
     host.clearJournal();
     dialog.addMediator(new JS_Mediator(&host, QStringLiteral("names")));
@@ -664,6 +665,7 @@ void TestWebViewDialog::pageCallsSlotsWhileItsDialogCloses()
 void TestWebViewDialog::dialogsOpenFromInsideSlots()
 {
     StandInHost host;
+    host.settings().declare({"a/b"});
     OpenDialog dialog(&host, new NestingMediator(&host, 3));
     PageProbe page(dialog.webView());
     dialog.resize(400, 300);

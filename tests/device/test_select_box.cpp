@@ -608,7 +608,7 @@ void TestSelectBox::objectsAreShownInOrder()
              QStringList({"appScriptObject()", "mainScriptObject()"}));
     QCOMPARE(shown.page.evaluate("typeof app + typeof main + typeof items").toString(),
              QStringLiteral("objectobjectobject"));
-    QCOMPARE(shown.page.evaluate("items.getPrefInt('a/b', 4)").toInt(), 4);
+    QCOMPARE(shown.page.evaluate("items.getPrefInt('main/scrno', 4)").toInt(), 4);
 }
 
 void TestSelectBox::missingScriptObjectsAreLeftOut()

@@ -127,6 +127,7 @@ void TestCallJournal::keepsCallsInOrder()
 {
     StandInHost host;
     StandInCamera *camera = host.addCamera();
+    host.settings().declare({"display/x"});
     QCOMPARE(host.journal(), QStringList());
     host.setTrelvikLock(true);
     host.getPrefInt("display/x", QVariant());
@@ -147,6 +148,7 @@ void TestCallJournal::masksPasswords()
                                           "changeDrivePassword(1, 2, ***, ***)"}));
     QCOMPARE(LogGroups::masked(), QString("***"));
     host.clearJournal();
+    host.settings().declare({"usercustom/drivePassword", "passage/name"});
     host.setPref("usercustom/drivePassword", "hunter2");
     host.setPrefString("usercustom/drivePassword", "hunter2");
     host.setPrefString("passage/name", "shown");
@@ -160,6 +162,7 @@ void TestCallJournal::masksPasswords()
 void TestCallJournal::commandsLeaveOutQuestions()
 {
     StandInHost host;
+    host.settings().declare({"a/b"});
     StandInCamera *camera = host.addCamera();
     QList<DOCKEY> keys;
     host.isLiveMode();
@@ -188,6 +191,7 @@ void TestCallJournal::clearForgetsLinesAndCountButNoFaults()
 void TestCallJournal::keepsTheLastLinesOnly()
 {
     StandInHost host;
+    host.settings().declare({"a", "b"});
     for (int i = 0; i < 10; ++i)
         host.setPrefInt("a", i);
     host.setJournalLimit(3);

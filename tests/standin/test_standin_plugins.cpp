@@ -223,6 +223,7 @@ void TestStandInPlugins::opensADialogTool()
 void TestStandInPlugins::unknownNameOpensNothing()
 {
     StandInHost host;
+    LogCapture log; // there is no such tool
     host.openPluginByName("nowhere");
     host.closePluginByName("nowhere");
     host.closeCurrentPlugin();
@@ -533,7 +534,12 @@ void TestStandInPlugins::transactionRollsBack()
     QCOMPARE(second->sensorRegion(), QRect(192, 272, 640, 480));
     QVERIFY(!host.isTransactionOpen("binning"));
     first->setShutterSpeed(2000);
-    host.rollbackTransaction("binning"); // none is open
+    {
+        LogCapture log;
+        host.rollbackTransaction("binning"); // none is open
+        QCOMPARE(log.texts(),
+                 QStringList("end without its beginning: rollbackTransaction binning"));
+    }
     QCOMPARE(first->shutterSpeed(), 2000u);
 }
 
@@ -559,7 +565,9 @@ void TestStandInPlugins::transactionCommits()
     host.commitTransaction(true, "binning");
     QCOMPARE(camera->shutterSpeed(), 4000u);
     QVERIFY(!host.isTransactionOpen("binning"));
+    LogCapture log;
     host.rollbackTransaction("binning");
+    QCOMPARE(log.texts(), QStringList("end without its beginning: rollbackTransaction binning"));
     QCOMPARE(camera->shutterSpeed(), 4000u);
 }
 
@@ -611,17 +619,15 @@ void TestStandInPlugins::pausesAreBalanced()
     host.resumeLive();
     QVERIFY(!host.isLivePaused());
     QCOMPARE(host.livePauses(), 0);
-    host.resumeLive();
-    QCOMPARE(host.livePauses(), -1); // one too many shows
 
     host.pausePlayback();
     QCOMPARE(host.playbackPauses(), 1);
     host.resumePlayback();
     QCOMPARE(host.playbackPauses(), 0);
     host.suspendView(false);
-    QCOMPARE(host.viewSuspensions(), 1);
+    QVERIFY(host.isViewSuspended());
     host.resumeView(false);
-    QCOMPARE(host.viewSuspensions(), 0);
+    QVERIFY(!host.isViewSuspended());
     host.beginExclusiveUpdate();
     host.beginExclusiveRefresh();
     host.beginExclusiveRefresh();

@@ -211,7 +211,6 @@ bool ToolView::handleMouse(PictureArea *area, QEvent *event)
         m_pressed = NoDocKey;
         const QPoint pos = inView(key, mouse->pos());
         guarded(&m_host, [&] { m_tool->onMouseRelease(pos, docId); });
-        dropEmptyStep();
         return true;
     }
     case QEvent::Leave:
@@ -269,18 +268,6 @@ void ToolView::finishDrag()
     m_pressed = NoDocKey;
     if (key != NoDocKey && m_tool && m_tool->isDragging())
         guarded(&m_host, [&] { m_tool->finishMouse(int(key)); });
-}
-
-// A press that changed nothing leaves nothing to undo.
-void ToolView::dropEmptyStep()
-{
-    QUndoStack *steps = m_host.undoSteps();
-    const QUndoCommand *last = steps->index() > 0 ? steps->command(steps->index() - 1) : nullptr;
-    if (!last || last->childCount() > 0 || dynamic_cast<const RegionStep *>(last) ||
-        !last->text().isEmpty())
-        return;
-    const_cast<QUndoCommand *>(last)->setObsolete(true);
-    steps->undo(); // deletes it
 }
 
 ToolView::Regions ToolView::regions()

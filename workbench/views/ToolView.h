@@ -58,7 +58,6 @@ private:
     QPoint inView(DOCKEY key, const QPoint &pos) const;
     bool edits(DOCKEY key);
     void finishDrag();
-    void dropEmptyStep();
     Regions regions();
     void takeRegions();
     void recordChange();

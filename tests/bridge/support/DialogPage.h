@@ -13,6 +13,7 @@ struct DialogPage
         : mediator(new JS_Mediator_Dialog(&host, QStringLiteral("bridge"))),
           dialog(&host, QStringLiteral("Calls"), url, mediator, nullptr), page(dialog.webView())
     {
+        host.settings().declare({"a/b"}); // what tests store and read
         dialog.resize(400, 300);
         dialog.show();
         loaded = page.waitLoaded();

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "standin/journal/CallPair.h"
+
+#include <QUndoStack>
+
+class StandInEvents;
+
+/// The steps that can be taken back. The steps of a macro are one; a macro without any leaves none.
+/// GUI thread.
+class UndoHistory
+{
+public:
+    /// The events tell of every change.
+    explicit UndoHistory(StandInEvents &events);
+    ~UndoHistory();
+
+    QUndoStack &steps() { return m_steps; }
+
+    /// Calls of beginMacro() and endMacro(), which nest. The end of a macro that was cleared while
+    /// it was open does nothing.
+    CallPair &macros() { return m_macros; }
+    void beginMacro(const QString &text);
+    void endMacro();
+
+    void clear(); ///< open macros too
+
+private:
+    QUndoStack m_steps;
+    CallPair m_macros{QStringLiteral("endUndoMacro")};
+};
