@@ -49,7 +49,7 @@ def main():
     try:
         import changes as front_end
         front_end.check_front_end()
-    except (ImportError, OSError) as error:
+    except ImportError as error:
         raise Failure(f"The bindings of clang are missing (python3-clang-14): {error}", 2)
 
     work = checkout / "build" / "mutate"
@@ -157,16 +157,19 @@ def find_changes(front_end, tree, subject, pool):
 
 
 class Refused:
-    """The changes that do not compile, as earlier runs found them. They are known by the content of
-    their file."""
+    """The changes that do not compile, as earlier runs found them. They are known by their numbers,
+    for one content of their file and of this script."""
 
     def __init__(self, tree, path):
         self._tree = tree
         self._path = path
         self._known = json.loads(path.read_text()) if path.exists() else {}
+        self._script = b"".join(source.read_bytes() for source in
+                                sorted(Path(__file__).parent.glob("*.*")))
 
     def _content(self, file):
-        return hashlib.sha256((self._tree.checkout / file).read_bytes()).hexdigest()
+        source = (self._tree.checkout / file).read_bytes()
+        return hashlib.sha256(self._script + source).hexdigest()
 
     def without(self, changes):
         contents = {file: self._content(file) for file in {change.file for change in changes}}
@@ -214,8 +217,8 @@ def build(tree, changes, only, work):
 
 
 def guilty(changes, lines):
-    """The changes that the complaints are about: those of the lines; all of a file where no line has
-    one."""
+    """The changes that the complaints are about: those of the lines; all of a file where no line
+    has one."""
     bad = []
     for file, places in lines.items():
         own = [change for change in changes if change.file == file]

@@ -17,8 +17,8 @@ from clang.cindex import (
 
 from rewrite import SWITCH, Change, Wrap, flat, number_changes, shown
 
-# Two neighbouring statements are swapped where both call one of these or emit a signal. The order of
-# others shows nowhere.
+# Two neighbouring statements are swapped where both call one of these or emit a signal. The order
+# of others shows nowhere.
 HOST_HEADERS = ("/contract/HostServices.h", "/contract/DOC_Interface.h")
 
 COMPARISONS = {
@@ -63,11 +63,11 @@ class ParseError(Exception):
 
 
 def check_front_end():
-    """Raises ParseError where the front end is not there."""
+    """Raises ImportError where the front end is not there."""
     try:
         Config().lib
     except LibclangError as error:
-        raise ParseError(str(error)) from error
+        raise ImportError(str(error)) from error
 
 
 class Unit:
@@ -125,8 +125,8 @@ def function_name(cursor):
 
 
 class Knowledge:
-    """What holds for all files of a run: which functions are getters of a field, and which reach the
-    host, a document or a signal."""
+    """What holds for all files of a run: which functions are getters of a field, and which reach
+    the host, a document or a signal."""
 
     def __init__(self):
         self.getters = {}

@@ -1,9 +1,9 @@
 """Changes as text: a source file in which every change stands behind its switch.
 
 A change is a set of wraps. A wrap puts text before and after a range of the source and leaves the
-range itself to the changes within it, so that the text grows with the number of changes and not with
-their nesting: what stands in the wrap is the source as it was. Offsets are bytes; sources are handled
-as latin-1 text, in which a byte is a character.
+range itself to the changes within it, so that the text grows with the number of changes and not
+with their nesting: what stands in the wrap is the source as it was. Offsets are bytes; sources are
+handled as latin-1 text, in which a byte is a character.
 """
 
 import re

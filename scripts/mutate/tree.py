@@ -1,8 +1,8 @@
 """The copy of the checkout in which the changes are compiled, and its build.
 
-The copy is kept in step by content, and written to only where it differs, so that a later run builds
-what has changed and nothing else. Its build folder lies in it as the build folder of `./dev test` lies
-in the checkout: what ccache knows of the one it knows of the other.
+The copy is kept in step by content, and written to only where it differs, so that a later run
+builds what has changed and nothing else. Its build folder lies in it as the build folder of
+`./dev test` lies in the checkout.
 """
 
 import json
@@ -71,9 +71,15 @@ class Tree:
         options = ["-DORVIX_BENCH=OFF", "-DORVIX_FUZZ=OFF"]
         if shutil.which("ccache"):
             options.append("-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
-        if (self.build / "build.ninja").exists():
+        # Ninja configures again by itself, but knows nothing of presets, nor of a moved checkout.
+        ninja, presets = self.build / "build.ninja", self.root / "CMakePresets.json"
+        home = f"CMAKE_HOME_DIRECTORY:INTERNAL={self.root}\n"
+        if ninja.exists() and ninja.stat().st_mtime > presets.stat().st_mtime and (
+                home in (self.build / "CMakeCache.txt").read_text()):
             return
-        self._run(["cmake", "--preset", PRESET, *options], "The build could not be configured")
+        self._run(["cmake", "--fresh", "--preset", PRESET, *options],
+                  "The build could not be configured")
+        ninja.touch()
 
     def compiled(self):
         """The arguments of the compiler for each source, by relative path."""
@@ -131,11 +137,12 @@ class Tree:
 
 
 def error_lines(output, root):
-    """The places that the compiler complains about: sets of lines by relative path. A complaint about
-    a header counts for the line from which it was reached."""
+    """The places that the compiler complains about: sets of lines by relative path. A complaint
+    about a header counts for the line from which it was reached."""
     lines = {}
-    place = re.compile(r"^(\S+?\.(?:cpp|h)):(\d+):(?:\d+:)? +(error|required from here)", re.MULTILINE)
-    for path, line, _ in place.findall(output):
+    place = re.compile(r"^(\S+?\.(?:cpp|h)):(\d+):(?:\d+:)? +(?:error|required from here)",
+                       re.MULTILINE)
+    for path, line in place.findall(output):
         path = os.path.normpath(os.path.join(root, "build", PRESET, path))
         if path.startswith(f"{root}/"):
             lines.setdefault(os.path.relpath(path, root), set()).add(int(line))

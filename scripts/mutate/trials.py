@@ -1,6 +1,7 @@
 """The tests, and the trial of a change against them.
 
-A test is an executable that ctest knows. Of a Qt test only the functions that reach a change are run.
+A test is an executable that ctest knows. Of a Qt test only the functions that reach a change are
+run.
 """
 
 import math

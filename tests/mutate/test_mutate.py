@@ -1,4 +1,4 @@
-"""Tests of scripts/mutate: its pure parts, and the whole script on the small checkout beside this file.
+"""Tests of scripts/mutate: its pure parts, and the whole script on the small checkout beside it.
 
 Ends with 77 where the bindings of clang are missing.
 """
@@ -134,6 +134,107 @@ class Judging(unittest.TestCase):
         self.assertEqual(error_lines(output, Path("/tree")), {"part/A.cpp": {7}, "part/A.h": {2}})
 
 
+class Finding(unittest.TestCase):
+    """The changes to a text, each with its line."""
+
+    maxDiff = None
+
+    def changes(self, text):
+        import changes  # pylint: disable=import-outside-toplevel
+        unit = changes.Unit("/part/A.cpp", "part/A.cpp", text,
+                            ["-std=c++17", f"-I{HERE / 'checkout'}"])
+        knowledge = changes.Knowledge()
+        knowledge.learn(unit)
+        knowledge.close()
+        found = changes.Finder(unit, knowledge).changes()
+        # What was found can be put together.
+        self.assertEqual(wrapped(text, found).count("\n"), text.count("\n"))
+        return [f"{change.line} {change.text}" for change in found]
+
+    def test_loops(self):
+        self.assertEqual(self.changes("int f(int n)\n{\n"
+                                      "    int sum = 0;\n"
+                                      "    for (int i = 0; i < n; ++i) {\n"
+                                      "        if (i == 3)\n"
+                                      "            continue;\n"
+                                      "        sum += i;\n"
+                                      "    }\n"
+                                      "    do\n"
+                                      "        --sum;\n"
+                                      "    while (sum);\n"
+                                      "    return sum;\n}\n"),
+                         ["3 0 + 1 in int sum = [0]", "4 0 + 1 in int i = [0]",
+                          "4 i < n -> i <= n", "4 i < n -> i >= n", "5 i == 3 -> i != 3",
+                          "5 3 + 1 in i == [3]", "6 dropped: continue;", "7 sum += i -> sum -= i",
+                          "7 dropped: sum += i;", "10 dropped: --sum;", "11 negated: sum"])
+
+    def test_conditions(self):
+        self.assertEqual(self.changes("int f(bool a, bool b)\n{\n"
+                                      "    auto both = [&] { return a && !b; };\n"
+                                      "    return both() ? 1 : 2;\n}\n"
+                                      "int g(int *p)\n{\n"
+                                      "    if (int *q = p)\n"
+                                      "        return *q;\n"
+                                      "    while (true)\n"
+                                      "        ++*p;\n"
+                                      "}\n"),
+                         ["3 a && !b -> a || !b", "4 negated: both()", "4 1 + 1 in both() ? [1] : 2",
+                          "4 2 + 1 in both() ? 1 : [2]", "9 dropped: return *q;",
+                          "10 false in while ( [true] ) ++*p", "11 dropped: ++*p;"])
+
+    def test_operators_of_a_class(self):
+        self.assertEqual(self.changes("struct Key { bool operator<(const Key &) const; };\n"
+                                      "Key operator+(Key, Key);\n"
+                                      "bool f(Key a, Key b)\n{\n"
+                                      "    return a < b + a;\n}\n"),
+                         ["5 a < b + a -> a <= b + a", "5 a < b + a -> a >= b + a"])
+
+    def test_jumps(self):
+        self.assertEqual(self.changes("void f(int a)\n{\n"
+                                      "    switch (a) {\n"
+                                      "    case 1:\n"
+                                      "        f(a);\n"
+                                      "        return;\n"
+                                      "    case 2:\n"
+                                      "        f(a);\n"
+                                      "        break;\n"
+                                      "    default:\n"
+                                      "        break;\n"
+                                      "    }\n}\n"
+                                      "int g(int a)\n{\n"
+                                      "    switch (a) {\n"
+                                      "    case 1:\n"
+                                      "        return a;\n"
+                                      "    default:\n"
+                                      "        return a;\n"
+                                      "    }\n}\n"),
+                         ["5 dropped: f(a);", "6 dropped: return;", "8 dropped: f(a); (#2)",
+                          "18 dropped: return a;"])
+
+    def test_order_of_what_reaches_the_host(self):
+        self.assertEqual(self.changes('#include "contract/HostServices.h"\n'
+                                      "#define emit\n"
+                                      "struct Tool {\n"
+                                      "    HostServices *host;\n"
+                                      "    int m_a, m_b;\n"
+                                      "    void bell(); void changed(); void work();\n"
+                                      "};\n"
+                                      "void Tool::bell()\n{\n"
+                                      "    host->ring();\n}\n"
+                                      "void Tool::work()\n{\n"
+                                      "    m_a = m_b;\n"
+                                      "    host->open();\n"
+                                      "    if (m_a)\n"
+                                      "        bell();\n"
+                                      "    emit changed();\n"
+                                      "    changed();\n}\n"),
+                         ["10 dropped: host->ring();", "14 dropped: m_a = m_b;",
+                          "15 swapped: host->open(); and if (m_a) bell();",
+                          "15 dropped: host->open();", "16 swapped: if (m_a) bell(); and changed();",
+                          "16 negated: m_a", "17 dropped: bell();", "18 dropped: changed();",
+                          "19 dropped: changed(); (#2)"])
+
+
 # Function, change and fate of every change to part/Door.cpp.
 FATES = """\
 Door::enter|negated: isLocked()|test_door fails
@@ -165,8 +266,8 @@ part/Door.cpp, Door::leave
 
 
 class SmallCheckout(unittest.TestCase):
-    """The script from end to end. The build of a copy is kept from one run to the next, so this is one
-    story."""
+    """The script from end to end. The build of a copy is kept from one run to the next, so this is
+    one story."""
 
     maxDiff = None
 
@@ -259,7 +360,7 @@ if __name__ == "__main__":
     try:
         import clang.cindex
         clang.cindex.Config().lib
-    except (ImportError, clang.cindex.LibclangError) as error:
+    except Exception as error:  # pylint: disable=broad-except
         print(f"No bindings of clang: {error}")
         sys.exit(77)
     unittest.main(verbosity=2)
