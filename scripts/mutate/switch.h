@@ -1,24 +1,33 @@
-// The switch of the changes that are compiled into a source file. Its text stands at the top of each
-// such file, behind the definitions of ORVIX_FILE and ORVIX_COUNT, so that every copy of the library
-// in a process reads the environment for itself:
+// The switch of the changes that are compiled into a source file. Its text stands at the top of
+// each such file, behind the definitions of ORVIX_FILE and ORVIX_COUNT, so that every copy of the
+// library in a process reads the environment for itself:
 //
 // ORVIX_MUTANT=FILE:NUMBER     the one change that holds in this process
-// ORVIX_MUTANTS_REACHED=PATH   gets a line "FILE:NUMBER FUNCTION" for each change that a function of
-//                              a test reaches, without FUNCTION outside of them
+// ORVIX_MUTANTS_REACHED=PATH   gets a line "FILE:NUMBER FUNCTION" for each change that a test
+//                              function reaches, without FUNCTION outside of them
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
-#pragma GCC diagnostic ignored "-Wall"
+// What is odd about a change is its point.
 #pragma GCC diagnostic ignored "-Waddress"
+#pragma GCC diagnostic ignored "-Warray-bounds"
 #pragma GCC diagnostic ignored "-Wbool-compare"
+#pragma GCC diagnostic ignored "-Wdangling-else"
+#pragma GCC diagnostic ignored "-Wdiv-by-zero"
+#pragma GCC diagnostic ignored "-Wempty-body"
 #pragma GCC diagnostic ignored "-Wimplicit-fallthrough"
+#pragma GCC diagnostic ignored "-Wint-in-bool-context"
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #pragma GCC diagnostic ignored "-Wnarrowing"
+#pragma GCC diagnostic ignored "-Wnonnull"
+#pragma GCC diagnostic ignored "-Woverflow"
 #pragma GCC diagnostic ignored "-Wparentheses"
-#pragma GCC diagnostic ignored "-Wpragmas"
 #pragma GCC diagnostic ignored "-Wsign-compare"
+#pragma GCC diagnostic ignored "-Wstringop-overflow"
+#pragma GCC diagnostic ignored "-Wstringop-overread"
+#pragma GCC diagnostic ignored "-Wtautological-compare"
 #pragma GCC diagnostic ignored "-Wtype-limits"
 #pragma GCC diagnostic ignored "-Wuninitialized"
 #pragma GCC diagnostic ignored "-Wunused-value"
