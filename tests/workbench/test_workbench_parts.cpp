@@ -181,7 +181,7 @@ void TestWorkbenchParts::setsTheCameraThatIsShown()
     LogCapture capture;
     StandInHost host;
     StandInCamera *camera = host.addCamera();
-    CameraPanel panel;
+    CameraPanel panel(host);
     panel.setCamera(camera);
     panel.show();
     auto *shutter = panel.findChild<QComboBox *>("shutter");
@@ -206,7 +206,7 @@ void TestWorkbenchParts::setsTheCameraThatIsShown()
 void TestWorkbenchParts::tellsWhyThereIsNothingToSet()
 {
     StandInHost host;
-    CameraPanel panel;
+    CameraPanel panel(host);
     panel.setHint("No camera here");
     panel.show();
     QVERIFY(panel.findChild<QLabel *>("cameraHint")->isVisible());
