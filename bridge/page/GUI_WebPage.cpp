@@ -43,6 +43,12 @@ GUI_WebPage::GUI_WebPage(HostServices *host, QObject *parent)
     connect(this, &QWebPage::loadFinished, this, &GUI_WebPage::tell);
 }
 
+// A page that goes while it loads still tells of that.
+GUI_WebPage::~GUI_WebPage()
+{
+    disconnect(this, nullptr, this, nullptr);
+}
+
 // What is deleted later goes when the event loop goes on that runs now, not one that a slot runs.
 void GUI_WebPage::tell()
 {

@@ -13,6 +13,7 @@ class GUI_WebPage : public QWebPage
 
 public:
     GUI_WebPage(HostServices *host, QObject *parent);
+    ~GUI_WebPage() override;
 
     /// What goes when the engine has returned from telling of a load, which it does in the midst of
     /// its work; null when it tells of none.
