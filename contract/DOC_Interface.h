@@ -353,9 +353,8 @@ public:
     /// status, add and edit device.
     virtual bool isDummy() = 0;
 
-    /// Whether the camera can do this: 112 wireless, 117 shutdown, 158 and 176 camera log, 163
-    /// maxDataCount(). For: device rows and control status, mediator commands, camera media, add
-    /// and edit device.
+    /// Whether the camera can do this, one of the numbers of Capability in HostValues.h. For:
+    /// device rows and control status, mediator commands, camera media, add and edit device.
     virtual bool hasCapability(int capability) = 0;
 
     /// Whether it is locked in the multi-camera window. For: device rows and control status.

@@ -131,14 +131,15 @@ QString group(const QString &label, double value)
 QString group(const QString &label, const QVariant &value)
 {
     const int type = value.userType();
-    if (type == QMetaType::QVariantList || type == QMetaType::QStringList) {
-        if (!isSecretName(label) || value.toList().isEmpty())
-            return textGroup(label, Json::compactText(maskedList(value.toList())));
+    const bool isList = type == QMetaType::QVariantList || type == QMetaType::QStringList;
+    const bool isMap = type == QMetaType::QVariantMap || type == QMetaType::QVariantHash;
+    if (!isList && !isMap)
+        return group(label, value.toString());
+    const bool isEmpty = isList ? value.toList().isEmpty() : value.toMap().isEmpty();
+    if (isSecretName(label) && !isEmpty)
         return secretGroup(label);
-    }
-    if (type == QMetaType::QVariantMap || type == QMetaType::QVariantHash)
-        return textGroup(label, Json::compactText(maskedMap(value.toMap())));
-    return group(label, value.toString());
+    return textGroup(label, isList ? Json::compactText(maskedList(value.toList()))
+                                   : Json::compactText(maskedMap(value.toMap())));
 }
 
 QString secretGroup(const QString &label)

@@ -280,6 +280,7 @@ private:
     std::size_t modeFamily();
     void leavePanel();
     void finishPanel(bool commit);
+    void rollBackPanel();
     void releaseView();
 
     RegionGeometry::SensorScale limitScale(DOC_Interface *doc);

@@ -1,10 +1,15 @@
 #include "plugin/PLG_Common.h"
 
 #include "contract/DOC_Interface.h"
+#include "contract/HostGuard.h"
 #include "contract/HostServices.h"
 #include "contract/HostValues.h"
 #include "contract/ViewPauseGuard.h"
 #include "foundation/Keys.h"
+
+#include <QScopeGuard>
+
+#include <utility>
 
 // The flow of a tool: switched on and off, and the buttons of its panel.
 
@@ -56,16 +61,17 @@ void PLG_Common::deactivate()
 
 void PLG_Common::onClosed()
 {
+    // A host that fails in between gets its transaction and its view back all the same.
+    auto release = qScopeGuard([this] { guarded(m_host, [this] { releaseView(); }); });
+    auto rollBack = qScopeGuard([this] { guarded(m_host, [this] { rollBackPanel(); }); });
     endDrag();
     if (hasPanel()) {
         clearViewWidget();
         m_host->clearUndoStack();
-        if (usesTransaction() && m_transactionOpen) {
-            m_host->rollbackTransaction(name());
-            m_transactionOpen = false;
-        }
-        setModified(false);
     }
+    rollBack.dismiss();
+    rollBackPanel();
+    release.dismiss();
     releaseView();
 }
 
@@ -184,6 +190,15 @@ void PLG_Common::finishPanel(bool commit)
     }
     setModified(false);
     leavePanel();
+}
+
+void PLG_Common::rollBackPanel()
+{
+    if (!hasPanel())
+        return;
+    if (usesTransaction() && std::exchange(m_transactionOpen, false))
+        m_host->rollbackTransaction(name());
+    setModified(false);
 }
 
 void PLG_Common::releaseView()

@@ -5,6 +5,7 @@
 #include "bridge/mediator/PageSignal.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostServices.h"
+#include "contract/HostValues.h"
 
 PLG_Common::PLG_Common() : m_toolMutex(new QMutex(QMutex::Recursive)) {}
 
@@ -95,7 +96,7 @@ bool PLG_Common::isModified()
 
 bool PLG_Common::isModeAllowed(int mode)
 {
-    return mode >= 0 && mode <= 2 && (m_allowedModes & (1u << mode));
+    return mode >= 0 && mode <= HostMode::File && (m_allowedModes & (1u << mode));
 }
 
 bool PLG_Common::isAllowedInCurrentMode()

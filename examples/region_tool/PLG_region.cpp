@@ -344,7 +344,7 @@ void PLG_region::send(DOC_Interface *doc)
     if (applyToAllWhenLocked() && m_host->isTrelvikLocked())
         m_host->updateUI(UpdateFlag::SendSettings, false);
     else
-        doc->notifyChange(1, false);
+        doc->notifyChange(DocumentChange::Settings, false);
     m_host->updateUI(UpdateFlag::Display, false);
 }
 
@@ -357,7 +357,7 @@ void PLG_region::restore()
     for (auto entry = edited.cbegin(); entry != edited.cend(); ++entry) {
         DOC_Interface *doc = m_host->deviceByKey(entry.key(), true);
         if (doc && region(doc) != scaledTo(entry->rect, entry->picture, doc->imageSize()))
-            doc->notifyChange(1, false);
+            doc->notifyChange(DocumentChange::Settings, false);
     }
     m_host->updateUI(UpdateFlag::Display, false);
 }

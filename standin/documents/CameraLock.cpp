@@ -4,9 +4,8 @@
 #include "standin/documents/DocumentList.h"
 #include "standin/documents/DocumentOwner.h"
 #include "standin/documents/StandInCamera.h"
+#include "standin/documents/UndoHistory.h"
 #include "standin/journal/StandInEvents.h"
-
-#include <QUndoStack>
 
 namespace {
 
@@ -36,8 +35,8 @@ QString stepText(const StandInCamera &camera, CameraSetting setting)
 
 }
 
-CameraLock::CameraLock(DocumentOwner &owner, DocumentList &documents, QUndoStack &steps)
-    : m_owner(owner), m_documents(documents), m_steps(steps)
+CameraLock::CameraLock(DocumentOwner &owner, DocumentList &documents, UndoHistory &history)
+    : m_owner(owner), m_documents(documents), m_history(history)
 {
 }
 
@@ -83,7 +82,7 @@ void CameraLock::push(const CameraSettingsByKey &wanted, const QString &text, bo
             changes.insert(entry.key(), {target->settings(), entry.value()});
     }
     if (!changes.isEmpty())
-        m_steps.push(new CameraSettingsStep(m_owner, text, changes, send)); // owned by the stack
+        m_history.push(new CameraSettingsStep(m_owner, text, changes, send));
 }
 
 void CameraLock::resend()

@@ -7,7 +7,7 @@
 
 class DocumentList;
 class DocumentOwner;
-class QUndoStack;
+class UndoHistory;
 class StandInCamera;
 class StandInEvents;
 
@@ -18,7 +18,7 @@ using CameraSettingsByKey = QMap<DOCKEY, CameraSettings>;
 class CameraLock
 {
 public:
-    CameraLock(DocumentOwner &owner, DocumentList &documents, QUndoStack &steps);
+    CameraLock(DocumentOwner &owner, DocumentList &documents, UndoHistory &history);
 
     bool isOn() const { return m_on; }
     void set(bool on); ///< for all cameras, those included that join later
@@ -43,6 +43,6 @@ private:
 
     DocumentOwner &m_owner;
     DocumentList &m_documents;
-    QUndoStack &m_steps;
+    UndoHistory &m_history;
     bool m_on = false;
 };

@@ -2,6 +2,7 @@
 
 #include "standin/journal/CallPair.h"
 
+#include <QStringList>
 #include <QUndoStack>
 
 class StandInEvents;
@@ -23,9 +24,13 @@ public:
     void beginMacro(const QString &text);
     void endMacro();
 
+    /// Does a step and keeps it, which passes into the history's ownership.
+    void push(QUndoCommand *step);
+
     void clear(); ///< open macros too
 
 private:
     QUndoStack m_steps;
+    QStringList m_empty; ///< macros that the stack learns of with their first step
     CallPair m_macros{QStringLiteral("endUndoMacro")};
 };

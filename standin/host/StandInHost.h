@@ -84,7 +84,10 @@ public:
     HostFrontEnd &frontEnd() { return m_frontEnd; }
     StandInSettings &settings() { return *m_settings; }
     StandInEvents *events() override { return &m_events; }
-    QUndoStack *undoSteps() { return &m_undo.steps(); } ///< owned by the host
+    QUndoStack *undoSteps() { return &m_undo.steps(); } ///< to look at; owned by the host
+
+    /// Does a step of a user interface, which passes into the host's ownership.
+    void pushUndoStep(QUndoCommand *step) { m_undo.push(step); }
 
     // Modes.
 

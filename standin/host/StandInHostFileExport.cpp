@@ -85,9 +85,10 @@ void StandInHost::openCardReaderDrive(uint drive)
 {
     told("openCardReaderDrive", drive);
     const bool isOne = drive != 0 && (drive & (drive - 1)) == 0;
-    if (!isOne || !(m_state.cardReaderDriveMask & drive))
+    const bool isThere = isOne && (m_state.cardReaderDriveMask & drive);
+    if (!isThere)
         qCritical().noquote() << "unknown drive: bit" << drive;
-    m_state.openCardReaderDrive = drive;
+    m_state.openCardReaderDrive = isThere ? drive : 0;
 }
 
 void StandInHost::closeCardReaderData()

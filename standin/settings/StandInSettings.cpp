@@ -49,8 +49,10 @@ void StandInSettings::setDefault(const QString &key, const QVariant &value)
 
 void StandInSettings::declare(const QStringList &keys)
 {
-    for (const QString &key : keys)
-        setDefault(key, QVariant());
+    for (const QString &key : keys) {
+        if (!isKnown(key))
+            setDefault(key, QVariant());
+    }
 }
 
 bool StandInSettings::isKnown(const QString &key) const

@@ -115,15 +115,17 @@ void ToolTable::leave(PLG_Interface *plugin, bool close)
     });
     if (wasCurrent)
         m_current = nullptr;
+    if (!wasOpen && !wasCurrent)
+        return;
+    // Whatever fails, the tool hears that it was closed: only so a view comes back that it held.
+    auto closed = qScopeGuard([&] { guarded(&m_host, [&] { plugin->onClosed(); }); });
     if (wasOpen)
         plugin->closeTool();
-    // A tool without a panel is switched off; only onClosed() gives back a view that it held.
     if (wasOpen && !wasCurrent)
         plugin->deactivate();
-    if (wasOpen || wasCurrent)
-        plugin->onClosed();
-    if (wasOpen || wasCurrent)
-        emit m_events.pluginsChanged();
+    closed.dismiss();
+    plugin->onClosed();
+    emit m_events.pluginsChanged();
 }
 
 QString ToolTable::label(PLG_Interface *plugin)
@@ -172,8 +174,10 @@ void ToolTable::switchOtherQuickToolsOff(const QString &tool)
             others.append(name);
     }
     for (const QString &other : qAsConst(others)) {
-        if (isOn(other))
+        if (isOn(other) || isActive(other)) {
+            m_active.remove(other);
             switchOn(other, false);
+        }
     }
 }
 

@@ -50,6 +50,10 @@ void TestLogGroups::writesLabelColonValue_data()
     QTest::newRow("password deep inside")
         << group("drives", QVariantList({QVariantMap({{"password", "abc"}})}))
         << "[drives:[{\"password\":\"***\"}]] ";
+    QTest::newRow("map under the name of a password")
+        << group("password", QVariantMap({{"value", "abc"}})) << "[password:***] ";
+    QTest::newRow("no values under the name of a password")
+        << group("passwords", QVariantMap()) << "[passwords:{}] ";
     QTest::newRow("password of a page") << group("pass", QVariant("abc")) << "[pass:***] ";
     QTest::newRow("passwords of a page")
         << group("passwords", QStringList({"abc", "def"})) << "[passwords:***] ";

@@ -406,6 +406,19 @@ void TestPlgStories::everyCallMayFail()
         }
         const QString failed = stage.take().value(failing - 1);
         stage.host.clearFaults();
+        // Closed by the host: only a failure of the steps themselves keeps view or transaction.
+        const bool closedByHost = Way(way) == Way::Button || Way(way) == Way::HostGoes;
+        const QStringList ownSteps = {"documentsMutex()",
+                                      "isLiveMode()",
+                                      "pauseLive(false)",
+                                      "resumeView(false)",
+                                      "deterUpdateUI(true)",
+                                      "closePluginByName(\"t_story\")",
+                                      "rollbackTransaction(\"t_story\")"};
+        if (closedByHost && !ownSteps.contains(failed)) {
+            QVERIFY2(!stage.host.isViewSuspended(), qPrintable(failed));
+            QVERIFY2(!stage.host.isTransactionOpen(Name), qPrintable(failed));
+        }
         guarded(&stage.host, [&] { stage.tool->deactivate(); });
         QVERIFY2(!stage.tool->isDragging(), qPrintable(QString::number(failing)));
         QCOMPARE(stage.tool->m_dragHandle, 9);

@@ -110,6 +110,7 @@ private slots:
     void modeChangesReachAllPlugins();
     void toolStates();
     void quickToolsExcludeEachOther();
+    void quickToolThatIsExcludedRunsNoMore();
     void otherToolsAreNoQuickTools();
     void transactionRollsBack();
     void transactionResetsAndGoesOn();
@@ -498,6 +499,27 @@ void TestStandInPlugins::quickToolsExcludeEachOther()
     host.setQuickTool(QString());
     QVERIFY(!camera->isToolOn("a"));
     QVERIFY(!camera->isToolOn("b"));
+}
+
+void TestStandInPlugins::quickToolThatIsExcludedRunsNoMore()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    NotingTool toggle("t_crosscursor");
+    NotingTool other("b");
+    for (NotingTool *tool : {&toggle, &other}) {
+        tool->setQuick();
+        host.addPlugin(tool);
+    }
+    host.setToolState("t_crosscursor", true);
+    host.setToolActive("t_crosscursor", true);
+    QVERIFY(host.isToolRunning("t_crosscursor"));
+    host.setToolState("b", true);
+    QVERIFY(!host.isToolRunning("t_crosscursor"));
+    QVERIFY(!camera->isToolOn("t_crosscursor"));
+    host.setToolActive("t_crosscursor", true);
+    host.setQuickTool(QString());
+    QVERIFY(!host.isToolRunning("t_crosscursor"));
 }
 
 void TestStandInPlugins::otherToolsAreNoQuickTools()

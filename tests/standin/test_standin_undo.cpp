@@ -15,6 +15,7 @@ private slots:
     void macroIsOneStep();
     void macroWithEmptyTextWorks();
     void emptyMacroLeavesNoStep();
+    void emptyMacroForgetsNothingThatWasUndone();
     void emptyMacrosInsideOneAnotherLeaveNoStep();
     void macrosNest();
     void clearForgetsAll();
@@ -135,6 +136,19 @@ void TestStandInUndo::emptyMacroLeavesNoStep()
     host.undo(); // the change before them
     QCOMPARE(camera->shutterSpeed(), 1000u);
     QVERIFY(!host.canUndo());
+}
+
+void TestStandInUndo::emptyMacroForgetsNothingThatWasUndone()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    camera->setShutterSpeed(2000);
+    host.undo();
+    host.beginUndoMacro(QString());
+    host.endUndoMacro();
+    QVERIFY(host.canRedo());
+    host.redo();
+    QCOMPARE(camera->shutterSpeed(), 2000u);
 }
 
 void TestStandInUndo::emptyMacrosInsideOneAnotherLeaveNoStep()

@@ -300,7 +300,7 @@ void ToolView::recordChange()
     }
     m_known = now;
     if (!after.isEmpty())
-        m_host.undoSteps()->push(new RegionStep(*this, before, after)); // owned by the stack
+        m_host.pushUndoStep(new RegionStep(*this, before, after));
 }
 
 void ToolView::putBack(const Regions &regions)

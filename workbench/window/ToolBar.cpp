@@ -120,7 +120,7 @@ void ToolBar::press(PLG_Interface *tool, bool on)
 // What it held of the view is given back when it hears that it was closed.
 void ToolBar::switchOff(PLG_Interface *tool)
 {
-    tool->deactivate();
+    guarded(&m_host, [&] { tool->deactivate(); });
     tool->onClosed();
 }
 
