@@ -1,7 +1,11 @@
 #include "standin/settings/StandInSettings.h"
 
+#include "standin/settings/IniText.h"
 #include "standin/settings/StandInDefaults.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
 #include <QSettings>
 
 namespace {
@@ -60,42 +64,41 @@ bool StandInSettings::isKnown(const QString &key) const
     return m_ownDefaults.contains(key) || StandInDefaults::isKnown(key);
 }
 
-// A file object of its own for each change: what failed once is not held against the next.
-bool StandInSettings::write(const QString &key, const QVariant *value)
+// The file is replaced as a whole, and only when all of it could be written: what is in it stays
+// there otherwise.
+bool StandInSettings::take(const QMap<QString, QVariant> &values)
 {
-    if (m_file.isEmpty() || key.isEmpty()) // an empty key would stand for all
-        return true;
-    const auto put = [&key](QSettings &file, const QVariant *wanted) {
-        if (wanted)
-            file.setValue(key, *wanted);
-        else
-            file.remove(key);
-    };
-    QSettings file(m_file, QSettings::IniFormat);
-    file.setIniCodec("UTF-8");
-    put(file, value);
-    file.sync();
-    if (file.status() == QSettings::NoError)
-        return true;
-    const auto stored = m_values.constFind(key);
-    put(file, stored != m_values.constEnd() ? &*stored : nullptr); // not with the next change
-    return false;
+    if (!m_file.isEmpty() && values != m_values) {
+        QMap<QString, QVariant> stored = values;
+        stored.remove(QString()); // a file has no place for it
+        QDir().mkpath(QFileInfo(m_file).path());
+        QSaveFile file(m_file);
+        if (!file.open(QIODevice::WriteOnly))
+            return false;
+        file.write(IniText::text(stored));
+        if (!file.flush()) { // commit() would replace the file all the same
+            file.cancelWriting();
+            return false;
+        }
+        if (!file.commit())
+            return false;
+    }
+    m_values = values;
+    return true;
 }
 
 bool StandInSettings::setValue(const QString &key, const QVariant &value)
 {
-    if (!write(key, &value))
-        return false;
-    m_values.insert(key, value);
-    return true;
+    QMap<QString, QVariant> values = m_values;
+    values.insert(key, value);
+    return take(values);
 }
 
 bool StandInSettings::remove(const QString &key)
 {
-    if (!write(key, nullptr))
-        return false;
-    m_values.remove(key);
-    return true;
+    QMap<QString, QVariant> values = m_values;
+    values.remove(key);
+    return take(values);
 }
 
 bool StandInSettings::contains(const QString &key) const

@@ -43,8 +43,7 @@ public:
     QStringList keys() const;
 
 private:
-    /// Null: without the key.
-    bool write(const QString &key, const QVariant *value);
+    bool take(const QMap<QString, QVariant> &values);
 
     QMap<QString, QVariant> m_values;
     QMap<QString, QVariant> m_ownDefaults;
