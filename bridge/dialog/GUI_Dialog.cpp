@@ -7,7 +7,7 @@
 #include <QPointer>
 
 GUI_Dialog::GUI_Dialog(QWidget *parent, Qt::WindowFlags flags, bool ignoreEscape)
-    : QDialog(parent, flags), m_ignoreEscape(ignoreEscape)
+    : PageProof(parent, flags), m_ignoreEscape(ignoreEscape)
 {
     connect(this, &GUI_Dialog::signalEnableCloseButton, this, &GUI_Dialog::slotEnableCloseButton);
     connect(this, &GUI_Dialog::signalDisableCloseButton, this, &GUI_Dialog::slotDisableCloseButton);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bridge/page/PageProof.h"
 #include "contract/HostGuard.h"
 
 #include <QDialog>
@@ -11,7 +12,7 @@
 /// A page can start what happens in a dialog, by a signal of its mediator or by a slot of QDialog
 /// and QWidget. So a dialog that knows a host lets no failure out of its events, of showing and
 /// hiding, and of its end: the host's errorHandler() gets it.
-class GUI_Dialog : public QDialog
+class GUI_Dialog : public PageProof<QDialog>
 {
     Q_OBJECT
 

@@ -5,6 +5,7 @@
 #include "bridge/operation/OperationLog.h"
 #include "bridge/page/GUI_WebView.h"
 #include "bridge/page/PageHandlers.h"
+#include "bridge/page/PageTypes.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
 #include "contract/ViewPauseGuard.h"
@@ -12,7 +13,6 @@
 #include "foundation/Theme.h"
 
 #include <QDialog>
-#include <QEvent>
 #include <QFile>
 #include <QFileInfo>
 #include <QWebFrame>
@@ -30,13 +30,6 @@ namespace {
 constexpr int CountForPages = 2;
 constexpr int FullRangeBits = 8;
 constexpr double DegreesPerTurn = 360.0;
-
-// Pages pass these by name; an alias leaves nothing behind when the module goes.
-void registerPageTypes()
-{
-    qRegisterMetaType<DOCKEY>("DOCKEY");
-    qRegisterMetaType<PARTITIONNUMBER>("PARTITIONNUMBER");
-}
 
 // Answers of the current document, false without one.
 template <typename Ask> bool askCurrentDocument(HostServices *host, Ask ask)
@@ -63,12 +56,6 @@ JS_Mediator::JS_Mediator(HostServices *host, const QString &name) : m_host(host)
 }
 
 JS_Mediator::~JS_Mediator() = default;
-
-bool JS_Mediator::event(QEvent *event)
-{
-    // Script that calls deleteLater() on it deletes nothing: owners delete a mediator directly.
-    return event->type() == QEvent::DeferredDelete || QObject::event(event);
-}
 
 GUI_WebView *JS_Mediator::webView() const
 {

@@ -54,8 +54,6 @@ public:
     int updateFlags() const { return m_updateFlags; }
     void setUpdateFlags(int flags) { m_updateFlags = flags; }
 
-    bool event(QEvent *event) override;
-
 signals:
     void open();
     void update();

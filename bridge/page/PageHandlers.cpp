@@ -2,6 +2,7 @@
 
 #include "bridge/operation/OperationLog.h"
 #include "bridge/page/AfterScript.h"
+#include "bridge/page/PageTypes.h"
 
 #include <QEvent>
 #include <QMap>
@@ -49,6 +50,7 @@ QString signalNames(const QMetaObject &meta)
 
 void PageHandlers::guard(QWebFrame *frame, QObject *object)
 {
+    registerPageTypes();
     // Among the object's children are the engine's, for what pages have connected.
     const auto known = object->findChildren<QObject *>(OwnName, Qt::FindDirectChildrenOnly);
     for (const QObject *child : known) {

@@ -25,5 +25,5 @@ int PageObject::qt_metacall(QMetaObject::Call call, int id, void **arguments)
     const int level = QThread::currentThread()->loopLevel();
     if (m_callLevel < 0 || level < m_callLevel)
         m_callLevel = level;
-    return QObject::qt_metacall(call, id, arguments);
+    return PageProof::qt_metacall(call, id, arguments);
 }

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QObject>
+#include "bridge/page/PageProof.h"
 
 /// An object that script calls, and that may have to go while script has not returned from it.
 ///
 /// Its owner deletes it by remove(), or holds it by PageObjectOwner: one whose slot may be on the
-/// stack stays until script has returned. GUI thread.
-class PageObject : public QObject // without a meta-object of its own: pages see none of this
+/// stack stays until script has returned. Without a meta-object of its own: pages see none of this.
+/// GUI thread.
+class PageObject : public PageProof<QObject>
 {
 public:
     /// Deletes the object, null too; at once unless a call of script may be on the stack.

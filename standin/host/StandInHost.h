@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bridge/page/PageProof.h"
 #include "contract/HostServices.h"
 #include "contract/HostValues.h"
 #include "standin/documents/CameraLock.h"
@@ -541,6 +542,6 @@ private:
     bool m_interactive = false;
     MessageLog m_messages;
     PrefsDialog m_prefsDialog;
-    QObject m_appScriptObject;
-    QObject m_mainScriptObject;
+    PageProof<QObject> m_appScriptObject;
+    PageProof<QObject> m_mainScriptObject;
 };
