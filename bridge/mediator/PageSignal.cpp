@@ -1,11 +1,9 @@
 #include "bridge/mediator/PageSignal.h"
 
-#include "bridge/mediator/JS_Mediator.h"
 #include "bridge/mediator/PageSignalFrame.h"
-#include "bridge/page/GUI_WebView.h"
+#include "bridge/page/PageHandlers.h"
 
 #include <QWebFrame>
-#include <QWebPage>
 
 namespace {
 
@@ -16,25 +14,19 @@ const char *const Script = "(function () {"
                            "    frame.run();"
                            "})()";
 
-QWebFrame *frameOf(JS_Mediator *mediator)
-{
-    GUI_WebView *view = mediator->webView();
-    return view ? view->page()->mainFrame() : nullptr;
-}
-
 }
 
 namespace PageSignal {
 
-void send(JS_Mediator *mediator, const std::function<void()> &emission)
+void send(QObject *object, const std::function<void()> &emission)
 {
-    PageSignalFrame object(emission);
-    if (QWebFrame *frame = frameOf(mediator)) {
-        frame->addToJavaScriptWindowObject(QLatin1String("__pageSignal"), &object);
+    PageSignalFrame sender(emission);
+    if (QWebFrame *frame = PageHandlers::frameOf(object)) {
+        frame->addToJavaScriptWindowObject(QLatin1String("__pageSignal"), &sender);
         frame->evaluateJavaScript(QLatin1String(Script));
     }
-    object.run(); // where there is no page, or one without script
-    object.rethrow();
+    sender.run(); // where there is no page, or one without script
+    sender.rethrow();
 }
 
 }

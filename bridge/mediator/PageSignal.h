@@ -2,7 +2,7 @@
 
 #include <functional>
 
-class JS_Mediator;
+class QObject;
 
 /// The one way in which native code signals to a page.
 ///
@@ -11,8 +11,8 @@ class JS_Mediator;
 /// must not end the process either. So the signal is sent from inside a small script. GUI thread.
 namespace PageSignal {
 
-/// Runs `emission`, which emits signals of the mediator, for the page that it is shown on; directly
-/// when there is no page. Throws what `emission` throws.
-void send(JS_Mediator *mediator, const std::function<void()> &emission);
+/// Runs `emission`, which emits signals of the object, for the page that sees it: a mediator or a
+/// dialog of the page's own; directly when there is no page. Throws what `emission` throws.
+void send(QObject *object, const std::function<void()> &emission);
 
 }

@@ -64,6 +64,17 @@ void PageHandlers::guard(QWebFrame *frame, QObject *object)
         handlers->install();
 }
 
+QWebFrame *PageHandlers::frameOf(const QObject *object)
+{
+    QWebFrame *frame = nullptr;
+    const auto known = object->findChildren<QObject *>(OwnName, Qt::FindDirectChildrenOnly);
+    for (const QObject *child : known) {
+        if (auto *shown = child->property("frame").value<QObject *>())
+            frame = static_cast<QWebFrame *>(shown);
+    }
+    return frame;
+}
+
 PageHandlers::PageHandlers(QWebFrame *frame, QObject *object)
     : QObject(object), m_frame(frame),
       m_script(QLatin1String(Script) + QLatin1String("([") + signalNames(*object->metaObject()) +

@@ -26,6 +26,10 @@ public:
     /// page yet. A second call for the same frame changes nothing.
     static void guard(QWebFrame *frame, QObject *object);
 
+    /// The frame that guard() was called with for the object, the last that is still there; null
+    /// when there is none.
+    static QWebFrame *frameOf(const QObject *object);
+
     QObject *frame() const { return m_frame; }
 
     /// Counts the pages; handlers of an earlier one hear nothing.

@@ -1,6 +1,7 @@
 #include "bridge/dialog/GUI_EmbeddedWidget.h"
 #include "bridge/dialog/GUI_MarqueeProgressDialog.h"
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
+#include "bridge/dialog/GUI_PageDialog.h"
 #include "bridge/dialog/GUI_QFileDialog.h"
 #include "bridge/dialog/GUI_SyncProgress.h"
 #include "bridge/mediator/JS_Mediator_ModelessPatternDialog.h"
@@ -49,6 +50,17 @@ public:
 
     void onOpen() override {}
     void onClose() override {}
+};
+
+class OwnPageDialog : public GUI_PageDialog
+{
+public:
+    explicit OwnPageDialog(HostServices *host) : GUI_PageDialog(host, Name, nullptr)
+    {
+        loadPage(NoPage);
+    }
+
+    void populateJavaScriptWindowObject() override { showToPage(Name); }
 };
 
 class DialogTool : public PLG_Common
@@ -144,6 +156,9 @@ QVector<PageClass> bridgePageClasses()
         {&GUI_WebViewDialog::staticMetaObject, makePageDialog<GUI_WebViewDialog>, {}},
         {&GUI_ModelessPatternDialog::staticMetaObject,
          makePageDialog<GUI_ModelessPatternDialog>,
+         {}},
+        {&GUI_PageDialog::staticMetaObject,
+         [](StandInHost &host) -> QObject * { return new OwnPageDialog(&host); },
          {}},
         {&GUI_WebView::staticMetaObject,
          [](StandInHost &host) -> QObject * { return new GUI_WebView(&host, nullptr); },
