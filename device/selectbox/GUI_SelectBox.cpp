@@ -45,6 +45,7 @@ GUI_SelectBox::GUI_SelectBox(HostServices *host, QWidget *parent)
     m_mediator->setWebView(m_webView);
     connect(m_webView->page()->mainFrame(), &QWebFrame::javaScriptWindowObjectCleared, this,
             &GUI_SelectBox::addJSObject);
+    connect(m_webView, &QWebView::loadStarted, this, [this] { m_loading = true; });
     connect(m_webView, &QWebView::loadFinished, this, &GUI_SelectBox::onLoadFinish);
     connect(m_mediator.get(), &JS_Mediator::close, this, &GUI_SelectBox::onClose);
     connect(m_mediator.get(), &JS_Mediator::update, this, &GUI_SelectBox::onUpdate);
@@ -52,7 +53,11 @@ GUI_SelectBox::GUI_SelectBox(HostServices *host, QWidget *parent)
     loadPage();
 }
 
-GUI_SelectBox::~GUI_SelectBox() = default;
+GUI_SelectBox::~GUI_SelectBox()
+{
+    // The view goes behind the mediator, and its page may still begin anew.
+    disconnect(m_webView->page()->mainFrame(), nullptr, this, nullptr);
+}
 
 void GUI_SelectBox::showPartitions(const QVariantList &partitions, const QRect &field)
 {
@@ -82,10 +87,12 @@ void GUI_SelectBox::open(int rows, const QRect &field, const std::function<void(
     setGeometry(SelectBoxPlacement::place(field, rows, screenOf(field)));
     m_fill = fill;
     m_wantedVisible = true;
+    if (m_loading)
+        return; // it is filled and shows when that has ended
     if (m_loaded) {
         fillPage();
         setVisible(true);
-    } else if (!m_loading) {
+    } else {
         loadPage(); // a page that was not there before may be there now
     }
 }
@@ -107,7 +114,8 @@ void GUI_SelectBox::fillPage()
 void GUI_SelectBox::setVisible(bool visible)
 {
     m_wantedVisible = visible; // a box that is hidden before its page is ready stays hidden
-    QWidget::setVisible(visible);
+    if (!visible || !m_loading)
+        QWidget::setVisible(visible);
 }
 
 bool GUI_SelectBox::event(QEvent *event)

@@ -37,6 +37,7 @@ public:
     JS_Mediator_SelectBox *mediator() const { return m_mediator.get(); }
     GUI_WebView *webView() const { return m_webView; }
 
+    /// Shows the box when no load of its page is under way, else when that has ended.
     void setVisible(bool visible) override;
 
 protected:
@@ -59,6 +60,6 @@ private:
     std::unique_ptr<JS_Mediator_SelectBox, PageObjectOwner> m_mediator;
     bool m_wantedVisible = false;
     bool m_loaded = false;
-    bool m_loading = false;       ///< from loadPage() to the end of that load
+    bool m_loading = false;       ///< a load is under way
     std::function<void()> m_fill; ///< what the page is still to be told
 };

@@ -43,6 +43,10 @@ private slots:
     void failureGoesToTheHost_data();
     void failureGoesToTheHost();
     void boxWaitsForItsPage();
+    void shownBoxWaitsForItsPage_data();
+    void shownBoxWaitsForItsPage();
+    void boxWaitsForAReload();
+    void boxWithoutItsPageShowsAtTheEndOfTheLoad();
     void boxHiddenBeforeItsPageIsReadyStaysHidden_data();
     void boxHiddenBeforeItsPageIsReadyStaysHidden();
     void boxThatIsReadyShowsAtOnce();
@@ -423,6 +427,58 @@ void TestSelectBox::boxWaitsForItsPage()
     QVERIFY(page.waitLoaded());
     QVERIFY(box.isVisible());
     QCOMPARE(page.text(QStringLiteral("row-2")), QStringLiteral("2"));
+}
+
+void TestSelectBox::shownBoxWaitsForItsPage_data()
+{
+    QTest::addColumn<QByteArray>("way");
+    for (const char *way : {"show", "showNormal", "setVisible"})
+        QTest::newRow(way) << QByteArray(way);
+}
+
+void TestSelectBox::shownBoxWaitsForItsPage()
+{
+    QFETCH(QByteArray, way);
+    StandInHost host;
+    GUI_SelectBox box(&host);
+    PageProbe page(box.webView());
+    if (way == "setVisible")
+        box.setVisible(true);
+    else
+        QVERIFY(QMetaObject::invokeMethod(&box, way));
+    QVERIFY(!box.isVisible());
+    QVERIFY(page.waitLoaded());
+    QVERIFY(box.isVisible());
+    box.hide();
+    box.show();
+    QVERIFY(box.isVisible()); // its page is there
+}
+
+void TestSelectBox::boxWaitsForAReload()
+{
+    Box shown;
+    shown.box.webView()->reload();
+    shown.box.showPartitions({1, 2}, Field);
+    QVERIFY(!shown.box.isVisible());
+    QVERIFY(shown.page.waitLoaded());
+    QVERIFY(shown.box.isVisible());
+    QCOMPARE(shown.page.text(QStringLiteral("row-2")), QStringLiteral("2"));
+}
+
+void TestSelectBox::boxWithoutItsPageShowsAtTheEndOfTheLoad()
+{
+    MissingPage missing;
+    StandInHost host;
+    GUI_SelectBox box(&host);
+    PageProbe page(box.webView());
+    box.show();
+    QVERIFY(!box.isVisible());
+    QVERIFY(page.waitLoaded());
+    QVERIFY(!page.isFound());
+    QVERIFY(box.isVisible());
+    box.hide();
+    box.show(); // nothing is under way that it could wait for
+    QVERIFY(box.isVisible());
 }
 
 void TestSelectBox::boxHiddenBeforeItsPageIsReadyStaysHidden_data()
