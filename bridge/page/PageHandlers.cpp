@@ -5,7 +5,6 @@
 #include "bridge/page/PageTypes.h"
 
 #include <QEvent>
-#include <QMap>
 #include <QMetaMethod>
 #include <QStringList>
 #include <QWebFrame>
@@ -26,23 +25,19 @@ const QLatin1String OwnName("orvixPageHandlers");
 // What the engine makes for each handler. It has this name, but no type that C++ could ask for.
 const char *const EngineConnection = "JSC::Bindings::QtConnectionObject";
 
-// Script text of the names of all signals. By its signature a page gets another function object,
-// for which it has no use but where signals share a name.
+// Script text of the names of all signals: by its signature a page gets another function object
+// than by its plain name, which signals may share.
 QString signalNames(const QMetaObject &meta)
 {
-    QMap<QString, QStringList> signatures;
+    QStringList names;
     for (int i = 0; i < meta.methodCount(); ++i) {
         const QMetaMethod method = meta.method(i);
-        if (method.methodType() == QMetaMethod::Signal)
-            signatures[QString::fromLatin1(method.name())].append(
-                QString::fromLatin1(method.methodSignature()));
+        if (method.methodType() != QMetaMethod::Signal)
+            continue;
+        names.append(QString::fromLatin1(method.name()));
+        names.append(QString::fromLatin1(method.methodSignature()));
     }
-    QStringList names;
-    for (auto signal = signatures.cbegin(); signal != signatures.cend(); ++signal) {
-        names.append(signal.key());
-        if (signal.value().size() > 1)
-            names.append(signal.value());
-    }
+    names.removeDuplicates();
     return QLatin1Char('\'') + names.join(QLatin1String("','")) + QLatin1Char('\'');
 }
 

@@ -14,6 +14,8 @@ private slots:
     void throwingHandlerIsLoggedWithItsPlace();
     void everySignalIsGuarded_data();
     void everySignalIsGuarded();
+    void signalBySignatureIsGuarded_data();
+    void signalBySignatureIsGuarded();
     void overloadBySignatureIsGuarded();
     void reloadedPageIsGuarded();
     void handlersEndWithTheirPage();
@@ -76,6 +78,26 @@ void TestPageHandlers::everySignalIsGuarded()
     shown.page.evaluate("bridge." + name + ".connect(" + Throwing + ")");
     LogCapture log;
     if (name == QLatin1String("objectNameChanged"))
+        shown.mediator->setObjectName(QStringLiteral("other"));
+    else
+        QVERIFY(QMetaObject::invokeMethod(shown.mediator, qPrintable(name)));
+    QCOMPARE(log.texts(QtCriticalMsg).size(), 1);
+}
+
+void TestPageHandlers::signalBySignatureIsGuarded_data()
+{
+    everySignalIsGuarded_data();
+}
+
+void TestPageHandlers::signalBySignatureIsGuarded()
+{
+    QFETCH(QString, name);
+    const bool ofName = name == QLatin1String("objectNameChanged");
+    const QString signature = name + QLatin1String(ofName ? "(QString)" : "()");
+    DialogPage shown;
+    shown.page.evaluate("bridge['" + signature + "'].connect(" + Throwing + ")");
+    LogCapture log;
+    if (ofName)
         shown.mediator->setObjectName(QStringLiteral("other"));
     else
         QVERIFY(QMetaObject::invokeMethod(shown.mediator, qPrintable(name)));
