@@ -1,5 +1,8 @@
+#include "bridge/dialog/GUI_Dialog.h"
 #include "bridge/mediator/JS_Mediator.h"
+#include "bridge/operation/DialogRun.h"
 #include "bridge/operation/FileChoice.h"
+#include "bridge/operation/OperationLog.h"
 #include "contract/DOC_Interface.h"
 #include "tests/bridge/support/FaultMatrix.h"
 #include "tests/support/TestLog.h"
@@ -37,10 +40,15 @@ private slots:
     void matrixNoticesAnEscape();
     void matrixNoticesASwallowedFailure();
     void matrixNoticesAMissingLeave();
+    void matrixNoticesATraceOfAnotherName();
+    void matrixNoticesAListenerThatLetsGo();
+    void matrixNoticesADialogThatLetsGo_data();
+    void matrixNoticesADialogThatLetsGo();
     void matrixGivesTheDocumentOfACase();
 
 private:
     int m_slots = 0;
+    int m_signals = 0;
     int m_callSites = 0;
     int m_runs = 0;
     int m_escapes = 0;
@@ -62,7 +70,13 @@ class CarelessMediator : public JS_Mediator
     Q_OBJECT
 
 public:
-    explicit CarelessMediator(HostServices *host) : JS_Mediator(host, QStringLiteral("page")) {}
+    explicit CarelessMediator(HostServices *host) : JS_Mediator(host, QStringLiteral("page"))
+    {
+        connect(this, &CarelessMediator::heard, this, [host] { host->isReady(); });
+    }
+
+signals:
+    void heard();
 
 public slots:
     void lets() { host()->isReady(); }
@@ -78,11 +92,37 @@ public slots:
         qInfo() << "[ENTER]" << QStringLiteral("CarelessMediator::forgets") << QString();
         isReady();
     }
+    void renames()
+    {
+        OperationLogScope trace(QStringLiteral("CarelessMediator::rename"));
+        isReady();
+    }
     void looks(DOC_Interface *doc)
     {
         if (doc)
             doc->isFound();
     }
+};
+
+/// A dialog that asks the host where a page ends or shows it, and has nobody to tell of a failure.
+class GUI_CarelessDialog : public GUI_Dialog
+{
+    Q_OBJECT
+
+public:
+    explicit GUI_CarelessDialog(HostServices *host)
+        : GUI_Dialog(nullptr, Qt::WindowCloseButtonHint, true), m_host(host)
+    {
+    }
+
+    void done(int result) override
+    {
+        m_host->isReady();
+        GUI_Dialog::done(result);
+    }
+
+private:
+    HostServices *m_host;
 };
 
 QStringList problemsOf(const QByteArray &slot)
@@ -117,14 +157,16 @@ void TestFaultMatrix::init()
     TestBase::init();
     FileChoice::setAnswer(
         [](const FileChoice::Question &) { return QStringList(QStringLiteral("/o/s.zip")); });
+    DialogRun::setAnswer([](QDialog &) { return int(QDialog::Accepted); });
 }
 
 void TestFaultMatrix::cleanupTestCase()
 {
     FileChoice::setAnswer(FileChoice::Answer());
+    DialogRun::setAnswer(DialogRun::Answer());
     m_withoutHostCall.removeDuplicates();
-    std::printf("fault matrix: %d slots, %d call sites, %d runs, %d escapes\n", m_slots,
-                m_callSites, m_runs, m_escapes);
+    std::printf("fault matrix: %d slots, %d signals, %d call sites, %d runs, %d escapes\n", m_slots,
+                m_signals, m_callSites, m_runs, m_escapes);
     std::printf("slots without a host call: %s\n",
                 qPrintable(m_withoutHostCall.join(QLatin1String(", "))));
 }
@@ -140,6 +182,7 @@ void TestFaultMatrix::nothingEscapes()
     FaultMatrix matrix;
     matrix.walkNatively(pageClass, allPageClasses());
     m_slots += matrix.slotCount();
+    m_signals += matrix.signalCount();
     m_callSites += matrix.callSites();
     m_runs += matrix.runs();
     m_withoutHostCall += matrix.slotsWithoutHostCall();
@@ -273,6 +316,42 @@ void TestFaultMatrix::matrixNoticesAMissingLeave()
     const QStringList problems = problemsOf("forgets()");
     QVERIFY(!problems.isEmpty());
     QVERIFY(problems.first().contains("trace: "));
+}
+
+void TestFaultMatrix::matrixNoticesATraceOfAnotherName()
+{
+    const QStringList problems = problemsOf("renames()");
+    QVERIFY(!problems.isEmpty());
+    QVERIFY(problems.first().contains("name: [ENTER] \"CarelessMediator::rename\""));
+}
+
+void TestFaultMatrix::matrixNoticesAListenerThatLetsGo()
+{
+    const QStringList problems = problemsOf("heard()");
+    QVERIFY(!problems.isEmpty());
+    QVERIFY(problems.first().contains("escaped: isReady failed"));
+}
+
+void TestFaultMatrix::matrixNoticesADialogThatLetsGo_data()
+{
+    QTest::addColumn<QString>("slot");
+    for (const char *slot : {"done(int)", "accept()", "reject()", "close()"})
+        QTest::newRow(slot) << QString::fromLatin1(slot);
+}
+
+void TestFaultMatrix::matrixNoticesADialogThatLetsGo()
+{
+    QFETCH(QString, slot);
+    const QVector<PageClass> classes = {
+        {&GUI_CarelessDialog::staticMetaObject,
+         [](StandInHost &host) -> QObject * { return new GUI_CarelessDialog(&host); },
+         {}}};
+    FaultMatrix matrix;
+    matrix.leaveOut("exec()"); // a failure in its event loop is nobody's to catch
+    matrix.walkNatively(classes.first(), classes);
+    const QStringList problems = matrix.problems().filter("::" + slot);
+    QVERIFY(!problems.isEmpty());
+    QVERIFY(problems.first().contains("escaped: isReady failed"));
 }
 
 void TestFaultMatrix::matrixGivesTheDocumentOfACase()

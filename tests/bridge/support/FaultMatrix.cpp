@@ -1,12 +1,14 @@
 #include "tests/bridge/support/FaultMatrix.h"
 
-#include "bridge/dialog/GUI_Dialog.h"
+#include "bridge/dialog/GUI_PageDialog.h"
+#include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/mediator/JS_Mediator.h"
 #include "tests/support/TestLog.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QThread>
+#include <QTimer>
 #include <QUndoCommand>
 
 #include <exception>
@@ -42,6 +44,8 @@ QVariant plainValue(int type)
         return QVariantMap({{QStringLiteral("a"), 1}});
     case QMetaType::QPoint:
         return QPoint(3, 4);
+    case QMetaType::QObjectStar:
+        return QVariant::fromValue<QObject *>(nullptr);
     default:
         return QVariant();
     }
@@ -100,15 +104,62 @@ bool areBalanced(const QStringList &lines)
     return open.isEmpty();
 }
 
+// The traces of these two have a name of their own.
+QString traceNameOf(const QMetaMethod &slot)
+{
+    const QString name = QString::fromLatin1(slot.enclosingMetaObject()->className()) +
+                         QLatin1String("::") + QString::fromLatin1(slot.name());
+    if (name == QLatin1String("JS_Mediator::setSelectDoc") ||
+        name == QLatin1String("JS_Mediator::selectAllDocs"))
+        return name + QLatin1String("Sub");
+    return name;
+}
+
+bool hasMethod(const QMetaObject &meta, const QByteArray &name)
+{
+    for (int i = 0; i < meta.methodCount(); ++i) {
+        if (meta.method(i).name() == name)
+            return true;
+    }
+    return false;
+}
+
+bool isOfQt(const QMetaObject &level)
+{
+    return &level == &QObject::staticMetaObject || &level == &QWidget::staticMetaObject ||
+           &level == &QDialog::staticMetaObject;
+}
+
+// What a page that sees the object can reach beside the slots of our own classes.
+bool isInheritedFromQt(const QMetaObject &meta, const QMetaObject &level)
+{
+    return isOfQt(level) &&
+           (&level == &QObject::staticMetaObject || meta.inherits(&GUI_Dialog::staticMetaObject));
+}
+
+bool knowsAHost(const QObject *dialog)
+{
+    return qobject_cast<const GUI_WebViewDialog *>(dialog) ||
+           qobject_cast<const GUI_PageDialog *>(dialog);
+}
+
 class NativeCaller : public FaultMatrix::Caller
 {
 public:
     explicit NativeCaller(const PageClass &pageClass) : m_class(pageClass) {}
 
-    void begin(StandInHost &host) override { m_object.reset(m_class.make(host)); }
-    void call(const QMetaMethod &slot, const QVariantList &arguments) override
+    void begin(StandInHost &host) override
     {
-        callSlot(m_object.get(), slot, arguments);
+        m_host = &host;
+        m_object.reset(m_class.make(host));
+    }
+    void call(const QMetaMethod &method, const QVariantList &arguments) override
+    {
+        auto *dialog = qobject_cast<GUI_Dialog *>(m_object.get());
+        if (dialog && method.methodType() == QMetaMethod::Slot &&
+            isInheritedFromQt(*dialog->metaObject(), *method.enclosingMetaObject()))
+            prepare(dialog, method);
+        callSlot(m_object.get(), method, arguments);
     }
     void end() override { m_object.reset(); }
 
@@ -121,7 +172,21 @@ public:
     void go() override { m_object.reset(); }
 
 private:
+    void prepare(GUI_Dialog *dialog, const QMetaMethod &slot)
+    {
+        if (knowsAHost(dialog)) {
+            QObject::connect(dialog, &QDialog::finished, [host = m_host] { host->isReady(); });
+            QObject::connect(dialog, &QDialog::accepted, [host = m_host] { host->isReady(); });
+            QObject::connect(dialog, &QDialog::rejected, [host = m_host] { host->isReady(); });
+        }
+        if (slot.name() == "exec")
+            QTimer::singleShot(0, dialog, [dialog] { dialog->done(QDialog::Accepted); });
+        else if (slot.name() != "open" && slot.name() != "show")
+            dialog->show();
+    }
+
     const PageClass &m_class;
+    StandInHost *m_host = nullptr;
     std::unique_ptr<QObject> m_object;
 };
 
@@ -204,6 +269,7 @@ void FaultMatrix::walkNatively(const PageClass &pageClass, const QVector<PageCla
 
 void FaultMatrix::walk(const QMetaObject &meta, const QVector<PageClass> &classes, Caller &caller)
 {
+    m_classes = classes;
     QStringList done; // a slot that a subclass declares again
     for (const QMetaObject *level = &meta; level; level = level->superClass()) {
         // By name: a module brings a copy of its own.
@@ -211,16 +277,22 @@ void FaultMatrix::walk(const QMetaObject &meta, const QVector<PageClass> &classe
             std::find_if(classes.cbegin(), classes.cend(), [&](const PageClass &each) {
                 return qstrcmp(each.meta->className(), level->className()) == 0;
             });
-        if (known == classes.cend())
+        const bool ours = known != classes.cend();
+        if (!ours && !isInheritedFromQt(meta, *level))
             continue;
         for (int i = level->methodOffset(); i < level->methodCount(); ++i) {
             const QMetaMethod slot = level->method(i);
             const QString signature = QString::fromLatin1(slot.methodSignature());
-            if (slot.methodType() != QMetaMethod::Slot || done.contains(signature) ||
+            const bool emits = slot.methodType() == QMetaMethod::Signal;
+            if ((slot.methodType() != QMetaMethod::Slot && !emits) || done.contains(signature) ||
                 m_leftOut.contains(slot.methodSignature()))
                 continue;
+            bool plainOk = false;
+            plainArguments(slot, &plainOk);
+            if (!ours && (!plainOk || slot.access() == QMetaMethod::Private))
+                continue; // no page can
             done.append(signature);
-            ++m_slots;
+            ++(emits ? m_signals : m_slots);
             int calls = 0;
             bool called = false;
             bool ok = false;
@@ -230,7 +302,7 @@ void FaultMatrix::walk(const QMetaObject &meta, const QVector<PageClass> &classe
                 calls += walkWay({slot, plain, {}, true}, caller);
                 called = true;
             }
-            for (const SlotCase &each : known->cases) {
+            for (const SlotCase &each : ours ? known->cases : QVector<SlotCase>()) {
                 if (each.slot != slot.methodSignature())
                     continue;
                 calls += walkWay({slot, each.arguments, each.setup, true}, caller);
@@ -240,7 +312,7 @@ void FaultMatrix::walk(const QMetaObject &meta, const QVector<PageClass> &classe
                 QString::fromLatin1(level->className()) + QLatin1String("::") + signature;
             if (!called)
                 m_problems.append(name + QLatin1String(": no arguments are known for it"));
-            else if (calls == 0)
+            else if (calls == 0 && ours && !emits)
                 m_withoutHostCall.append(name);
         }
     }
@@ -252,7 +324,7 @@ int FaultMatrix::walkWay(const Way &way, Caller &caller)
     for (int nth = 1; nth <= calls.size(); ++nth) {
         run(way, caller, Form::Once, nth, QString());
         run(way, caller, Form::FromThereOn, nth, QString());
-        if (m_canGo)
+        if (m_canGo && !isOfQt(*way.slot.enclosingMetaObject())) // Qt itself goes on by the dialog
             run(way, caller, Form::Gone, nth, QString());
     }
     QStringList operations;
@@ -334,6 +406,7 @@ QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
         report(way, when, QLatin1String("escaped: ") + escaped);
     if (!areBalanced(log.texts()))
         report(way, when, QLatin1String("trace: ") + log.texts().join(QLatin1String(" | ")));
+    checkTrace(way, when, log.texts());
 
     if (form == Form::Once && calls.size() >= nth) {
         const QString failing = operationOf(calls.at(nth - 1));
@@ -359,6 +432,33 @@ QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
     }
     caller.end();
     return calls;
+}
+
+void FaultMatrix::checkTrace(const Way &way, const QString &when, const QStringList &lines)
+{
+    bool first = true;
+    for (const QString &line : lines) {
+        if (!line.startsWith(QLatin1String("[ENTER]")))
+            continue;
+        const QString name = line.section(QLatin1Char('"'), 1, 1);
+        const QStringList parts = name.split(QLatin1String("::"));
+        bool fits = parts.size() == 2 && !parts.contains(QString());
+        for (const PageClass &each : qAsConst(m_classes)) {
+            if (fits && parts.first() == QLatin1String(each.meta->className()))
+                fits = hasMethod(*each.meta, parts.last().toLatin1()) ||
+                       name == traceNameOf(way.slot) || parts.last() == QLatin1String("closeEvent");
+        }
+        const bool own =
+            std::any_of(m_classes.cbegin(), m_classes.cend(), [&](const PageClass &each) {
+                return qstrcmp(each.meta->className(),
+                               way.slot.enclosingMetaObject()->className()) == 0;
+            });
+        if (first && own && way.slot.methodType() == QMetaMethod::Slot)
+            fits = fits && name == traceNameOf(way.slot);
+        if (!fits)
+            report(way, when, QLatin1String("name: ") + line);
+        first = false;
+    }
 }
 
 void FaultMatrix::report(const Way &way, const QString &when, const QString &what)

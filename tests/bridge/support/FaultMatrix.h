@@ -49,7 +49,10 @@ QVector<PageClass> devicePageClasses();
 /// All of them.
 QVector<PageClass> allPageClasses();
 
-/// Calls slots while host calls fail.
+/// Calls slots, and emits signals as a page can, while host calls fail.
+///
+/// Of a dialog it also calls what is inherited from QDialog and QWidget, while somebody who asks
+/// the host listens to the dialog's end. A trace that a slot begins bears its name, "Class::slot".
 ///
 /// Each slot is called with an empty host and with a furnished one, with arguments made from their
 /// types, and in the ways of its cases. A run without faults counts the host calls; then each of
@@ -86,6 +89,7 @@ public:
     void leaveOut(const QByteArray &signature) { m_leftOut.append(signature); }
 
     int slotCount() const { return m_slots; }     ///< slots that were called
+    int signalCount() const { return m_signals; } ///< signals that were emitted
     int callSites() const { return m_callSites; } ///< host calls that failed in turn
     int runs() const { return m_runs; }
     QStringList slotsWithoutHostCall() const { return m_withoutHostCall; }
@@ -104,11 +108,14 @@ private:
 
     int walkWay(const Way &way, Caller &caller);
     QStringList run(const Way &way, Caller &caller, Form form, int nth, const QString &operation);
+    void checkTrace(const Way &way, const QString &when, const QStringList &lines);
     void report(const Way &way, const QString &when, const QString &what);
 
     QList<QByteArray> m_leftOut;
+    QVector<PageClass> m_classes; ///< those of the walk
     bool m_canGo = false;
     int m_slots = 0;
+    int m_signals = 0;
     int m_callSites = 0;
     int m_runs = 0;
     QStringList m_withoutHostCall;
