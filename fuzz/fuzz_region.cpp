@@ -281,6 +281,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     FuzzInput input(data, size);
     host.isPresent = true;
     host.isCrossCursorOn = false;
+    host.begun = host.ended = 0; // a tool that goes in mid-drag calls no host
     host.isBinned = input.flag();
     host.isLocked = input.flag();
     host.document.draw(input);

@@ -1,7 +1,7 @@
+#include "contract/makeButtonPlugin.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 #include "tools/multilock/PLG_multilock.h"
-#include "contract/makeButtonPlugin.h"
 
 #include <memory>
 

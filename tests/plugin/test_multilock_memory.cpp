@@ -1,6 +1,6 @@
 #include "contract/PLG_Interface.h"
-#include "tests/support/TestLog.h"
 #include "contract/makeButtonPlugin.h"
+#include "tests/support/TestLog.h"
 
 #include <cstdlib>
 #include <memory>

@@ -376,12 +376,13 @@ void TestPlgFlow::everyGetterIsAskedAnew()
                           "deterUpdateUI(true)", "closePluginByName(\"t_answer\")",
                           "deterUpdateUI(false)"}));
 
-    // Neither the lock nor the document's own tool state by a name that is a field alone.
+    // Neither the lock nor the document's own tool state by a name that is a field alone: the quick
+    // tool that was chosen is on, under its name.
     host.clearJournal();
     tool.m_checkKind = 6;
     QVERIFY(tool.isChecked(camera, false));
     tool.m_checkKind = 0;
-    QVERIFY(!tool.isChecked(camera, false));
+    QVERIFY(tool.isChecked(camera, false));
     tool.m_buttonKind = 4;
     QVERIFY(tool.isChecked(camera, false));
     host.setMode(StandInHost::Mode::Live);

@@ -236,9 +236,9 @@ void TourSteps::setsTheRegionInItsPanel()
                   "their page");
             clickInPage(page, "#symmetricX", "Centred from left to right");
             const QRect read = camera->deviceSettings().region;
-            compare(QString::number(read.left() + read.right()),
-                    QString::number(camera->sensorSize().width() - 1),
-                    "the sum of left and right side");
+            // An odd width leaves one pixel more on the right.
+            const int beside = (camera->sensorSize().width() - read.width()) / 2;
+            compare(QString::number(read.left()), QString::number(beside), "the left side");
             m_report.addPicture(dialog->grab(), "-options");
             clickInPage(page, "#symmetricX", "it again");
             clickInPage(page, "#close", "Close");
