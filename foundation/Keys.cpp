@@ -1,5 +1,9 @@
 #include "foundation/Keys.h"
 
+#include <array>
+#include <cstddef>
+#include <iterator>
+
 namespace Keys {
 
 namespace {
@@ -72,12 +76,40 @@ constexpr SaveSetting SaveSettings[] = {
     // clang-format on
 };
 
-SaveKeys saveKeys(const char *prefix, SaveFamily family)
+constexpr std::size_t SaveSettingCount = std::size(SaveSettings);
+
+using KeyText = std::array<char, 48>; // the longest has 42 letters
+using SaveKeyTexts = std::array<KeyText, SaveSettingCount>;
+
+// Joined by the compiler: no key is built at run time, and each stands whole in the module, where a
+// search finds it. Settings that the family does not have stay empty.
+constexpr SaveKeyTexts saveKeyTexts(const char *prefix, SaveFamily family)
+{
+    SaveKeyTexts texts{};
+    for (std::size_t row = 0; row < SaveSettingCount; ++row) {
+        if (!(SaveSettings[row].families & family))
+            continue;
+        std::size_t length = 0;
+        for (const char *letter = prefix; *letter != 0; ++letter)
+            texts[row][length++] = *letter;
+        for (const char *letter = SaveSettings[row].name; *letter != 0; ++letter)
+            texts[row][length++] = *letter;
+    }
+    return texts;
+}
+
+constexpr SaveKeyTexts ExportTexts = saveKeyTexts("export/", Export);
+constexpr SaveKeyTexts ConvertTexts = saveKeyTexts("convert/", Convert);
+constexpr SaveKeyTexts SnapTexts = saveKeyTexts("snap/", Snap);
+constexpr SaveKeyTexts ReportTexts = saveKeyTexts("report/", Report);
+constexpr SaveKeyTexts LayoutTexts = saveKeyTexts("layout/", Layout);
+
+SaveKeys saveKeys(const SaveKeyTexts &texts)
 {
     SaveKeys keys;
-    for (const SaveSetting &setting : SaveSettings) {
-        if (setting.families & family)
-            *setting.place(keys) = QLatin1String(prefix) + QLatin1String(setting.name);
+    for (std::size_t row = 0; row < SaveSettingCount; ++row) {
+        if (texts[row].front() != 0)
+            *SaveSettings[row].place(keys) = QLatin1String(texts[row].data());
     }
     return keys;
 }
@@ -86,27 +118,27 @@ SaveKeys saveKeys(const char *prefix, SaveFamily family)
 
 SaveKeys SaveKeys::makeExport()
 {
-    return saveKeys("export/", Export);
+    return saveKeys(ExportTexts);
 }
 
 SaveKeys SaveKeys::makeConvert()
 {
-    return saveKeys("convert/", Convert);
+    return saveKeys(ConvertTexts);
 }
 
 SaveKeys SaveKeys::makeSnap()
 {
-    return saveKeys("snap/", Snap);
+    return saveKeys(SnapTexts);
 }
 
 SaveKeys SaveKeys::makeReport()
 {
-    return saveKeys("report/", Report);
+    return saveKeys(ReportTexts);
 }
 
 SaveKeys SaveKeys::makeLayout()
 {
-    return saveKeys("layout/", Layout);
+    return saveKeys(LayoutTexts);
 }
 
 ExportTargetKeys::ExportTargetKeys() = default;

@@ -242,7 +242,8 @@ void TestSupportFile::snapshotIsTakenHereAndWrittenByATask()
         snapshot.texts = {{"a.txt", "content"}};
         return snapshot;
     };
-    support.host.frontEnd().writeSupportFile = [&](const QString &, const SupportSnapshot &snapshot) {
+    support.host.frontEnd().writeSupportFile = [&](const QString &,
+                                                   const SupportSnapshot &snapshot) {
         writing = QThread::currentThread();
         QThread::msleep(50);
         text = snapshot.texts.value("a.txt");
