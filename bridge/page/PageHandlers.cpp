@@ -4,7 +4,6 @@
 #include "bridge/page/AfterScript.h"
 #include "bridge/page/PageTypes.h"
 
-#include <QEvent>
 #include <QMetaMethod>
 #include <QStringList>
 #include <QWebFrame>
@@ -71,17 +70,11 @@ QWebFrame *PageHandlers::frameOf(const QObject *object)
 }
 
 PageHandlers::PageHandlers(QWebFrame *frame, QObject *object)
-    : QObject(object), m_frame(frame),
+    : PageProof(object), m_frame(frame),
       m_script(QLatin1String(Script) + QLatin1String("([") + signalNames(*object->metaObject()) +
                QLatin1String("], "))
 {
     setObjectName(OwnName);
-}
-
-bool PageHandlers::event(QEvent *event)
-{
-    // Script that calls deleteLater() on it deletes nothing; it goes with its mediator.
-    return event->type() == QEvent::DeferredDelete || QObject::event(event);
 }
 
 void PageHandlers::install()

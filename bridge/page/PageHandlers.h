@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QObject>
+#include "bridge/page/PageProof.h"
+
 #include <QPointer>
 #include <QString>
 #include <QVector>
@@ -14,7 +15,7 @@
 /// at critical level, the page goes on, and handlers end with their page, the engine's connections
 /// too. A page connects and disconnects as ever. Owned by the object; goes with the frame. GUI
 /// thread.
-class PageHandlers : public QObject
+class PageHandlers : public PageProof<QObject>
 {
     Q_OBJECT
     Q_PROPERTY(QObject *frame READ frame CONSTANT)
@@ -34,8 +35,6 @@ public:
 
     /// Counts the pages; handlers of an earlier one hear nothing.
     int pageNumber() const { return m_pageNumber; }
-
-    bool event(QEvent *event) override;
 
 public slots:
     void failed(const QString &error);
