@@ -64,6 +64,19 @@ void EmbeddedWidgets::add(QWidget *widget, const QString &classid)
         m_entries[index].classids.append(classid);
 }
 
+// The engine would touch them when the page goes, and by then the host may have deleted them.
+void EmbeddedWidgets::leaveView()
+{
+    const QVector<Entry> entries = m_entries;
+    for (const Entry &entry : entries) {
+        if (entry.widget && entry.widget->parentWidget() == m_view)
+            entry.widget->setParent(nullptr);
+        const auto tags = tagsOf(m_page, entry.classids);
+        for (QWebElement tag : tags)
+            tag.removeFromDocument();
+    }
+}
+
 bool EmbeddedWidgets::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Hide)

@@ -27,6 +27,9 @@ public:
     /// `widget` is about to be given to the engine, for a tag with this class id.
     void add(QWidget *widget, const QString &classid);
 
+    /// The view goes, and the page stays for a while: the widgets leave it now.
+    void leaveView();
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

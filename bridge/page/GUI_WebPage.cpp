@@ -58,8 +58,8 @@ void GUI_WebPage::tell()
 
 void GUI_WebPage::outliveView()
 {
-    delete m_embedded;
-    m_embedded = nullptr;
+    m_outlivesView = true;
+    m_embedded->leaveView();
     settings()->setAttribute(QWebSettings::JavascriptEnabled, false);
     setParent(nullptr);
     if (m_telling) {
@@ -72,7 +72,7 @@ void GUI_WebPage::outliveView()
 QObject *GUI_WebPage::createPlugin(const QString &classid, const QUrl &, const QStringList &,
                                    const QStringList &)
 {
-    if (!m_embedded)
+    if (m_outlivesView)
         return nullptr;
     QObject *object =
         guarded(m_host, static_cast<QObject *>(nullptr), [&] { return hostWidget(classid); });

@@ -41,5 +41,6 @@ private:
 
     HostServices *m_host;
     QPointer<QObject> m_telling; ///< child
-    EmbeddedWidgets *m_embedded; ///< child of the page; null when the view has gone before it
+    EmbeddedWidgets *m_embedded; ///< child of the page
+    bool m_outlivesView = false;
 };

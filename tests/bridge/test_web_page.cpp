@@ -33,6 +33,8 @@ private slots:
     void widgetLivesOnAfterTheView();
     void widgetKeepsTheFocusFromAPageThatGoes();
     void focusGoesOnWhenTheViewHides();
+    void widgetMayGoBeforeAPageThatOutlivesItsView();
+    void widgetLivesOnAfterAPageThatOutlivesItsView();
     void widgetLivesOnAfterADialog();
     void widgetMovesToAnotherPage();
     void sameWidgetTwiceInAPage();
@@ -373,6 +375,43 @@ void TestWebPage::focusGoesOnWhenTheViewHides()
     QCOMPARE(QApplication::focusWidget(), shown.area);
     shown.view->hide();
     QCOMPARE(QApplication::focusWidget(), &next);
+}
+
+namespace {
+
+// Deletes the view while the engine tells of its load: the page goes later.
+void loseTheView(Embedding &page)
+{
+    QObject::connect(page.view.data(), &QWebView::loadFinished, page.area.data(),
+                     [&page] { page.view.reset(); });
+    page.view->reload();
+    QTRY_VERIFY(!page.view);
+}
+
+}
+
+void TestWebPage::widgetMayGoBeforeAPageThatOutlivesItsView()
+{
+    Embedding page;
+    QVERIFY(page.isShown());
+    QObject::connect(page.view.data(), &QWebView::loadFinished, page.area.data(), [&page] {
+        page.view.reset();
+        QVERIFY(page.isFree());
+        delete page.area;
+    });
+    page.view->reload();
+    QTRY_VERIFY(!page.area);
+    settle(); // the page goes here
+}
+
+void TestWebPage::widgetLivesOnAfterAPageThatOutlivesItsView()
+{
+    Embedding page;
+    loseTheView(page);
+    settle();
+    QVERIFY(page.isFree());
+    page.load();
+    QVERIFY(page.isShown());
 }
 
 void TestWebPage::widgetLivesOnAfterADialog()
