@@ -56,6 +56,7 @@ struct Owner
 {
     ~Owner()
     {
+        isEnding = true;
         if (waiting && QCoreApplication::instance())
             waiting->runAll();
         else
@@ -63,6 +64,7 @@ struct Owner
     }
 
     std::unique_ptr<Waiting> waiting;
+    bool isEnding = false;
 };
 
 Owner &owner()
@@ -101,6 +103,11 @@ void run(const std::function<void()> &task)
     if (!waiting)
         waiting = std::make_unique<Waiting>();
     waiting->add(task);
+}
+
+bool isEnding()
+{
+    return owner().isEnding;
 }
 
 }

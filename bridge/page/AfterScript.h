@@ -21,4 +21,7 @@ bool isScriptRunning(QWebFrame *frame = nullptr);
 /// Nothing may escape from one.
 void run(const std::function<void()> &task);
 
+/// Whether the library is being unloaded, so that a task runs for the last time that it can.
+bool isEnding();
+
 }

@@ -62,11 +62,19 @@ void GUI_WebPage::outliveView()
     m_embedded->leaveView();
     settings()->setAttribute(QWebSettings::JavascriptEnabled, false);
     setParent(nullptr);
-    if (m_telling) {
-        connect(m_telling, &QObject::destroyed, this, &QObject::deleteLater);
-        return;
-    }
-    AfterScript::run([page = QPointer<GUI_WebPage>(this)] { delete page; });
+    goLater();
+}
+
+// By a task, which runs before this library is unloaded, and not by an event, which would come to a
+// page whose code has gone.
+void GUI_WebPage::goLater()
+{
+    AfterScript::run([page = QPointer<GUI_WebPage>(this)] {
+        if (page && page->m_telling && !AfterScript::isEnding())
+            page->goLater();
+        else
+            delete page;
+    });
 }
 
 QObject *GUI_WebPage::createPlugin(const QString &classid, const QUrl &, const QStringList &,

@@ -37,6 +37,7 @@ protected:
 
 private:
     void tell();
+    void goLater();
     QObject *hostWidget(const QString &classid);
 
     HostServices *m_host;
