@@ -24,6 +24,17 @@ const QLatin1String OwnName("orvixPageHandlers");
 // What the engine makes for each handler. It has this name, but no type that C++ could ask for.
 const char *const EngineConnection = "JSC::Bindings::QtConnectionObject";
 
+// The engine's objects come without the type information by which the sanitizer checks each call.
+__attribute__((no_sanitize("vptr"))) bool isEngineConnection(const QObject *object)
+{
+    return qstrcmp(object->metaObject()->className(), EngineConnection) == 0;
+}
+
+__attribute__((no_sanitize("vptr"))) void remove(QObject *connection)
+{
+    delete connection;
+}
+
 // Script text of the names of all signals: by its signature a page gets another function object
 // than by its plain name, which signals may share.
 QString signalNames(const QMetaObject &meta)
@@ -92,7 +103,7 @@ void PageHandlers::install()
 void PageHandlers::connected()
 {
     QObject *newest = parent()->children().constLast();
-    if (qstrcmp(newest->metaObject()->className(), EngineConnection) != 0)
+    if (!isEngineConnection(newest))
         return;
     m_connections.removeAll(nullptr);
     if (!m_connections.contains(newest))
@@ -102,15 +113,15 @@ void PageHandlers::connected()
 void PageHandlers::disconnectPage()
 {
     const auto connections = std::exchange(m_connections, {});
-    const auto remove = [connections] {
+    const auto removeAll = [connections] {
         for (const auto &connection : connections)
-            delete connection;
+            remove(connection);
     };
     // A handler that is on the stack, while its page loads again, still has its connection.
     if (!connections.isEmpty() && m_frame && AfterScript::isScriptRunning(m_frame))
-        AfterScript::run(remove);
+        AfterScript::run(removeAll);
     else
-        remove();
+        removeAll();
 }
 
 void PageHandlers::leave()

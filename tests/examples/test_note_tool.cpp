@@ -60,6 +60,7 @@ private slots:
     void shortcutsStandAsideForTyping();
     void shortcutsComeBack_data();
     void shortcutsComeBack();
+    void unloadsUnderTheLoadOfItsPage();
     void shortcutsComeBackWithoutWordOfTheFocus_data();
     void shortcutsComeBackWithoutWordOfTheFocus();
     void goesThroughItsControlsByTab();
@@ -686,6 +687,17 @@ void TestNoteTool::shortcutsComeBack()
     QTRY_VERIFY(!isTyping());
     TourHand::press(Qt::Key_2, Qt::ControlModifier, &window());
     QCOMPARE(host().mode(), StandInHost::Mode::Memory);
+}
+
+// Its page goes before its code, also when the engine has just told of a load.
+void TestNoteTool::unloadsUnderTheLoadOfItsPage()
+{
+    QVERIFY(open());
+    const QPointer<QWebPage> loading = page()->page();
+    page()->reload();
+    m_workbench->unloadTool(tool());
+    QVERIFY(!loading);
+    QTest::qWait(50); // what is left would run code that has gone
 }
 
 void TestNoteTool::shortcutsComeBackWithoutWordOfTheFocus_data()
