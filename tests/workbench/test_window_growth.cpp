@@ -104,16 +104,20 @@ void closeRegionUnderItsOwnScript(Workbench &workbench)
     openRegion(workbench);
     const QPointer<GUI_WebView> view = regionPanel(workbench)->view();
     bool held = false;
-    QTimer::singleShot(0, &workbench, [&] {
+    // The timer of the page may come after any other.
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
         auto *dialog = dynamic_cast<GUI_WebViewDialog *>(QApplication::activeModalWidget());
-        if (!dialog || !QTest::qWaitFor([&] { return isDrawn(dialog->webView()); }))
+        if (!dialog || !isDrawn(dialog->webView()))
             return;
+        look.stop();
         PageHand::read(dialog->webView(), "preferences.closePlugin()");
         QTimer::singleShot(50, dialog, [&, dialog] {
             held = view;
             PageHand::read(dialog->webView(), "document.getElementById('close').click()");
         });
     });
+    look.start(5);
     PageHand::read(view, "setTimeout(function () { region.openPrefsDialog(''); }, 0)");
     QVERIFY(QTest::qWaitFor([&] { return !view; }));
     QVERIFY(held);
