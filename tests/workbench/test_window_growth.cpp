@@ -22,7 +22,7 @@
 using Cycle = std::function<void(Workbench &)>;
 Q_DECLARE_METATYPE(Cycle)
 
-// The dialogs of the workbench, opened and closed a hundred times, leave nothing behind.
+// The dialogs of the workbench, opened and closed again and again, leave nothing behind.
 class TestWindowGrowth : public TestBase
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ private slots:
 namespace {
 
 constexpr int Warming = 10;
-constexpr int Openings = 100;
+constexpr int Openings = 40;
 constexpr int FadeIn = 700; // milliseconds that an animation may live, with some to spare
 
 bool isDrawn(GUI_WebView *view)
@@ -64,9 +64,19 @@ void visit(Workbench &workbench, const char *action, const QString &closing)
     QVERIFY(visited);
 }
 
+// A tool that is loaded anew comes last.
+PLG_Interface *toolByName(Workbench &workbench, const char *name)
+{
+    for (PLG_Interface *tool : workbench.loader().tools()) {
+        if (tool->name() == QLatin1String(name))
+            return tool;
+    }
+    return nullptr;
+}
+
 PLG_Interface *noteTool(Workbench &workbench)
 {
-    return workbench.loader().tools().value(0);
+    return toolByName(workbench, "t_note");
 }
 
 // With text in the box, so that a refresh and a setting follow.
@@ -83,7 +93,7 @@ void openNote(Workbench &workbench)
 
 PLG_Interface *regionTool(Workbench &workbench)
 {
-    return workbench.loader().tools().value(1);
+    return toolByName(workbench, "t_region");
 }
 
 ToolPanel *regionPanel(Workbench &workbench)
