@@ -1,6 +1,7 @@
 #include "bridge/page/PageObject.h"
 
 #include "bridge/page/AfterScript.h"
+#include "bridge/page/PageHandlers.h"
 
 #include <QPointer>
 #include <QThread>
@@ -13,7 +14,7 @@ void PageObject::remove(PageObject *object)
     // goes with its mediators, also under the script that opened it.
     const bool mayBeCalled = object->m_callLevel >= 0 &&
                              object->m_callLevel <= QThread::currentThread()->loopLevel() &&
-                             AfterScript::isScriptRunning();
+                             AfterScript::isScriptRunning(PageHandlers::frameOf(object));
     if (!mayBeCalled)
         delete object;
     else
