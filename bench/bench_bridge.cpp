@@ -219,7 +219,9 @@ template <class Make> void timeLoad(benchmark::State &state, Make make)
         const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
         state.SetIterationTime(elapsed.count());
         shown.reset();
-        QCoreApplication::processEvents();
+        // The page goes behind the slots of its load; that belongs to no load.
+        for (int i = 0; i < 4; ++i)
+            QCoreApplication::processEvents();
     }
 }
 

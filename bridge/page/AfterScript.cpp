@@ -3,12 +3,15 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QVariant>
 #include <QWebFrame>
 #include <QWebPage>
 #include <QWebSettings>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -22,7 +25,14 @@ const char *const StackScript =
     "(function () { try { null.x; } catch (error) { return error.stack; } })()";
 constexpr int OwnLineEnds = 1;
 
-using Tasks = std::vector<std::function<void()>>;
+struct Task
+{
+    bool mayRun() const { return !notBefore; }
+
+    std::function<void()> run;
+    QPointer<const QObject> notBefore;
+};
+using Tasks = std::vector<Task>;
 
 // Looks at the stack whenever an event loop goes on.
 class Waiting : public QObject
@@ -35,16 +45,19 @@ public:
         connect(dispatcher, &QAbstractEventDispatcher::awake, this, &Waiting::look);
     }
 
-    void add(const std::function<void()> &task) { m_tasks.push_back(task); }
+    void add(Task task) { m_tasks.push_back(std::move(task)); }
 
-    void runAll()
-    {
-        for (const auto &task : std::exchange(m_tasks, {}))
-            task();
-    }
+    void runAll() { run(std::exchange(m_tasks, {})); }
 
 private:
     void look();
+    Tasks takeReady();
+
+    static void run(const Tasks &tasks)
+    {
+        for (const Task &task : tasks)
+            task.run();
+    }
 
     QWebPage m_page;
     Tasks m_tasks;
@@ -75,10 +88,23 @@ Owner &owner()
 
 void Waiting::look()
 {
+    if (std::none_of(m_tasks.cbegin(), m_tasks.cend(), std::mem_fn(&Task::mayRun)))
+        return;
     if (AfterScript::isScriptRunning(m_page.mainFrame()))
         return;
-    const auto self = std::move(owner().waiting); // a task may wait anew
-    runAll();
+    const Tasks ready = takeReady();
+    const auto self =
+        m_tasks.empty() ? std::move(owner().waiting) : nullptr; // a task may wait anew
+    run(ready);
+}
+
+Tasks Waiting::takeReady()
+{
+    const auto rest =
+        std::stable_partition(m_tasks.begin(), m_tasks.end(), std::mem_fn(&Task::mayRun));
+    const Tasks ready(m_tasks.begin(), rest);
+    m_tasks.erase(m_tasks.begin(), rest);
+    return ready;
 }
 
 }
@@ -97,12 +123,12 @@ bool isScriptRunning(QWebFrame *frame)
     return stack.toString().count(QLatin1Char('\n')) > OwnLineEnds;
 }
 
-void run(const std::function<void()> &task)
+void run(const std::function<void()> &task, const QObject *notBefore)
 {
     auto &waiting = owner().waiting;
     if (!waiting)
         waiting = std::make_unique<Waiting>();
-    waiting->add(task);
+    waiting->add({task, notBefore});
 }
 
 bool isEnding()

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+class QObject;
 class QWebFrame;
 
 /// What waits until the script of pages has returned.
@@ -17,9 +18,9 @@ namespace AfterScript {
 bool isScriptRunning(QWebFrame *frame = nullptr);
 
 /// Runs `task` when no script is on the stack any more, at the earliest when control has returned
-/// to an event loop; before this library is unloaded at the latest. Tasks run in their order.
-/// Nothing may escape from one.
-void run(const std::function<void()> &task);
+/// to an event loop, and not while `notBefore` is there; before this library is unloaded at the
+/// latest. Tasks run in their order. Nothing may escape from one.
+void run(const std::function<void()> &task, const QObject *notBefore = nullptr);
 
 /// Whether the library is being unloaded, so that a task runs for the last time that it can.
 bool isEnding();

@@ -69,12 +69,13 @@ void GUI_WebPage::outliveView()
 // page whose code has gone.
 void GUI_WebPage::goLater()
 {
-    AfterScript::run([page = QPointer<GUI_WebPage>(this)] {
+    const auto go = [page = QPointer<GUI_WebPage>(this)] {
         if (page && page->m_telling && !AfterScript::isEnding())
             page->goLater();
         else
             delete page;
-    });
+    };
+    AfterScript::run(go, m_telling);
 }
 
 QObject *GUI_WebPage::createPlugin(const QString &classid, const QUrl &, const QStringList &,

@@ -1,4 +1,5 @@
 #include "bridge/mediator/JS_Mediator_Dialog.h"
+#include "bridge/page/AfterScript.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/ObjectCount.h"
 #include "tests/support/TestLog.h"
@@ -25,6 +26,7 @@ private slots:
     void messageOfAPageHoldsItsView();
     void pageLoadsAgainUnderItsOwnHandler();
     void slotOfALoadHoldsTheView();
+    void pageOfADeletedViewWaitsForTheSlotOfItsLoad();
     void viewWithoutScriptGoesAtOnce();
     void viewThatFoundAnotherWindowGoesWithIt();
     void dialogGoesWhenItsScriptHasReturned_data();
@@ -231,6 +233,30 @@ void TestViewLifetime::slotOfALoadHoldsTheView()
     window.view->reload();
     QVERIFY(QTest::qWaitFor([&] { return !window.view; }));
     QVERIFY(once);
+}
+
+void TestViewLifetime::pageOfADeletedViewWaitsForTheSlotOfItsLoad()
+{
+    Window window;
+    QVERIFY(window.loaded);
+    const QPointer<QWebPage> page = window.view->page();
+    bool once = false;
+    bool pageWaited = false;
+    bool otherWaited = true;
+    connect(window.view, &QWebView::loadFinished, this, [&] {
+        if (std::exchange(once, true))
+            return;
+        runNested(
+            [&] {
+                delete window.view;
+                AfterScript::run([&] { otherWaited = false; });
+            },
+            [&] { pageWaited = page; });
+    });
+    window.view->reload();
+    QVERIFY(QTest::qWaitFor([&] { return !page; }));
+    QVERIFY(pageWaited);
+    QVERIFY(!otherWaited);
 }
 
 void TestViewLifetime::viewWithoutScriptGoesAtOnce()
