@@ -135,6 +135,7 @@ void StandInHost::showMediator(GUI_WebView *view, JS_Mediator *mediator)
     if (!frame->url().isEmpty()) // else the first page is still to come
         show();
     QObject::connect(frame, &QWebFrame::javaScriptWindowObjectCleared, owner, show);
+    emit m_events.pageAttached(view);
 }
 
 int StandInHost::currentMode()

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+class GUI_WebView;
+
 /// What happens in the stand-in host, for a user interface that follows it. The signals come on the
 /// GUI thread, behind the change, but callJournalled(), which comes on the caller's thread.
 class StandInEvents : public QObject
@@ -27,6 +29,9 @@ signals:
     void updated(uint flags); ///< everything that updateUI() refreshes is to be shown anew
     void undoChanged();
     void settingChanged(const QString &key);
+
+    /// A view is shown its mediator, or another one; its page is still to come.
+    void pageAttached(GUI_WebView *view);
 
     /// "info", "warn", "alert" or "confirm", and the whole text.
     void messageShown(const QString &kind, const QString &text);

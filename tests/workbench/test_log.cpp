@@ -268,6 +268,8 @@ void TestLogDock::tellsTheLatestNoticeAndCountsTheOthers()
     bar.tell("<b>second</b>");
     bar.tell("third");
     QCOMPARE(bar.text(), QString("third (and 2 more, see the log)"));
+    bar.tell("<b>second</b>"); // again and again
+    QCOMPARE(bar.text(), QString("third (and 2 more, see the log)"));
 
     QSignalSpy wanted(&bar, &NoticeBar::logRequested);
     QTest::mouseClick(bar.findChild<QPushButton *>("noticeLog"), Qt::LeftButton);

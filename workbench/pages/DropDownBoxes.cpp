@@ -69,6 +69,7 @@ void DropDownBoxes::makeBox()
         return;
     m_box = new GUI_SelectBox(&m_host, m_page.window());
     m_box->installEventFilter(this);
+    emit m_host.events()->pageAttached(m_box->webView()); // it shows its mediator itself
     m_box->webView()->setAccessibleName(tr("Partitions"));
 }
 

@@ -10,6 +10,7 @@
 #include "workbench/base/Shortcuts.h"
 #include "workbench/log/HostCallPanel.h"
 #include "workbench/log/LogPanel.h"
+#include "workbench/pages/PageFailures.h"
 #include "workbench/pages/PagePanel.h"
 #include "workbench/views/ToolView.h"
 #include "workbench/views/ViewArea.h"
@@ -276,6 +277,7 @@ void MainWindow::makePanels()
 {
     m_tools = new ToolBar(m_host, this);
     m_notice = new NoticeBar(this);
+    connect(new PageFailures(m_host, this), &PageFailures::failed, m_notice, &NoticeBar::tell);
     m_views = new ViewArea(m_host, this);
     auto *centre = new QWidget(this);
     auto *layout = new QVBoxLayout(centre);

@@ -37,6 +37,8 @@ NoticeBar::NoticeBar(QWidget *parent) : QFrame(parent), m_label(new QLabel(this)
 
 void NoticeBar::tell(const QString &text)
 {
+    if (m_texts.contains(text)) // a script may fail again and again
+        return;
     m_texts.append(text);
     const int others = m_texts.size() - 1;
     m_label->setText(others == 0

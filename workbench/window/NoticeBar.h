@@ -12,7 +12,8 @@ class NoticeBar : public QFrame
 public:
     explicit NoticeBar(QWidget *parent = nullptr);
 
-    /// Shows the text; several texts share the line as "latest (and 2 more, see the log)".
+    /// Shows the text; several texts share the line as "latest (and 2 more, see the log)". One that
+    /// is among them already changes nothing.
     void tell(const QString &text);
 
     /// What is shown, empty when the bar is hidden.

@@ -1,22 +1,37 @@
 'use strict';
 
 // What all pages share: a page starts with Page.start('name of its mediator', setup), and talks to
-// the application through Page.bridge only. Nothing that a handler throws leaves it: it is told by
-// errorLog, and the page goes on.
+// the application through Page.bridge only. This is the first script of each page, so that it hears
+// what the others do wrong. Nothing that a handler throws leaves it: it is told in the log and by a
+// notice, and the page goes on.
 var Page = (function () {
     var page = { bridge: null };
 
-    function textOf(error) {
-        var text = String(error);
-        if (error && error.sourceURL)
-            text += ' (' + error.sourceURL + ':' + error.line + ')';
-        return text;
+    // Where nobody shows notices, the log alone is told.
+    function tell(what, file, line) {
+        if (window.pageFailures)
+            window.pageFailures.scriptFailed(location.href, what, file, line);
+        else if (page.bridge)
+            page.bridge.errorLog(file ? what + ' (' + file + ':' + line + ')' : what);
     }
 
     function report(error) {
-        if (page.bridge)
-            page.bridge.errorLog(textOf(error));
+        var what = 'unknown';
+        try { what = String(error); } catch (second) { }
+        tell(what, error && error.sourceURL || '', error && error.line || 0);
     }
+
+    // What is thrown while the page loads or in a timer, and a file that is no script.
+    window.onerror = function (message, file, line) {
+        tell(message, file, line);
+    };
+
+    // What cannot be loaded; such an event passes the window on its way down only.
+    window.addEventListener('error', function (event) {
+        var file = event.target.src || event.target.href;
+        if (file && window.pageFailures)
+            window.pageFailures.fileIsMissing(location.href, file);
+    }, true);
 
     page.guard = function (handler) {
         return function () {
@@ -141,9 +156,6 @@ var Page = (function () {
     // `setup` prepares the page and gives the function that draws it: now, on `open`, and on each
     // `update`.
     page.start = function (name, setup) {
-        window.addEventListener('error', function (event) {
-            report(event.message + ' (' + event.filename + ':' + event.lineno + ')');
-        });
         window.addEventListener('load', page.guard(function () {
             page.bridge = window[name] || null;
             if (!page.bridge) {

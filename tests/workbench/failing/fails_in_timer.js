@@ -1,0 +1,5 @@
+'use strict';
+
+setTimeout(function () {
+    throw new Error('in a timer');
+}, 0);

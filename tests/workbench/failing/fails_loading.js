@@ -1,0 +1,3 @@
+'use strict';
+
+throw new Error('while it loads');

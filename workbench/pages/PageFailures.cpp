@@ -1,0 +1,66 @@
+#include "workbench/pages/PageFailures.h"
+
+#include "bridge/page/GUI_WebView.h"
+#include "standin/host/StandInHost.h"
+
+#include <QDebug>
+#include <QTimer>
+#include <QWebFrame>
+
+#include <memory>
+
+PageFailures::PageFailures(StandInHost &host, QObject *parent) : PageProof<QObject>(parent)
+{
+    connect(host.events(), &StandInEvents::pageAttached, this, &PageFailures::watch);
+}
+
+void PageFailures::scriptFailed(const QString &page, const QString &what, const QString &file,
+                                int line)
+{
+    if (file.isEmpty())
+        tell(tr("The page %1 failed: %2").arg(page, what));
+    else
+        tell(tr("The page %1 failed: %2 (%3:%4)").arg(page, what, file, QString::number(line)));
+}
+
+void PageFailures::fileIsMissing(const QString &page, const QString &file)
+{
+    tell(tr("The page %1 has no file %2").arg(page, file));
+}
+
+void PageFailures::watch(GUI_WebView *view)
+{
+    if (m_watched.contains(view))
+        return; // it sees several mediators
+    m_watched.insert(view);
+    connect(view, &QObject::destroyed, this, [this, view] { m_watched.remove(view); });
+
+    QWebFrame *frame = view->page()->mainFrame();
+    const auto show = [this, frame] {
+        frame->addToJavaScriptWindowObject(QStringLiteral("pageFailures"), this);
+    };
+    if (!frame->url().isEmpty()) // else the first page is still to come
+        show();
+    connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, show);
+
+    // A page that gives way to another one while it loads is not missing.
+    const auto isLoading = std::make_shared<bool>(false);
+    connect(view, &QWebView::loadStarted, this, [isLoading] { *isLoading = true; });
+    connect(view, &QWebView::loadFinished, this, [this, frame, isLoading](bool ok) {
+        *isLoading = false;
+        if (ok)
+            return;
+        const QString url = frame->requestedUrl().toString();
+        QTimer::singleShot(0, this, [this, isLoading, url] {
+            if (!*isLoading)
+                tell(tr("The page %1 cannot be loaded").arg(url));
+        });
+    });
+}
+
+// A notice moves what is beside it, which may be the page whose script is running.
+void PageFailures::tell(const QString &text)
+{
+    qCritical().noquote() << text;
+    QTimer::singleShot(0, this, [this, text] { emit failed(text); });
+}
