@@ -11,7 +11,7 @@ var Page = (function () {
     function tell(what, file, line) {
         if (window.pageFailures)
             window.pageFailures.scriptFailed(location.href, what, file, line);
-        else if (page.bridge)
+        else if (page.bridge && typeof page.bridge.errorLog === 'function')
             page.bridge.errorLog(file ? what + ' (' + file + ':' + line + ')' : what);
     }
 
@@ -113,23 +113,36 @@ var Page = (function () {
         });
     }
 
+    // Keys that an input of any other kind gets are text.
+    var WithoutText = ['button', 'checkbox', 'color', 'file', 'hidden', 'image', 'radio', 'range',
+        'reset', 'submit'];
+
     function isTextBox(element) {
-        return element.tagName === 'TEXTAREA' ||
-            (element.tagName === 'INPUT' && element.type === 'text');
+        return element.tagName === 'TEXTAREA' || element.isContentEditable === true ||
+            (element.tagName === 'INPUT' && WithoutText.indexOf(element.type) < 0);
     }
 
-    // While the user types, the shortcuts of the main window stand aside.
+    // While the user types, the shortcuts of the main window stand aside. A box that hides or goes
+    // loses the focus without a word.
     function followTextBoxes() {
         if (typeof page.bridge.setTextBoxFocusState !== 'function')
             return;
-        page.listen(document, 'focusin', function (event) {
-            if (isTextBox(event.target))
-                page.bridge.setTextBoxFocusState(true);
-        });
-        page.listen(document, 'focusout', function (event) {
-            if (isTextBox(event.target))
-                page.bridge.setTextBoxFocusState(false);
-        });
+        var typing = null;
+        function tellTyping(box) {
+            if ((box !== null) !== (typing !== null))
+                page.bridge.setTextBoxFocusState(box !== null);
+            typing = box;
+        }
+        document.addEventListener('focus', page.guard(function (event) {
+            tellTyping(isTextBox(event.target) ? event.target : null);
+        }), true);
+        document.addEventListener('blur', page.guard(function () { tellTyping(null); }), true);
+        new MutationObserver(page.guard(function () {
+            if (typing && document.activeElement !== typing)
+                tellTyping(null);
+            else if (typing && typing.getClientRects().length === 0)
+                typing.blur();
+        })).observe(document.body, { attributes: true, childList: true, subtree: true });
     }
 
     function logOperation(operation, element, value) {
@@ -153,6 +166,17 @@ var Page = (function () {
         }), true);
     }
 
+    // Enter in a form would leave the page, with what was typed in its address.
+    document.addEventListener('submit', function (event) { event.preventDefault(); }, true);
+
+    // A dialog that its page works directly has slots of these names, to which nothing connects.
+    // Only that tells them from signals: a slot has a function `connect` too.
+    function connectSignal(signal, handler) {
+        try {
+            page.connect(signal, handler);
+        } catch (isSlot) { }
+    }
+
     // `setup` prepares the page and gives the function that draws it: now, on `open`, and on each
     // `update`.
     page.start = function (name, setup) {
@@ -168,8 +192,8 @@ var Page = (function () {
             followTextBoxes();
             followUser();
             var draw = page.guard(setup());
-            page.connect(page.bridge.open, draw);
-            page.connect(page.bridge.update, function () {
+            connectSignal(page.bridge.open, draw);
+            connectSignal(page.bridge.update, function () {
                 takeStyle();
                 draw();
             });
