@@ -75,6 +75,16 @@ private slots:
     void submitsNoForm_data();
     void submitsNoForm();
     void drawsForADialogWhoseOpenAndUpdateAreSlots();
+    void goesThroughAListByKeys_data();
+    void goesThroughAListByKeys();
+    void goesToTheRowThatBeginsWithLetters_data();
+    void goesToTheRowThatBeginsWithLetters();
+    void beginsANewWordAfterAPause();
+    void hasOneRowInTheTabOrder();
+    void choosesARow();
+    void keepsTheFocusInAList_data();
+    void keepsTheFocusInAList();
+    void leavesKeysToWhatARowHolds();
 };
 
 void TestPageScript::init()
@@ -179,6 +189,194 @@ void TestPageScript::drawsForADialogWhoseOpenAndUpdateAreSlots()
     QCOMPARE(read(panel.view(), "drawn").toInt(), 2); // as the page starts, and on `open`
     panel.refresh();
     QCOMPARE(read(panel.view(), "drawn").toInt(), 3);
+}
+
+namespace {
+
+/// Thirty rows, of which some five are in view, the third is selected.
+const char *const ThirtyRows = "fillRows(Array.from({ length: 30 }, function (none, at) {"
+                               "    return 'row ' + (at + 1); }), 'row 3')";
+
+struct Rows
+{
+    bool open(const QString &fill = ThirtyRows)
+    {
+        panel.resize(300, 240);
+        panel.show();
+        panel.activateWindow();
+        if (!QTest::qWaitForWindowActive(&panel) ||
+            !QTest::qWaitFor([this] { return panel.isLoaded(); }))
+            return false;
+        read(view(), fill);
+        return true;
+    }
+
+    GUI_WebView *view() { return panel.view(); }
+    QString focused() { return read(view(), "document.activeElement.id").toString(); }
+    QString chosen() { return read(view(), "chosen.join()").toString(); }
+
+    StandInHost host;
+    PagePanel panel{host, "rows", "qrc:/rows.html", "Rows"};
+};
+
+}
+
+void TestPageScript::goesThroughAListByKeys_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("to");
+    QTest::newRow("down") << "row3" << int(Qt::Key_Down) << "row4";
+    QTest::newRow("up") << "row3" << int(Qt::Key_Up) << "row2";
+    QTest::newRow("up from the first") << "row1" << int(Qt::Key_Up) << "row1";
+    QTest::newRow("down from the last") << "row30" << int(Qt::Key_Down) << "row30";
+    QTest::newRow("home") << "row20" << int(Qt::Key_Home) << "row1";
+    QTest::newRow("end") << "row20" << int(Qt::Key_End) << "row30";
+    // Five rows are in view; one stays.
+    QTest::newRow("page down") << "row3" << int(Qt::Key_PageDown) << "row7";
+    QTest::newRow("page up") << "row20" << int(Qt::Key_PageUp) << "row16";
+    QTest::newRow("page up near the first") << "row2" << int(Qt::Key_PageUp) << "row1";
+    QTest::newRow("page down near the last") << "row29" << int(Qt::Key_PageDown) << "row30";
+}
+
+void TestPageScript::goesThroughAListByKeys()
+{
+    QFETCH(QString, from);
+    QFETCH(int, key);
+    QFETCH(QString, to);
+    Rows rows;
+    QVERIFY(rows.open());
+    read(rows.view(), "document.getElementById('" + from + "').focus()");
+    QVERIFY(press(rows.view(), key));
+    QCOMPARE(rows.focused(), to);
+    QVERIFY(read(rows.view(),
+                 "var box = document.activeElement.getBoundingClientRect();"
+                 "var around = document.getElementById('rows').getBoundingClientRect();"
+                 "box.top >= around.top && box.bottom <= around.bottom")
+                .toBool());
+    QCOMPARE(rows.chosen(), QString());
+}
+
+void TestPageScript::goesToTheRowThatBeginsWithLetters_data()
+{
+    QTest::addColumn<QString>("letters");
+    QTest::addColumn<QString>("row");
+    QTest::newRow("the first of them") << "l"
+                                       << "Left";
+    QTest::newRow("a word") << "low"
+                            << "LowLeft";
+    QTest::newRow("capitals") << "R"
+                              << "right";
+    QTest::newRow("the present row goes on to fit") << "top"
+                                                    << "Top";
+    QTest::newRow("round the end") << "b"
+                                   << "Bottom";
+    QTest::newRow("nothing begins so") << "x"
+                                       << "Centre";
+}
+
+void TestPageScript::goesToTheRowThatBeginsWithLetters()
+{
+    QFETCH(QString, letters);
+    QFETCH(QString, row);
+    Rows rows;
+    QVERIFY(rows.open("fillRows(['Bottom', 'Centre', 'Left', 'Low Left', 'right', 'Top'], '')"));
+    read(rows.view(), "document.getElementById('Centre').focus()");
+    QVERIFY(type(rows.view(), letters));
+    QCOMPARE(rows.focused(), row);
+}
+
+void TestPageScript::beginsANewWordAfterAPause()
+{
+    Rows rows;
+    QVERIFY(rows.open("fillRows(['Left', 'Low Left', 'Over'], 'Left')"));
+    read(rows.view(), "list.focus(); var now = 5000; Date.now = function () { return now; }");
+    QVERIFY(type(rows.view(), "l"));
+    QCOMPARE(rows.focused(), QString("LowLeft"));
+    read(rows.view(), "now = 6000");
+    QVERIFY(type(rows.view(), "o")); // within a pause this would be "lo"
+    QCOMPARE(rows.focused(), QString("Over"));
+}
+
+void TestPageScript::hasOneRowInTheTabOrder()
+{
+    Rows rows;
+    QVERIFY(rows.open());
+    rows.view()->setFocus();
+    QCOMPARE(count(rows.view(), "[role=option]"), 30);
+    QCOMPARE(count(rows.view(), "[role=option][tabindex='0']"), 1);
+    read(rows.view(), "document.getElementById('before').focus()");
+    QVERIFY(press(rows.view(), Qt::Key_Tab));
+    QCOMPARE(rows.focused(), QString("row3")); // the selected one
+    QVERIFY(press(rows.view(), Qt::Key_Down) && press(rows.view(), Qt::Key_Tab));
+    QCOMPARE(rows.focused(), QString("after"));
+    QVERIFY(press(rows.view(), Qt::Key_Backtab, Qt::ShiftModifier));
+    QCOMPARE(rows.focused(), QString("row4")); // where it was left
+    QCOMPARE(count(rows.view(), "[role=option][tabindex='0']"), 1);
+}
+
+void TestPageScript::choosesARow()
+{
+    Rows rows;
+    QVERIFY(rows.open());
+    LogCapture log;
+    QVERIFY(click(rows.view(), "#row2"));
+    QVERIFY(press(rows.view(), Qt::Key_Down) && press(rows.view(), Qt::Key_Return));
+    QVERIFY(press(rows.view(), Qt::Key_Down));
+    QVERIFY(press(rows.view(), Qt::Key_Space, Qt::ControlModifier));
+    QCOMPARE(rows.chosen(), QString("row2,row3,with control: row4"));
+    QCOMPARE(log.texts(QtInfoMsg).filter("[Control:Li] [Operation:clicked]").size(), 3);
+    QVERIFY(log.texts(QtInfoMsg).first().contains("[ID:row2]"));
+}
+
+void TestPageScript::keepsTheFocusInAList_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("texts");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("same row") << "row2"
+                              << "['row 1', 'row 2', 'row 3']"
+                              << "row2";
+    QTest::newRow("the row moves") << "row2"
+                                   << "['row 0', 'row 1', 'row 2']"
+                                   << "row2";
+    QTest::newRow("the row goes") << "row2"
+                                  << "['row 1', 'row 3', 'row 4']"
+                                  << "row3";
+    QTest::newRow("the last row goes") << "row30"
+                                       << "['row 1', 'row 3']"
+                                       << "row3";
+    QTest::newRow("all rows go") << "row2"
+                                 << "[]"
+                                 << "";
+    QTest::newRow("the focus is elsewhere") << "after"
+                                            << "['row 1', 'row 2']"
+                                            << "after";
+}
+
+void TestPageScript::keepsTheFocusInAList()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, texts);
+    QFETCH(QString, after);
+    Rows rows;
+    QVERIFY(rows.open());
+    read(rows.view(), "document.getElementById('" + before + "').focus()");
+    read(rows.view(), "fillRows(" + texts + ", '')");
+    QCOMPARE(rows.focused(), after);
+    QCOMPARE(count(rows.view(), "[role=option][tabindex='0']"), texts == "[]" ? 0 : 1);
+}
+
+void TestPageScript::leavesKeysToWhatARowHolds()
+{
+    Rows rows;
+    QVERIFY(rows.open());
+    read(rows.view(), "var box = document.createElement('input'); box.id = 'inside';"
+                      "document.getElementById('row3').appendChild(box); box.focus()");
+    QVERIFY(type(rows.view(), "r 1") && press(rows.view(), Qt::Key_Home));
+    QCOMPARE(read(rows.view(), "box.value").toString(), QString("r 1"));
+    QCOMPARE(rows.focused(), QString("inside"));
+    QCOMPARE(rows.chosen(), QString());
 }
 
 int main(int argc, char **argv)

@@ -2,29 +2,21 @@
 
 Page.start('items', function () {
     var items = Page.bridge;
-    var list = Page.get('list');
-
-    function rowOf(element) {
-        while (element !== list && element.tagName !== 'LI')
-            element = element.parentNode;
-        return element === list ? null : element;
-    }
+    var choices = new Map();
+    var list = Page.list(Page.get('list'), function (row) { choices.get(row)(); });
 
     // Shows entries with a value and a text; `choose` gets the value.
     function fill(entries, current, choose) {
-        list.textContent = '';
-        entries.forEach(function (entry) {
+        choices.clear();
+        list.fill([]); // the box opens anew: the focus is not kept
+        list.fill(entries.map(function (entry) {
             var row = Page.make('li', '', entry.text);
             row.id = 'row-' + entry.value;
-            row.tabIndex = 0;
-            row.setAttribute('role', 'option');
-            row.setAttribute('aria-selected', String(String(entry.value) === current));
-            row.choose = function () { choose(String(entry.value)); };
-            list.appendChild(row);
-        });
-        var first = list.querySelector('[aria-selected=true]') || list.firstChild;
-        if (first)
-            first.focus();
+            list.mark(row, String(entry.value) === current);
+            choices.set(row, function () { choose(String(entry.value)); });
+            return row;
+        }));
+        list.focus();
     }
 
     Page.connect(items.signalShowPartition, function (partitions) {
@@ -39,24 +31,6 @@ Page.start('items', function () {
         fill([{ value: variable, text: Page.translate('Register') }], '', function (value) {
             items.slotNotifyVariableRegist(value);
         });
-    });
-
-    Page.listen(list, 'click', function (event) {
-        var row = rowOf(event.target);
-        if (row)
-            row.choose();
-    });
-    Page.listen(list, 'keydown', function (event) {
-        var row = rowOf(event.target);
-        var next = row && (event.keyCode === 38 ? row.previousSibling :
-            event.keyCode === 40 ? row.nextSibling : null);
-        if (row && (event.keyCode === 13 || event.keyCode === 32))
-            row.choose();
-        else if (next)
-            next.focus();
-        else
-            return;
-        event.preventDefault();
     });
 
     return function () { };

@@ -93,6 +93,138 @@ var Page = (function () {
         return isStored;
     };
 
+    // A list whose rows are its elements. One of them takes part in Tab, the chosen one at first; from
+    // there the arrows, Home, End, the page keys and the letters of a row's text go on. A click,
+    // Enter or Space calls `choose` with the row and the event, whose modifiers may mean more.
+    page.list = function (list, choose) {
+        var stop = null;
+        var typed = '';
+        var typedAt = 0;
+        var Pause = 1000; // milliseconds, after which letters begin a new word
+
+        function rows() {
+            return Array.from(list.children);
+        }
+
+        function rowOf(element) {
+            while (element !== list && element.parentNode !== list)
+                element = element.parentNode;
+            return element === list ? null : element;
+        }
+
+        function setStop(row) {
+            if (stop)
+                stop.tabIndex = -1;
+            stop = row;
+            if (stop)
+                stop.tabIndex = 0;
+        }
+
+        function pick(row, event) {
+            logOperation('clicked', row, '');
+            choose(row, event);
+        }
+
+        // How many rows a page key goes on.
+        function pageSize(row) {
+            return Math.max(1, Math.floor(list.clientHeight / row.offsetHeight) - 1);
+        }
+
+        function rowOfKey(all, at, key) {
+            var last = all.length - 1;
+            switch (key) {
+            case 33: return all[Math.max(0, at - pageSize(all[at]))];
+            case 34: return all[Math.min(last, at + pageSize(all[at]))];
+            case 35: return all[last];
+            case 36: return all[0];
+            case 38: return all[Math.max(0, at - 1)];
+            case 40: return all[Math.min(last, at + 1)];
+            }
+            return null;
+        }
+
+        // A letter again goes on to the next row that begins with it.
+        function rowOfLetters(all, at, letter, now) {
+            typed = now - typedAt < Pause ? typed + letter : letter;
+            typedAt = now;
+            var isNew = typed.length === 1;
+            for (var i = isNew ? 1 : 0; i < all.length + (isNew ? 1 : 0); ++i) {
+                var row = all[(at + i) % all.length];
+                if (row.textContent.trim().toLowerCase().indexOf(typed) === 0)
+                    return row;
+            }
+            return null;
+        }
+
+        page.listen(list, 'click', function (event) {
+            var row = rowOf(event.target);
+            if (row)
+                pick(row, event);
+        });
+        page.listen(list, 'focusin', function (event) {
+            if (event.target.parentNode === list)
+                setStop(event.target);
+        });
+        page.listen(list, 'keydown', function (event) {
+            var row = event.target;
+            if (row.parentNode !== list || event.altKey)
+                return; // not in what a row holds
+            var all = rows();
+            var next = rowOfKey(all, all.indexOf(row), event.keyCode);
+            if (event.keyCode === 13 || event.keyCode === 32)
+                pick(row, event);
+            else if (next)
+                next.focus();
+            else
+                return;
+            event.preventDefault();
+        });
+        page.listen(list, 'keypress', function (event) {
+            if (event.target.parentNode !== list || event.ctrlKey || event.altKey || event.metaKey)
+                return;
+            var all = rows();
+            var letter = String.fromCharCode(event.charCode).toLowerCase();
+            var row = rowOfLetters(all, all.indexOf(event.target), letter, Date.now());
+            if (row)
+                row.focus();
+        });
+
+        return {
+            // Shows these rows in place of those before. The row that had the focus keeps it, by its
+            // id; one that has gone hands it to the row in its place.
+            fill: function (elements) {
+                var before = rows();
+                var focused = document.activeElement;
+                var at = list.contains(focused) ? before.indexOf(rowOf(focused)) : -1;
+                var id = stop ? stop.id : '';
+                var top = list.scrollTop;
+                setStop(null);
+                list.textContent = '';
+                elements.forEach(function (row) {
+                    row.tabIndex = -1;
+                    row.setAttribute('role', 'option');
+                    list.appendChild(row);
+                });
+                list.scrollTop = top;
+                var all = rows();
+                setStop(all.find(function (row) { return id !== '' && row.id === id; }) ||
+                    all[Math.min(at, all.length - 1)] ||
+                    list.querySelector('[aria-selected=true]') || all[0] || null);
+                if (at >= 0 && stop)
+                    stop.focus();
+            },
+            // Marks a row as one of the chosen ones.
+            mark: function (row, isSelected) {
+                row.setAttribute('aria-selected', String(isSelected));
+            },
+            // Goes to the row that is in the tab order.
+            focus: function () {
+                if (stop)
+                    stop.focus();
+            }
+        };
+    };
+
     function takeStyle() {
         var dark = page.bridge.getStyle().toLowerCase() === 'dark';
         document.body.classList.remove(dark ? 'light' : 'dark');
