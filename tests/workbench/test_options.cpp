@@ -28,6 +28,7 @@ void TestOptions::startsWithTwoCamerasAndNothingElse()
     QCOMPARE(options.cameras, 2);
     QCOMPARE(options.pluginFolder, QString());
     QCOMPARE(options.settingsFile, QString());
+    QCOMPARE(options.pagesFolder, QString());
     QCOMPARE(options.openFolder, QString());
     QCOMPARE(options.style, QString());
     QCOMPARE(options.tourFolder, QString());
@@ -37,11 +38,12 @@ void TestOptions::takesEveryOption()
 {
     const Options options =
         Options::parse({"orvix-workbench", "--plugins", "p", "--settings=s.ini", "--cameras", "3",
-                        "--open", "pictures", "--style", "Dark", "--tour", "t"});
+                        "--open", "pictures", "--style", "Dark", "--tour", "t", "--pages", "."});
     QCOMPARE(options.action, Options::Action::Run);
     QCOMPARE(options.cameras, 3);
     QCOMPARE(options.pluginFolder, QString("p"));
     QCOMPARE(options.settingsFile, QString("s.ini"));
+    QCOMPARE(options.pagesFolder, QString("."));
     QCOMPARE(options.openFolder, QString("pictures"));
     QCOMPARE(options.style, QString("dark"));
     QCOMPARE(options.tourFolder, QString("t"));
@@ -52,8 +54,8 @@ void TestOptions::explainsItself()
     for (const char *help : {"--help", "-h"}) {
         const Options options = Options::parse({"orvix-workbench", help});
         QCOMPARE(options.action, Options::Action::Help);
-        for (const char *option :
-             {"--plugins", "--settings", "--cameras", "--open", "--style", "--tour", "--help"})
+        for (const char *option : {"--plugins", "--settings", "--pages", "--cameras", "--open",
+                                   "--style", "--tour", "--help"})
             QVERIFY2(options.text.contains(option), option);
     }
 }
@@ -72,6 +74,13 @@ void TestOptions::refusesWhatItDoesNotKnow_data()
         << QStringList{"--cameras", "-1"} << "--cameras wants a number from 0 to 16, not '-1'.";
     QTest::newRow("too many") << QStringList{"--cameras", "17"}
                               << "--cameras wants a number from 0 to 16, not '17'.";
+    QTest::newRow("no folder name") << QStringList{"--pages", ""} << "--pages wants a name.";
+    QTest::newRow("folder that is not there")
+        << QStringList{"--pages", "not/there"}
+        << "--pages wants a folder that can be read, not 'not/there'.";
+    QTest::newRow("file in place of a folder")
+        << QStringList{"--pages", QString::fromLocal8Bit(__FILE__)}
+        << "--pages wants a folder that can be read, not '" __FILE__ "'.";
     QTest::newRow("style") << QStringList{"--style", "blue"}
                            << "--style wants light or dark, not 'blue'.";
 }

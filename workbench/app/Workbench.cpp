@@ -8,6 +8,7 @@
 #include "workbench/base/SupportFile.h"
 #include "workbench/log/HostCallPanel.h"
 #include "workbench/pages/DropDownBoxes.h"
+#include "workbench/pages/LivePages.h"
 #include "workbench/pages/PageDialogs.h"
 #include "workbench/pages/PagePanel.h"
 #include "workbench/views/DocumentView.h"
@@ -43,6 +44,8 @@ QString settingsFile(const Options &options)
 Workbench::Workbench(const Options &options)
     : m_recorder(LogLimit), m_log(LogLimit),
       m_host(std::make_unique<StandInHost>(settingsFile(options))),
+      m_livePages(options.pagesFolder.isEmpty() ? nullptr
+                                                : std::make_unique<LivePages>(options.pagesFolder)),
       m_window(std::make_unique<MainWindow>(*m_host, m_log)),
       m_dialogs(std::make_unique<PageDialogs>(*m_host)),
       m_boxes(std::make_unique<DropDownBoxes>(*m_host, *m_window->statusPanel()->view()))

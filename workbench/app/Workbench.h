@@ -10,6 +10,7 @@
 #include <memory>
 
 class DropDownBoxes;
+class LivePages;
 class MainWindow;
 class PageDialogs;
 struct Options;
@@ -68,6 +69,7 @@ private:
     LogModel m_log;
     std::unique_ptr<StandInHost> m_host;
     PluginLoader m_loader;
+    std::unique_ptr<LivePages> m_livePages; ///< null: the pages are those of the executable
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<PageDialogs> m_dialogs;
     std::unique_ptr<DropDownBoxes> m_boxes;

@@ -1,6 +1,7 @@
 #include "workbench/base/Options.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 namespace {
 
@@ -20,6 +21,9 @@ Options Options::parse(const QStringList &arguments)
 {
     const QCommandLineOption plugins("plugins", "Load the tools of this folder.", "DIR");
     const QCommandLineOption settings("settings", "Keep the settings in this INI file.", "FILE");
+    const QCommandLineOption pages(
+        "pages", "Take the pages from this folder, and load one anew when its file changes.",
+        "DIR");
     const QCommandLineOption cameras("cameras", "Start with this many cameras, 0 to 16.", "N", "2");
     const QCommandLineOption open("open", "Open a folder of pictures as a recording.", "FOLDER");
     const QCommandLineOption style("style", "Use the light or the dark style.", "light|dark");
@@ -30,7 +34,7 @@ Options Options::parse(const QStringList &arguments)
 
     QCommandLineParser parser;
     parser.setApplicationDescription("Cameras, recordings and tools without the cameras.");
-    parser.addOptions({plugins, settings, cameras, open, style, tour, help});
+    parser.addOptions({plugins, settings, pages, cameras, open, style, tour, help});
     if (!parser.parse(arguments))
         return error(parser.errorText());
 
@@ -50,12 +54,16 @@ Options Options::parse(const QStringList &arguments)
     options.style = parser.value(style).toLower();
     if (parser.isSet(style) && options.style != "light" && options.style != "dark")
         return error("--style wants light or dark, not '" + parser.value(style) + "'.");
-    for (const QCommandLineOption &folder : {plugins, settings, open, tour}) {
+    for (const QCommandLineOption &folder : {plugins, settings, pages, open, tour}) {
         if (parser.isSet(folder) && parser.value(folder).isEmpty())
             return error("--" + folder.names().first() + " wants a name.");
     }
+    const QFileInfo pagesFolder(parser.value(pages));
+    if (parser.isSet(pages) && !(pagesFolder.isDir() && pagesFolder.isReadable()))
+        return error("--pages wants a folder that can be read, not '" + parser.value(pages) + "'.");
     options.pluginFolder = parser.value(plugins);
     options.settingsFile = parser.value(settings);
+    options.pagesFolder = parser.value(pages);
     options.openFolder = parser.value(open);
     options.tourFolder = parser.value(tour);
     return options;

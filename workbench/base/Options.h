@@ -16,6 +16,7 @@ struct Options
     QString text;
     QString pluginFolder; ///< Empty: the folder "plugins" beside the executable.
     QString settingsFile; ///< Empty: the user's own.
+    QString pagesFolder;  ///< Pages come from here, live; empty: from the executable alone.
     int cameras = 2;      ///< 0 to 16.
     QString openFolder;   ///< Folder of pictures to open as a recording; empty: none.
     QString style;        ///< "light" or "dark"; empty: as it was left.
