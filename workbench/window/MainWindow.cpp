@@ -11,6 +11,7 @@
 #include "workbench/log/HostCallPanel.h"
 #include "workbench/log/LogPanel.h"
 #include "workbench/pages/PageFailures.h"
+#include "workbench/pages/PageInspector.h"
 #include "workbench/pages/PagePanel.h"
 #include "workbench/views/ToolView.h"
 #include "workbench/views/ViewArea.h"
@@ -33,7 +34,8 @@ const QString PanelsKey = QStringLiteral("workbench/panels");
 }
 
 MainWindow::MainWindow(StandInHost &host, LogModel &log)
-    : m_host(host), m_log(log), m_refreshTimer(new QTimer(this))
+    : m_host(host), m_log(log), m_inspector(new PageInspector(this)),
+      m_refreshTimer(new QTimer(this))
 {
     setWindowTitle(tr("Orvix Workbench"));
     m_refreshTimer->setSingleShot(true);
@@ -169,6 +171,8 @@ void MainWindow::makeActions()
     connect(m_ethernet, &QAction::triggered, commands, &JS_Mediator::openPrefsEthernetSettings);
     m_support = makeAction("support", tr("&Support file..."), {});
     connect(m_support, &QAction::triggered, commands, &JS_Mediator::openExportSupportFileDialog);
+    m_inspectPage = makeAction("inspectPage", tr("&Inspect page"), QKeySequence("F12"));
+    connect(m_inspectPage, &QAction::triggered, m_inspector, &PageInspector::open);
     m_about = makeAction("about", tr("&About"), {});
     connect(m_about, &QAction::triggered, commands, &JS_Mediator::openAbouOrvixDialog);
     m_quit = makeAction("quit", tr("&Quit"), QKeySequence("Ctrl+Q"));
@@ -255,7 +259,7 @@ void MainWindow::makeMenus()
     m_toolMenu = menuBar()->addMenu(tr("&Tools"));
     m_toolMenu->setEnabled(false);
     QMenu *help = menuBar()->addMenu(tr("&Help"));
-    help->addActions({m_support, m_about});
+    help->addActions({m_support, m_inspectPage, m_about});
 
     auto *modeBar = new QToolBar(tr("Mode"), this);
     modeBar->setObjectName("modes");

@@ -9,6 +9,7 @@ class HostCallPanel;
 class LogModel;
 class LogPanel;
 class NoticeBar;
+class PageInspector;
 class PagePanel;
 class QActionGroup;
 class QDockWidget;
@@ -35,6 +36,7 @@ public:
     HostCallPanel *hostCalls() const { return m_hostCalls; }
     NoticeBar *notice() const { return m_notice; }
     StatusLine *status() const { return m_status; }
+    PageInspector *inspector() const { return m_inspector; }
     PagePanel *viewPage() const { return m_viewPage; }
     PagePanel *statusPanel() const { return m_statusPanel; }
     PagePanel *devicePanel() const { return m_devicePanel; }
@@ -72,6 +74,7 @@ private:
 
     StandInHost &m_host;
     LogModel &m_log;
+    PageInspector *m_inspector;
     ToolBar *m_tools = nullptr;
     ViewArea *m_views = nullptr;
     CameraPanel *m_cameraPanel = nullptr;
@@ -95,6 +98,7 @@ private:
     QAction *m_support = nullptr;
     QAction *m_prefs = nullptr;
     QAction *m_ethernet = nullptr;
+    QAction *m_inspectPage = nullptr;
     QAction *m_about = nullptr;
     QAction *m_quit = nullptr;
     QAction *m_undo = nullptr;
