@@ -40,7 +40,9 @@ private slots:
     void listenerMayDeleteIt();
     void listenerMayCloseItAgain();
     void questionMayCloseItAgain();
+    void answerHoldsForOneClosing();
     void shownIsToldOfShowingAlone();
+    void closeButtonThatComesAndGoesShowsNothing();
     void hidingIsNotClosing();
     void defaultsLetItGo();
 };
@@ -479,6 +481,27 @@ void TestModelessDialog::questionMayCloseItAgain()
     QCOMPARE(closedTold.count(), 1);
 }
 
+// What let it go says nothing of the next time. While it closes, nobody asks again.
+void TestModelessDialog::answerHoldsForOneClosing()
+{
+    Shown shown;
+    int questions = 0;
+    shown.dialog->whenAsked = [&] { ++questions; };
+    QList<bool> answers;
+    connect(shown.dialog, &GUI_ModelessPatternDialog::closed, this, [&] {
+        shown.dialog->finishes = false;
+        answers.append(shown.dialog->mayFinishNow());
+    });
+    QVERIFY(shown.dialog->close());
+    QCOMPARE(answers, QList<bool>({true}));
+    QCOMPARE(questions, 1);
+    QVERIFY(!shown.dialog->mayFinishNow());
+    shown.dialog->show();
+    QVERIFY(!shown.dialog->close());
+    QVERIFY(!shown.dialog->mayFinishNow());
+    QCOMPARE(questions, 4);
+}
+
 // A window that comes back from the task bar was not opened.
 void TestModelessDialog::shownIsToldOfShowingAlone()
 {
@@ -488,6 +511,21 @@ void TestModelessDialog::shownIsToldOfShowingAlone()
     QSpontaneKeyEvent::setSpontaneous(&back);
     static_cast<QObject *>(shown.dialog)->event(&back);
     QCOMPARE(shownTold.count(), 0);
+}
+
+void TestModelessDialog::closeButtonThatComesAndGoesShowsNothing()
+{
+    Shown shown;
+    QSignalSpy shownTold(shown.dialog, &GUI_ModelessPatternDialog::shown);
+    emit shown.dialog->signalDisableCloseButton();
+    QVERIFY(!(shown.dialog->windowFlags() & Qt::WindowCloseButtonHint));
+    emit shown.dialog->signalEnableCloseButton();
+    QVERIFY(shown.dialog->windowFlags() & Qt::WindowCloseButtonHint);
+    QVERIFY(shown.dialog->isVisible());
+    QCOMPARE(shownTold.count(), 0);
+    shown.dialog->hide();
+    shown.dialog->show();
+    QCOMPARE(shownTold.count(), 1);
 }
 
 void TestModelessDialog::hidingIsNotClosing()

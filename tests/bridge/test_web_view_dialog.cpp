@@ -21,6 +21,7 @@ private slots:
     void loadingIsTraced();
     void pageIsNotSeenWhileItLoads();
     void pageFadesIn();
+    void fadeInBeginsWhereTheDialogStandsStill();
     void refreshCanBeLeftOut();
     void missingPageGivesAnEmptyDialog();
     void missingPageGivesTheCloseButtonBack_data();
@@ -262,6 +263,24 @@ void TestWebViewDialog::pageFadesIn()
     QCOMPARE(animations.first()->endValue().toDouble(), 1.0);
     QTRY_COMPARE(dialog.windowOpacity(), 1.0);
     QTRY_VERIFY(dialog.findChildren<QPropertyAnimation *>().isEmpty());
+}
+
+// Behind the centring and ahead of the refresh, which may take its time.
+void TestWebViewDialog::fadeInBeginsWhereTheDialogStandsStill()
+{
+    DialogPage shown;
+    QTRY_VERIFY(shown.dialog.findChildren<QPropertyAnimation *>().isEmpty());
+    QStringList story;
+    connect(shown.host.events(), &StandInEvents::callJournalled, this, [&](const QString &line) {
+        const bool fading = !shown.dialog.findChildren<QPropertyAnimation *>().isEmpty();
+        story.append((fading ? "fading in: " : "") + line);
+    });
+    QVERIFY(QMetaObject::invokeMethod(&shown.dialog, "loadStarted"));
+    QVERIFY(QMetaObject::invokeMethod(&shown.dialog, "loadFinished", Q_ARG(bool, true)));
+    QCOMPARE(
+        story,
+        QStringList({"deterUpdateUI(true)", "mainWidget()", "getPrefInt(\"main/scrno\", invalid)",
+                     "fading in: deterUpdateUI(false)", "fading in: updateUI(4294967295, true)"}));
 }
 
 void TestWebViewDialog::refreshCanBeLeftOut()
