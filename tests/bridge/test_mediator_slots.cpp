@@ -2,6 +2,7 @@
 #include "tests/support/TestLog.h"
 
 #include <QMetaMethod>
+#include <QWebFrame>
 
 #include <functional>
 #include <stdexcept>
@@ -47,6 +48,7 @@ private slots:
     void styleOfAnOpenMobileDialogFollows();
     void styleWithoutMobileDialogIsOnlyStored();
     void prefsNameIsGivenOnRequest();
+    void prefsNameIsGivenOncePerLoad();
     void updateFlagsGoToTheRefresh();
     void loadReadsAResource();
     void mediatorMayGoInACall_data();
@@ -939,6 +941,28 @@ void TestMediatorSlots::prefsNameIsGivenOnRequest()
     JS_Mediator unattached(&shown.host, QStringLiteral("page"));
     unattached.addPrefsJSObject(); // no view: nothing to show itself in
     QCOMPARE(unattached.webView(), static_cast<GUI_WebView *>(nullptr));
+}
+
+// However often pages ask: each load of the frame would pay for all of them.
+void TestMediatorSlots::prefsNameIsGivenOncePerLoad()
+{
+    struct Open : QObject
+    {
+        using QObject::receivers;
+    };
+    DialogPage shown;
+    QWebFrame *frame = shown.dialog.webView()->page()->mainFrame();
+    const auto listeners = [frame] {
+        return (frame->*&Open::receivers)(SIGNAL(javaScriptWindowObjectCleared()));
+    };
+    const int before = listeners();
+    shown.page.call("bridge.addPrefsJSObject()");
+    QCOMPARE(listeners(), before + 1);
+    shown.page.call("bridge.addPrefsJSObject()");
+    shown.dialog.webView()->reload();
+    QVERIFY(shown.page.waitLoaded());
+    shown.page.call("bridge.addPrefsJSObject()");
+    QCOMPARE(listeners(), before + 1);
 }
 
 void TestMediatorSlots::updateFlagsGoToTheRefresh()

@@ -26,6 +26,7 @@ private slots:
     void textsKeepTheirCharacters();
     void miniListLeavesOutWhatIsNotFound_data();
     void miniListLeavesOutWhatIsNotFound();
+    void miniListAsksInOrder();
     void deviceThatHasGoneIsLeftOut();
     void failureKeepsTheRowsSoFar();
     void failureKeepsTheKeysSoFar();
@@ -218,6 +219,24 @@ void TestSnapshots::miniListLeavesOutWhatIsNotFound()
     host.settings().setValue(ConnectedOnly, setting);
     JS_Mediator mediator(&host, QStringLiteral("page"));
     QTEST(keysOf(mediator.getDeviceInfoList(isMinilist)), "keys");
+}
+
+void TestSnapshots::miniListAsksInOrder()
+{
+    StandInHost host;
+    host.addCamera();
+    JS_Mediator mediator(&host, QStringLiteral("page"));
+    host.clearJournal();
+    QCOMPARE(keysOf(mediator.getDeviceInfoList(true)), QStringList({"1"}));
+    QCOMPARE(host.journal().mid(0, 4),
+             QStringList({"deviceKeys(true)", "currentMode()",
+                          "getPref(\"devicemanager/connectedCameraOnlyShowing\", false)",
+                          "documentByKey(1)"}));
+    host.settings().setValue(ConnectedOnly, true);
+    host.clearJournal();
+    QCOMPARE(keysOf(mediator.getDeviceInfoList(true)), QStringList({"1"}));
+    QCOMPARE(host.journal().mid(3, 3),
+             QStringList({"deviceByKey(1, true)", "[1].isFound()", "documentByKey(1)"}));
 }
 
 void TestSnapshots::deviceThatHasGoneIsLeftOut()
