@@ -51,6 +51,7 @@ private slots:
     void boxHiddenBeforeItsPageIsReadyStaysHidden();
     void boxThatIsReadyShowsAtOnce();
     void closedBoxStaysClosedAfterAReload();
+    void boxIsFilledOncePerRequest();
     void boxHasItsPage();
     void emptyBoxCloses_data();
     void emptyBoxCloses();
@@ -192,6 +193,10 @@ void TestSelectBox::partitionIsChosen_data()
     QTest::newRow("last") << "3" << threePartitions << switched("3");
     QTest::newRow("above the count") << "4" << threePartitions << refused;
     QTest::newRow("no number is 0") << "x" << threePartitions << switched("0");
+    QTest::newRow("counted in tens")
+        << "010" << Setup([](StandInHost &host) { setPartitions(host.addCamera(), 10); })
+        << switched("10");
+    QTest::newRow("not in sixteens") << "0x2" << threePartitions << switched("0");
     QTest::newRow("negative") << "-1" << threePartitions << switched("-1");
     QTest::newRow("no document") << "1" << Setup([](StandInHost &) {})
                                  << QStringList({"currentDocument()"});
@@ -258,6 +263,9 @@ void TestSelectBox::variableIsChosen_data()
     QTest::newRow("no number is 0")
         << "x"
         << "livecontrol" << true << QStringList({"selectVariable(0)"}) << page;
+    QTest::newRow("counted in tens")
+        << "010"
+        << "livecontrol" << true << QStringList({"selectVariable(10)"}) << page;
     QTest::newRow("negative is 0")
         << "-3"
         << "livecontrol" << true << QStringList({"selectVariable(0)"}) << page;
@@ -524,6 +532,21 @@ void TestSelectBox::closedBoxStaysClosedAfterAReload()
     shown.box.webView()->reload();
     QVERIFY(shown.page.waitLoaded());
     QVERIFY(!shown.box.isVisible());
+}
+
+void TestSelectBox::boxIsFilledOncePerRequest()
+{
+    Box shown;
+    QSignalSpy filled(shown.box.mediator(), &JS_Mediator_SelectBox::signalShowPartition);
+    QSignalSpy sized(shown.box.mediator(), &JS_Mediator_SelectBox::signalSetHeight);
+    shown.box.showPartitions({1, 2}, Field);
+    QCOMPARE(filled.count(), 1);
+    shown.box.webView()->reload();
+    QVERIFY(shown.page.waitLoaded());
+    QVERIFY(shown.box.isVisible());
+    QCOMPARE(filled.count(), 1);
+    QCOMPARE(sized.count(), 1);
+    QCOMPARE(shown.page.text(QStringLiteral("list")), QString());
 }
 
 void TestSelectBox::boxHasItsPage()
