@@ -4,6 +4,7 @@
 #include "standin/tools/PluginLoader.h"
 #include "workbench/log/LogModel.h"
 #include "workbench/log/LogRecorder.h"
+#include "workbench/pages/PageFont.h"
 
 #include <QObject>
 
@@ -69,6 +70,7 @@ private:
     LogModel m_log;
     std::unique_ptr<StandInHost> m_host;
     PluginLoader m_loader;
+    PageFont m_pageFont;
     std::unique_ptr<LivePages> m_livePages; ///< null: the pages are those of the executable
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<PageDialogs> m_dialogs;
