@@ -23,6 +23,9 @@ private slots:
     void panelIsAskedThroughItsVirtualGetter();
     void everyGetterIsAskedAnew();
     void closedRollsAnOpenTransactionBackOnce();
+    void transactionIsOpenWhileTheHostHasIt_data();
+    void transactionIsOpenWhileTheHostHasIt();
+    void closedAsksForTheRollBackOnce();
     void closedWithoutTransactionOnlyClearsUndo();
     void closedWithoutPanelDoesNothing();
     void closedForgetsTheChangesBehindTheRollBack();
@@ -412,6 +415,61 @@ void TestPlgFlow::closedRollsAnOpenTransactionBackOnce()
     QCOMPARE(host.journal(), QStringList({"clearUndoStack()"}));
 }
 
+void TestPlgFlow::transactionIsOpenWhileTheHostHasIt_data()
+{
+    QTest::addColumn<QString>("failing");
+    QTest::addColumn<bool>("open");
+    QTest::newRow("not begun") << "beginTransaction" << false;
+    QTest::newRow("not committed") << "commitTransaction" << true;
+    QTest::newRow("not rolled back") << "rollbackTransaction" << true;
+}
+
+// One that the host failed to begin is not rolled back, one that it failed to end is.
+void TestPlgFlow::transactionIsOpenWhileTheHostHasIt()
+{
+    QFETCH(QString, failing);
+    QFETCH(bool, open);
+    StandInHost host;
+    ProbeTool tool;
+    tool.setHost(&host);
+    tool.m_hasPanel = true;
+    tool.m_checkKind = 2;
+    host.failOn(failing);
+    try {
+        tool.activate();
+        tool.setModified(true);
+        failing == QLatin1String("commitTransaction") ? tool.onOk() : tool.onCancel();
+        QFAIL("the host did not fail");
+    } catch (const std::runtime_error &) {
+    }
+    QCOMPARE(tool.m_transactionOpen, open);
+    QCOMPARE(tool.isModified(), open);
+    host.clearFaults();
+    host.clearJournal();
+    tool.onClosed();
+    QCOMPARE(host.journal(),
+             QStringList({"clearUndoStack()"}) +
+                 (open ? QStringList({"rollbackTransaction(\"t_probe\")"}) : QStringList()));
+    QVERIFY(!tool.m_transactionOpen);
+}
+
+// A closed panel has no transaction any more, also where the host fails to roll it back.
+void TestPlgFlow::closedAsksForTheRollBackOnce()
+{
+    StandInHost host;
+    ProbeTool tool;
+    tool.setHost(&host);
+    tool.m_hasPanel = true;
+    tool.m_checkKind = 2;
+    tool.activate();
+    host.failOn(QStringLiteral("rollbackTransaction"));
+    QVERIFY_EXCEPTION_THROWN(tool.onClosed(), std::runtime_error);
+    QVERIFY(!tool.m_transactionOpen);
+    host.clearJournal();
+    tool.onClosed();
+    QCOMPARE(host.journal(), QStringList({"clearUndoStack()"}));
+}
+
 void TestPlgFlow::closedWithoutTransactionOnlyClearsUndo()
 {
     StandInHost host;
@@ -782,8 +840,10 @@ void TestPlgFlow::checkedByTheZoom()
     const bool checked = tool.isChecked(camera, false);
     QCOMPARE(host.journal(), QStringList({"currentMode()", "zoomFactor(0)"}));
     QCOMPARE(checked, host.zoomFactor(0) <= 0.0f);
-    camera->state().zoom = 2.0;
-    QVERIFY(!tool.isChecked(camera, false));
+    for (const double zoom : {2.0, 1.0, 0.25}) {
+        camera->state().zoom = zoom;
+        QVERIFY(!tool.isChecked(camera, false));
+    }
     camera->state().zoom = 0.0;
     QVERIFY(tool.isChecked(camera, false));
     camera->state().zoom = -1.0;

@@ -40,6 +40,7 @@ private slots:
     void releaseBehindTheLeavingEndsNoMacro();
     void finishingTellsTheWholeStory_data();
     void finishingTellsTheWholeStory();
+    void applyForgetsTheChangesFirst();
     void closedFromInsideRollsNothingBack_data();
     void closedFromInsideRollsNothingBack();
     void cancelInMidDragEndsIt();
@@ -558,6 +559,15 @@ void TestPlgLeaving::finishingTellsTheWholeStory()
     scene.host.clearJournal();
     finish(scene.tool, way);
     QTEST(scene.host.journal(), "journal");
+}
+
+void TestPlgLeaving::applyForgetsTheChangesFirst()
+{
+    Scene scene;
+    scene.tool.m_hasPanel = true;
+    scene.tool.onApply();
+    QCOMPARE(scene.host.journal(),
+             QStringList({"tool.setModified(false, false)", "clearUndoStack()"}));
 }
 
 void TestPlgLeaving::closedFromInsideRollsNothingBack_data()

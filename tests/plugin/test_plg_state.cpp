@@ -472,7 +472,9 @@ void TestPlgState::documentPointIsTheOneReportedLast()
     QCOMPARE(tool.documentPoint(-1), QPoint(0, 0));
     QCOMPARE(tool.documentPoint(int(camera->key())), QPoint(0, 0));
     camera->reportCursorPosition(QPoint(31, 17));
+    host.clearJournal();
     QCOMPARE(tool.documentPoint(int(camera->key())), QPoint(31, 17));
+    QCOMPARE(host.journal(), QStringList({"deviceByKey(1, true)", "[1].cursorPosition()"}));
     QCOMPARE(tool.documentPoint(-1), QPoint(0, 0));
 }
 

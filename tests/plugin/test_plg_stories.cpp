@@ -5,6 +5,7 @@
 #include "tests/support/TestLog.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 
 // Whole stories: each kind of tool is opened by the host, edits, and is left in every way. All that
 // the host is told and asked is compared, in its order.
@@ -82,6 +83,7 @@ public:
         m_checkKind = kind.checkKind;
         m_quickToolMode = kind.quickToolMode;
         setCloseCurrentOnFinish(true);
+        setApplyOnEdit(false);
         setApplyToAllWhenLocked(true);
     }
 
@@ -90,6 +92,7 @@ public:
     bool closeCurrentOnFinish() override { return false; }
     bool isModeAllowed(int mode) override { return mode == HostMode::Live; }
     bool closesOnForbiddenMode() override { return true; }
+    bool applyOnEdit() override { return true; }
     bool applyToAllWhenLocked() override { return false; }
 
     GUI_ModelessPatternDialog *createModelessPatternDialog(bool) override
@@ -286,13 +289,16 @@ struct Stage
         return lines;
     }
 
-    // A drag of the inside by five to the right and three up.
+    // A drag of the inside by five to the right and three up, then one more by a key.
     void edit()
     {
         const int doc = int(camera->key());
         tool->onMousePress(QPoint(150, 140), doc);
         tool->onMouseMove(QPoint(155, 137), doc);
         tool->onMouseRelease(QPoint(155, 137), doc);
+        QKeyEvent right(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+        tool->onKeyPress(&right);
+        tool->onKeyRelease();
         tool->onMouseMove(QPoint(155, 137), doc); // the pointer of the region
     }
 
@@ -368,7 +374,9 @@ void TestPlgStories::story()
              QStringList({"beginUndoMacro(\"\")", "[1].reportCursorPosition((155,137))",
                           "tool.setRegion((105,97 100x80), true)", "[1].notifyChange(1, false)",
                           "updateUI(4, false)", "endUndoMacro()", "[1].notifyChange(1, false)",
-                          "updateUI(4, false)", "[1].reportCursorPosition((155,137))"}));
+                          "updateUI(4, false)", "tool.setRegion((106,97 100x80), true)",
+                          "[1].notifyChange(1, false)", "updateUI(4, false)",
+                          "[1].reportCursorPosition((155,137))"}));
     QVERIFY(pointerIsChanged());
     stage.host.clearJournal();
 

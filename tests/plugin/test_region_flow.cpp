@@ -83,6 +83,8 @@ private slots:
     void releaseForADocumentThatTheToolDisowns();
     void finishReleasesWhereThePointerWasLast();
     void leaveTakesBackThePointer();
+    void pointerOfTheSameShapeIsNotTheToolsOwn();
+    void pointerThatSomebodyTookBackIsShownAnew();
     void failingQuestionLeavesTheMacroClosable();
     void failingBeginStartsNoDrag();
     void failingMoveIsNoted();
@@ -604,6 +606,29 @@ void TestRegionFlow::leaveTakesBackThePointer()
     scene.tool.onMouseLeave();
     QCOMPARE(shownPointer(), -1);
     QCOMPARE(scene.tool.currentDocId(), -1);
+}
+
+void TestRegionFlow::pointerOfTheSameShapeIsNotTheToolsOwn()
+{
+    Scene scene;
+    QGuiApplication::setOverrideCursor(Qt::SizeAllCursor);
+    scene.move(150, 140);
+    QGuiApplication::restoreOverrideCursor(); // one of the two goes
+    const int left = shownPointer();
+    scene.tool.onMouseLeave();
+    QCOMPARE(left, int(Qt::SizeAllCursor));
+    QCOMPARE(shownPointer(), -1);
+}
+
+void TestRegionFlow::pointerThatSomebodyTookBackIsShownAnew()
+{
+    Scene scene;
+    scene.move(150, 140);
+    QGuiApplication::restoreOverrideCursor();
+    QCOMPARE(shownPointer(), -1);
+    scene.move(150, 140);
+    QCOMPARE(shownPointer(), int(Qt::SizeAllCursor));
+    scene.tool.onMouseLeave();
 }
 
 void TestRegionFlow::failingQuestionLeavesTheMacroClosable()

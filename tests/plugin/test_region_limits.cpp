@@ -2,6 +2,7 @@
 #include "plugin/region/RegionGeometry.h"
 #include "tests/support/TestLog.h"
 
+#include <cmath>
 #include <limits>
 
 using RegionGeometry::SensorScale;
@@ -50,6 +51,7 @@ void TestRegionLimits::roundsByTheFormula_data()
     QTest::newRow("the first half") << 0.5 << 1;
     QTest::newRow("negative, below a half") << -0.4 << 0;
     QTest::newRow("negative half") << -0.5 << 0;
+    QTest::newRow("negative, just above a half") << std::nextafter(-0.5, -1.0) << -1;
     QTest::newRow("negative, above a half") << -0.6 << -1;
     QTest::newRow("negative whole") << -3.0 << -3;
     QTest::newRow("a further negative half") << -2.5 << -2;
