@@ -1,5 +1,6 @@
 #include "workbench/app/Workbench.h"
 
+#include "bridge/mediator/JS_Mediator_Page.h"
 #include "contract/HostGuard.h"
 #include "contract/PLG_Interface.h"
 #include "foundation/Keys.h"
@@ -64,6 +65,9 @@ Workbench::Workbench(const Options &options)
     connect(m_window.get(), &MainWindow::openFolderRequested, this, &Workbench::askForFolder);
     connect(m_window.get(), &MainWindow::loadToolRequested, this, &Workbench::askForTool);
     connect(m_window.get(), &MainWindow::styleChosen, this, &Workbench::setStyle);
+    connect(m_window.get(), &MainWindow::pageRequested, this, [this](const PageEntry &page) {
+        m_dialogs->open(page, *m_window->statusPanel()->mediator());
+    });
     connect(m_host->events(), &StandInEvents::modeChanged, this, &Workbench::followMode);
     connect(m_host->events(), &StandInEvents::documentsChanged, this, &Workbench::followMode);
     connect(m_host->events(), &StandInEvents::currentDocumentChanged, this, [this](DOCKEY key) {

@@ -1,11 +1,13 @@
 #include "workbench/pages/PageDialogs.h"
 
+#include "bridge/dialog/GUI_PageDialog.h"
 #include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
 #include "bridge/mediator/PageSignal.h"
 #include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
 #include "standin/host/StandInHost.h"
+#include "workbench/pages/PageCatalogue.h"
 #include "workbench/pages/Pages.h"
 
 namespace {
@@ -33,6 +35,12 @@ private:
     bool m_before;
 };
 
+std::unique_ptr<QDialog> makePlain(StandInHost &host, const PageEntry &page, QWidget *parent)
+{
+    auto *mediator = new JS_Mediator_Dialog(&host, page.mediator); // the dialog's
+    return std::make_unique<GUI_WebViewDialog>(&host, page.title, page.url, mediator, parent);
+}
+
 }
 
 PageDialogs::PageDialogs(StandInHost &host) : m_host(host)
@@ -58,37 +66,54 @@ void PageDialogs::showPage(const QString &page)
 int PageDialogs::exec()
 {
     const FlagScope open(m_host, m_host.state().isPrefsDialogOpen);
-    return run(QStringLiteral("Preferences"), QStringLiteral("qrc:/prefs.html"),
-               QStringLiteral("preferences"), {420, 300});
+    return run(PageCatalogue::page(QStringLiteral("prefs")));
+}
+
+void PageDialogs::open(const PageEntry &page, JS_Mediator &commands)
+{
+    guarded(&m_host, [&] {
+        if (page.command)
+            page.command(commands);
+        else
+            run(page);
+    });
 }
 
 void PageDialogs::showAbout()
 {
     m_host.pageObject()->setProperty("version", m_host.state().hostVersion);
-    run(QStringLiteral("About the workbench"), QStringLiteral("qrc:/about.html"),
-        QStringLiteral("about"), {380, 210});
+    run(PageCatalogue::page(QStringLiteral("about")));
 }
 
 void PageDialogs::showEthernetSettings()
 {
-    run(QStringLiteral("Ethernet settings"), QStringLiteral("qrc:/ethernet.html"),
-        QStringLiteral("ethernet"), {430, 250});
+    run(PageCatalogue::page(QStringLiteral("ethernet")));
 }
 
-int PageDialogs::run(const QString &title, const QString &url, const QString &mediator, QSize size)
+int PageDialogs::run(const PageEntry &page)
 {
     const FlagScope modal(m_host, m_host.state().isModalDialogOpen);
-    auto *page = new JS_Mediator_Dialog(&m_host, mediator);
-    GUI_WebViewDialog dialog(&m_host, title, url, page, m_host.state().mainWidget);
-    dialog.setObjectName(mediator);
-    dialog.webView()->setAccessibleName(dialog.windowTitle());
-    dialog.setFixedSize(size);
-    // Behind the slot that caused the refresh, as the panels.
-    QObject::connect(
-        m_host.events(), &StandInEvents::updated, page,
-        [this, page] {
-            guarded(&m_host, [&] { PageSignal::send(page, [page] { emit page->update(); }); });
-        },
-        Qt::QueuedConnection);
-    return dialog.exec();
+    const std::unique_ptr<QDialog> dialog =
+        (page.make ? page.make : makePlain)(m_host, page, m_host.state().mainWidget);
+    dialog->setObjectName(page.mediator);
+    if (page.size.isValid())
+        dialog->setFixedSize(page.size);
+    if (auto *view = dialog->findChild<GUI_WebView *>()) {
+        view->setAccessibleName(dialog->windowTitle());
+        if (dynamic_cast<GUI_PageDialog *>(dialog.get())) // it shows itself to its page
+            emit m_host.events()->pageAttached(view);
+    }
+    auto *shown = dynamic_cast<GUI_WebViewDialog *>(dialog.get());
+    if (JS_Mediator *mediator = shown ? shown->mediator() : nullptr) {
+        // Behind the slot that caused the refresh, as the panels.
+        QObject::connect(
+            m_host.events(), &StandInEvents::updated, mediator,
+            [this, mediator] {
+                guarded(&m_host, [&] {
+                    PageSignal::send(mediator, [mediator] { emit mediator->update(); });
+                });
+            },
+            Qt::QueuedConnection);
+    }
+    return dialog->exec();
 }

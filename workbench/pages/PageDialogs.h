@@ -2,12 +2,12 @@
 
 #include "contract/HostServices.h"
 
-#include <QSize>
-
+class JS_Mediator;
 class StandInHost;
+struct PageEntry;
 
-/// The application's own dialogs, each a page: preferences, about, Ethernet settings. They serve
-/// the host's operations of these names from construction to destruction. GUI thread.
+/// Runs the dialogs of the catalogue. Preferences, about box and Ethernet settings serve the host's
+/// operations of these names from construction to destruction. GUI thread.
 class PageDialogs : public HostPrefsDialog
 {
 public:
@@ -22,11 +22,15 @@ public:
     void showPage(const QString &page) override;
     int exec() override;
 
+    /// What the menu entry of a dialog does: its command, given to `commands`, or a run of it. A
+    /// failure of the host is told by its errorHandler().
+    void open(const PageEntry &page, JS_Mediator &commands);
+
     void showAbout();
     void showEthernetSettings();
 
 private:
-    int run(const QString &title, const QString &url, const QString &mediator, QSize size);
+    int run(const PageEntry &page);
 
     StandInHost &m_host;
 };

@@ -5,6 +5,7 @@
 #include "bridge/page/GUI_WebView.h"
 #include "contract/HostGuard.h"
 #include "standin/host/StandInHost.h"
+#include "workbench/pages/PageEntry.h"
 #include "workbench/pages/Pages.h"
 
 #include <QUrl>
@@ -26,6 +27,11 @@ PagePanel::PagePanel(StandInHost &host, const QString &name, const QString &url,
     connect(m_view, &QWebView::loadStarted, this, [this] { m_loaded = false; });
     connect(m_view, &QWebView::loadFinished, this, &PagePanel::tellOpen);
     m_view->load(QUrl(url));
+}
+
+PagePanel::PagePanel(StandInHost &host, const PageEntry &page, QWidget *parent)
+    : PagePanel(host, page.mediator, page.url, page.title, parent)
+{
 }
 
 // The page goes before what it sees.

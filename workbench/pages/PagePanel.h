@@ -7,6 +7,7 @@
 class GUI_WebView;
 class JS_Mediator_Page;
 class StandInHost;
+struct PageEntry;
 
 /// A panel whose content is a page. The page hears `open` once it has loaded, and `update` behind
 /// each refresh.
@@ -19,6 +20,8 @@ public:
     /// is what screen readers say of the view. The host outlives the panel.
     PagePanel(StandInHost &host, const QString &name, const QString &url, const QString &title,
               QWidget *parent = nullptr);
+    /// The panel of a row of the catalogue.
+    PagePanel(StandInHost &host, const PageEntry &page, QWidget *parent = nullptr);
     ~PagePanel() override;
 
     GUI_WebView *view() const { return m_view; }

@@ -10,6 +10,7 @@
 #include "workbench/base/Shortcuts.h"
 #include "workbench/log/HostCallPanel.h"
 #include "workbench/log/LogPanel.h"
+#include "workbench/pages/PageCatalogue.h"
 #include "workbench/pages/PageFailures.h"
 #include "workbench/pages/PageInspector.h"
 #include "workbench/pages/PagePanel.h"
@@ -24,6 +25,7 @@
 
 #include <QActionGroup>
 #include <QDockWidget>
+#include <QHash>
 #include <QMenuBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -165,16 +167,10 @@ void MainWindow::makeActions()
         makeAction("closeCurrent", tr("&Close camera or recording"), QKeySequence("Ctrl+W"));
     connect(m_closeCurrent, &QAction::triggered, this, &MainWindow::closeCurrent);
     JS_Mediator *commands = m_statusPanel->mediator();
-    m_prefs = makeAction("prefs", tr("&Preferences..."), QKeySequence("Ctrl+,"));
-    connect(m_prefs, &QAction::triggered, commands, [commands] { commands->openPrefsDialog(); });
-    m_ethernet = makeAction("ethernet", tr("&Ethernet settings..."), {});
-    connect(m_ethernet, &QAction::triggered, commands, &JS_Mediator::openPrefsEthernetSettings);
     m_support = makeAction("support", tr("&Support file..."), {});
     connect(m_support, &QAction::triggered, commands, &JS_Mediator::openExportSupportFileDialog);
     m_inspectPage = makeAction("inspectPage", tr("&Inspect page"), QKeySequence("F12"));
     connect(m_inspectPage, &QAction::triggered, m_inspector, &PageInspector::open);
-    m_about = makeAction("about", tr("&About"), {});
-    connect(m_about, &QAction::triggered, commands, &JS_Mediator::openAbouOrvixDialog);
     m_quit = makeAction("quit", tr("&Quit"), QKeySequence("Ctrl+Q"));
     connect(m_quit, &QAction::triggered, this, &MainWindow::close);
 
@@ -242,13 +238,11 @@ void MainWindow::makeMenus()
     QMenu *edit = menuBar()->addMenu(tr("&Edit"));
     edit->addActions({m_undo, m_redo});
     edit->addSeparator();
-    edit->addAction(m_prefs);
     QMenu *cameras = menuBar()->addMenu(tr("&Cameras"));
     cameras->addActions({m_addCamera, m_releaseAll});
     cameras->addSeparator();
     cameras->addActions({m_nextView, m_previousView});
     cameras->addSeparator();
-    cameras->addAction(m_ethernet);
     QMenu *view = menuBar()->addMenu(tr("&View"));
     view->addActions(m_modes->actions());
     view->addSeparator();
@@ -259,7 +253,8 @@ void MainWindow::makeMenus()
     m_toolMenu = menuBar()->addMenu(tr("&Tools"));
     m_toolMenu->setEnabled(false);
     QMenu *help = menuBar()->addMenu(tr("&Help"));
-    help->addActions({m_support, m_inspectPage, m_about});
+    help->addActions({m_support, m_inspectPage});
+    addPages(help);
 
     auto *modeBar = new QToolBar(tr("Mode"), this);
     modeBar->setObjectName("modes");
@@ -277,6 +272,27 @@ void MainWindow::makeMenus()
     }
 }
 
+// Each page with a menu entry stands at the end of its menu; new menus come before the last one.
+void MainWindow::addPages(QMenu *last)
+{
+    QHash<QString, QMenu *> menus;
+    for (QAction *action : menuBar()->actions())
+        menus.insert(action->text().remove('&'), action->menu());
+    for (const PageEntry &page : PageCatalogue::pages()) {
+        if (page.menu.isEmpty())
+            continue;
+        QMenu *&menu = menus[page.menu];
+        if (!menu) {
+            menu = new QMenu(tr(qPrintable(page.menu)), this);
+            menuBar()->insertMenu(last->menuAction(), menu);
+        }
+        QAction *action =
+            makeAction(qPrintable(page.name), tr(qPrintable(page.entry)), page.shortcut);
+        connect(action, &QAction::triggered, this, [this, &page] { emit pageRequested(page); });
+        menu->addAction(action);
+    }
+}
+
 void MainWindow::makePanels()
 {
     m_tools = new ToolBar(m_host, this);
@@ -289,7 +305,7 @@ void MainWindow::makePanels()
     layout->setSpacing(0);
     layout->addWidget(m_notice);
     m_host.state().webPageEmbeddedMdi = m_views; // the page takes it in
-    m_viewPage = new PagePanel(m_host, "viewareapage", "qrc:/viewarea.html", tr("Views"), this);
+    m_viewPage = new PagePanel(m_host, PageCatalogue::page("views"), this);
     layout->addWidget(m_viewPage, 1);
     setCentralWidget(centre);
     connect(m_views, &ViewArea::addCameraRequested, this, &MainWindow::addCameraRequested);
@@ -308,8 +324,8 @@ void MainWindow::makePanels()
     m_logPanel = new LogPanel(&m_log, this);
     m_hostCalls = new HostCallPanel(m_host, this);
     m_cameraDock = dock("cameraDock", tr("Camera"), m_cameraPanel, Qt::RightDockWidgetArea);
-    m_devicePanel = new PagePanel(m_host, "devicepanel", "qrc:/devices.html", tr("Devices"), this);
-    m_statusPanel = new PagePanel(m_host, "statuspanel", "qrc:/status.html", tr("Status"), this);
+    m_devicePanel = new PagePanel(m_host, PageCatalogue::page("devices"), this);
+    m_statusPanel = new PagePanel(m_host, PageCatalogue::page("status"), this);
     m_deviceDock = dock("deviceDock", tr("Devices"), m_devicePanel, Qt::RightDockWidgetArea);
     m_statusDock = dock("statusDock", tr("Status"), m_statusPanel, Qt::RightDockWidgetArea);
     m_logDock = dock("logDock", tr("Log"), m_logPanel, Qt::BottomDockWidgetArea);

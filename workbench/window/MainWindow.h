@@ -17,6 +17,7 @@ class QTimer;
 class StatusLine;
 class ToolBar;
 class ViewArea;
+struct PageEntry;
 
 /// The window of the workbench: the tools' buttons, the mode, the views, the panels. It follows the
 /// host's events; several of them at once make one refresh.
@@ -61,9 +62,13 @@ signals:
     void loadToolRequested();
     void styleChosen(const QString &style);
 
+    /// The menu entry of a page of the catalogue.
+    void pageRequested(const PageEntry &page);
+
 private:
     void makeActions();
     void makeMenus();
+    void addPages(QMenu *last);
     void makePanels();
     void followHost();
     void scheduleRefresh(bool rebuild);
@@ -96,10 +101,7 @@ private:
     QAction *m_loadTool = nullptr;
     QAction *m_closeCurrent = nullptr;
     QAction *m_support = nullptr;
-    QAction *m_prefs = nullptr;
-    QAction *m_ethernet = nullptr;
     QAction *m_inspectPage = nullptr;
-    QAction *m_about = nullptr;
     QAction *m_quit = nullptr;
     QAction *m_undo = nullptr;
     QAction *m_redo = nullptr;
