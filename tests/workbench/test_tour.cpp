@@ -1,6 +1,10 @@
 #include "tests/support/TestLog.h"
+#include "workbench/tour/Tour.h"
 #include "workbench/tour/TourPictures.h"
 #include "workbench/tour/TourReport.h"
+#include "workbench/tour/TourStage.h"
+#include "workbench/views/ViewArea.h"
+#include "workbench/window/MainWindow.h"
 
 #include <QDir>
 #include <QFile>
@@ -61,6 +65,7 @@ class TestTour : public TestBase
 private slots:
     void seesEverything();
     void failsWithoutTheTool();
+    void goesOnBehindAWalkThatFails();
     void needsNoDisplayForTheHelp();
     void refusesABadArgument();
     void refusesAFolderThatCannotBeWritten();
@@ -127,6 +132,40 @@ void TestTour::failsWithoutTheTool()
     // It went on to the end.
     QVERIFY(lines.last().startsWith("49 steps, "));
     QVERIFY(!lines.last().endsWith(" 0 failed"));
+}
+
+void TestTour::goesOnBehindAWalkThatFails()
+{
+    QTemporaryDir dir;
+    QVERIFY(QDir(dir.path()).mkdir("empty"));
+    Options options;
+    options.tourFolder = dir.filePath("tour");
+    options.pluginFolder = dir.filePath("empty");
+    // The first leaves a mess behind and ends early; the second finds what it was promised.
+    const Walks::Walk mess = {"mess", {2, 1, true, false}, [](TourStage &stage) {
+                                  stage.step("mess", "Closes a camera", [&] {
+                                      stage.host().setMode(StandInHost::Mode::Memory);
+                                      stage.host().closeDocument(2);
+                                      throw std::runtime_error("no hand");
+                                  });
+                              }};
+    const Walks::Walk next = {
+        "next", {3, 2, false, false}, [](TourStage &stage) {
+            stage.step("next", "Looks", [&] {
+                stage.check(stage.isReady(), "ready");
+                stage.check(stage.host().mode() == StandInHost::Mode::Live, "live");
+                stage.check(stage.window().views()->views().size() == 3, "three pictures");
+                stage.check(stage.host().selection() == QList<DOCKEY>({2}),
+                            "the second is selected");
+            });
+        }};
+    QCOMPARE(Tour(options, {mess, next}).run(), 1);
+    QCOMPARE(
+        readLines(dir.filePath("tour/transcript.txt")),
+        QStringList({"01-mess: Closes a camera", "  FAILED  the end of the walk mess, not no hand",
+                     "02-next: Looks", "  seen    ready", "  seen    live",
+                     "  seen    three pictures", "  seen    the second is selected",
+                     "  seen    picture 02-next.png", "2 steps, 6 checks, 1 failed"}));
 }
 
 void TestTour::needsNoDisplayForTheHelp()

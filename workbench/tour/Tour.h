@@ -1,16 +1,16 @@
 #pragma once
 
 #include "workbench/base/Options.h"
+#include "workbench/tour/Walks.h"
 
-#include <QString>
-
-/// Walks through the whole workbench by itself and looks at the effect of each step. Settings and
-/// files of its own lie in a temporary folder.
+/// Walks through the whole workbench by itself and looks at the effect of each step. Each walk has
+/// a workbench of its own, with settings and files in a temporary folder: what one breaks, the next
+/// does not find.
 class Tour
 {
 public:
     /// The options' tour folder gets the pictures and the transcript.
-    explicit Tour(const Options &options);
+    explicit Tour(const Options &options, const QVector<Walks::Walk> &walks = Walks::all());
 
     /// 0 when everything was seen, 1 when something was not, 2 when the folder cannot be written
     /// to.
@@ -18,4 +18,5 @@ public:
 
 private:
     Options m_options;
+    QVector<Walks::Walk> m_walks;
 };

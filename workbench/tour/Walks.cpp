@@ -1,0 +1,18 @@
+#include "workbench/tour/Walks.h"
+
+const QVector<Walks::Walk> &Walks::all()
+{
+    static const QVector<Walk> walks = {
+        {"lock", {2, 1, false, false}, lock},
+        {"region", {3, 1, false, false}, region},
+        {"recording", {3, 2, false, false}, recording},
+        {"trouble", {3, 2, false, false}, trouble},
+        {"pages", {3, 2, false, false}, pages},
+        {"note", {3, 2, false, false}, note},
+        {"support", {3, 2, false, false}, support},
+        {"style", {3, 2, false, false}, style},
+        {"region-dark", {3, 2, true, true}, regionInTheDark},
+        {"empty", {3, 2, true, true}, empty},
+    };
+    return walks;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "workbench/tour/TourStage.h"
+
+#include <QVector>
+
+/// The walks of the tour, a subject each. Each begins on a fresh stage, does what a user would do,
+/// and looks at the effect; means that are missing fail its checks.
+namespace Walks {
+
+void lock(TourStage &stage);            ///< live cameras and the lock
+void region(TourStage &stage);          ///< the region that the cameras read out
+void recording(TourStage &stage);       ///< recordings in cameras and files
+void trouble(TourStage &stage);         ///< a tool that fails, and the log
+void pages(TourStage &stage);           ///< panels, dialogs and lists that are pages
+void note(TourStage &stage);            ///< a tool with a dialog beside the window
+void support(TourStage &stage);         ///< the support file
+void style(TourStage &stage);           ///< window and pages in the dark style
+void regionInTheDark(TourStage &stage); ///< panel and dialog of a tool in the dark style
+void empty(TourStage &stage);           ///< no camera is left, and one comes
+
+struct Walk
+{
+    QString name;
+    TourStage::Scene scene;
+    void (*run)(TourStage &stage);
+};
+
+/// All of them, in their order.
+const QVector<Walk> &all();
+
+}
