@@ -32,6 +32,7 @@ private slots:
     void tellsWhyThereIsNothingToSet();
     void movesAndPlays();
     void followsTheListOfCameras();
+    void drawsEachPictureOnceInARefresh();
     void holdsTheLivePicture();
     void showsNothingOfAnEmptyMemory();
     void playsEachRecordingOnItsOwn();
@@ -271,6 +272,24 @@ void TestWorkbenchParts::followsTheListOfCameras()
     area.rebuild();
     QCOMPARE(area.views(), QList<DocumentView *>{second});
     QVERIFY(second->isCurrent());
+}
+
+// Each picture made has a number of its own, the upper half of its key.
+void TestWorkbenchParts::drawsEachPictureOnceInARefresh()
+{
+    StandInHost host;
+    host.addCamera();
+    ViewArea area(host);
+    area.setRunning(false);
+    DocumentView *view = area.views().first();
+    const auto made = [view] { return view->picture().cacheKey() >> 32; };
+    qint64 before = made();
+    view->refresh();
+    const qint64 once = made() - before;
+    QVERIFY(once > 0);
+    before = made();
+    area.refresh();
+    QCOMPARE(made() - before, once);
 }
 
 void TestWorkbenchParts::holdsTheLivePicture()

@@ -80,6 +80,14 @@ void DocumentView::setEmptyText(const QString &text)
     refreshTexts();
 }
 
+void DocumentView::showAll(const QString &emptyText, quint64 count, quint64 number)
+{
+    m_emptyText = emptyText;
+    m_picture->setEmptyText(emptyText);
+    m_frameCount = count;
+    showFrame(number);
+}
+
 void DocumentView::refresh()
 {
     refreshPicture();

@@ -38,6 +38,9 @@ public:
     /// Shows this text in place of the picture; empty: the picture.
     void setEmptyText(const QString &text);
 
+    /// All three at once, and everything anew: the picture is drawn once.
+    void showAll(const QString &emptyText, quint64 count, quint64 number);
+
     /// Shows name, lock, settings and picture anew.
     void refresh();
 

@@ -83,10 +83,9 @@ void ViewArea::refresh()
     for (DocumentView *view : qAsConst(m_views)) {
         const quint64 frames = live ? 0 : view->document().frameCount();
         view->setCurrent(view->key() == current);
-        view->setEmptyText(live || frames > 0 ? QString()
-                                              : tr("Nothing has been recorded by this camera."));
-        view->setFrameCount(frames);
-        view->showFrame(live ? m_liveFrame : m_positions.value(view->key()).frame);
+        view->showAll(live || frames > 0 ? QString()
+                                         : tr("Nothing has been recorded by this camera."),
+                      frames, live ? m_liveFrame : m_positions.value(view->key()).frame);
     }
     showPosition();
 }
