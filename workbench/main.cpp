@@ -4,6 +4,7 @@
 #include "workbench/window/MainWindow.h"
 
 #include <QApplication>
+#include <QScreen>
 
 #include <cstdio>
 
@@ -49,6 +50,7 @@ int main(int argc, char **argv)
     Workbench workbench(options);
     workbench.host().setInteractive(true);
     workbench.start(options);
+    workbench.window().fitInto(workbench.window().screen()->availableGeometry());
     workbench.window().show();
     return QApplication::exec();
 }

@@ -9,7 +9,7 @@
 PictureArea::PictureArea(StandInDocument &document, QWidget *parent)
     : QWidget(parent), m_document(document)
 {
-    setMinimumSize(160, 120);
+    setMinimumSize(120, 90);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }

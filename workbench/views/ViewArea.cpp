@@ -9,6 +9,7 @@
 #include "workbench/views/PlaybackBar.h"
 
 #include <QGridLayout>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -17,12 +18,18 @@
 
 ViewArea::ViewArea(StandInHost &host, QWidget *parent)
     : QWidget(parent), m_host(host), m_stack(new QStackedWidget(this)),
-      m_gridPage(new QWidget(m_stack)), m_grid(new QGridLayout(m_gridPage)),
-      m_empty(new EmptyPage(m_stack)), m_playback(new PlaybackBar(this)), m_clock(new QTimer(this))
+      m_scroll(new QScrollArea(m_stack)), m_gridPage(new QWidget),
+      m_grid(new QGridLayout(m_gridPage)), m_empty(new EmptyPage(m_stack)),
+      m_playback(new PlaybackBar(this)), m_clock(new QTimer(this))
 {
     m_grid->setContentsMargins(6, 6, 6, 6);
     m_grid->setSpacing(6);
-    m_stack->addWidget(m_gridPage);
+    m_scroll->setObjectName("viewScroll");
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setWidget(m_gridPage);
+    m_stack->addWidget(m_scroll);
     m_stack->addWidget(m_empty);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -88,6 +95,7 @@ void ViewArea::refresh()
                       frames, live ? m_liveFrame : m_positions.value(view->key()).frame);
     }
     showPosition();
+    showCurrent();
 }
 
 void ViewArea::refreshView(DOCKEY key)
@@ -190,8 +198,20 @@ void ViewArea::arrange()
                      tr("Add a camera to see its live picture. Two cameras or more can be locked "
                         "together."),
                      tr("A&dd camera"));
-    m_stack->setCurrentWidget(m_views.isEmpty() ? static_cast<QWidget *>(m_empty) : m_gridPage);
+    m_stack->setCurrentWidget(m_views.isEmpty() ? static_cast<QWidget *>(m_empty) : m_scroll);
     m_playback->setVisible(!m_views.isEmpty() && m_host.mode() != StandInHost::Mode::Live);
+}
+
+// Once, so that the user may look at others.
+void ViewArea::showCurrent()
+{
+    const DOCKEY current = m_host.currentKey();
+    DocumentView *view = currentView();
+    if (!view || current == m_shownCurrent)
+        return;
+    m_shownCurrent = current;
+    m_grid->activate(); // a new view has its place
+    m_scroll->ensureWidgetVisible(view, 0, 0);
 }
 
 void ViewArea::showPosition()

@@ -9,13 +9,15 @@ class DocumentView;
 class EmptyPage;
 class PlaybackBar;
 class QGridLayout;
+class QScrollArea;
 class QStackedWidget;
 class QTimer;
 class StandInDocument;
 class StandInHost;
 
 /// The views of the present mode: the cameras' live pictures, what the cameras have in memory, or
-/// the recordings of files. Where there is nothing to see it says what to do.
+/// the recordings of files. Where there is nothing to see it says what to do. Views shrink as far
+/// as they can be read, then the area scrolls; the current one is kept in sight.
 ///
 /// It is the application's clock: every picture interval the live pictures go on by a frame, and so
 /// does each recording that plays. Below the views of recordings stands the position in the current
@@ -74,6 +76,7 @@ private:
     QList<StandInDocument *> documentsOfMode() const;
     void choose(DOCKEY key);
     void arrange();
+    void showCurrent();
     void showPosition();
     void setFrame(quint64 frame);
     void setPlaying(bool playing);
@@ -81,13 +84,15 @@ private:
 
     StandInHost &m_host;
     QStackedWidget *m_stack;
-    QWidget *m_gridPage;
+    QScrollArea *m_scroll;
+    QWidget *m_gridPage; ///< scrolls
     QGridLayout *m_grid;
     EmptyPage *m_empty;
     PlaybackBar *m_playback;
     QTimer *m_clock;
     QList<DocumentView *> m_views;
     QHash<DOCKEY, Position> m_positions; ///< in the recordings
+    DOCKEY m_shownCurrent = NoDocKey;    ///< brought into sight already
     quint64 m_liveFrame = 0;
     bool m_liveHeld = false;
 };

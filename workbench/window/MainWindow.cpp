@@ -27,6 +27,7 @@
 #include <QDockWidget>
 #include <QHash>
 #include <QMenuBar>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -110,6 +111,24 @@ void MainWindow::restoreLayout()
 {
     restoreGeometry(m_host.settings().value(GeometryKey, QVariant()).toByteArray());
     restoreState(m_host.settings().value(PanelsKey, QVariant()).toByteArray());
+}
+
+// The frame is not there before the window is shown, so the usual one has to do. Where the height
+// has to shrink, devices and status share a place: above each other they would show nothing.
+void MainWindow::fitInto(const QRect &available)
+{
+    constexpr int Side = 4;
+    const int top = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    const QRect room = available.adjusted(Side, top, -Side, -Side);
+    QRect wanted = geometry();
+    if (wanted.height() > room.height()) {
+        tabifyDockWidget(m_deviceDock, m_statusDock);
+        m_deviceDock->raise();
+    }
+    wanted.setSize(wanted.size().boundedTo(room.size()));
+    wanted.moveLeft(qBound(room.left(), wanted.left(), room.right() + 1 - wanted.width()));
+    wanted.moveTop(qBound(room.top(), wanted.top(), room.bottom() + 1 - wanted.height()));
+    setGeometry(wanted);
 }
 
 void MainWindow::refresh()

@@ -53,6 +53,10 @@ public:
     void saveLayout();
     void restoreLayout();
 
+    /// Makes the window, with its frame, no larger than this part of a screen, and moves it inside.
+    /// Comes before it is shown.
+    void fitInto(const QRect &available);
+
     /// Shows everything as it is now, without waiting for the next turn of the event loop.
     void refresh();
 
