@@ -32,13 +32,14 @@ void TestOptions::startsWithTwoCamerasAndNothingElse()
     QCOMPARE(options.openFolder, QString());
     QCOMPARE(options.style, QString());
     QCOMPARE(options.tourFolder, QString());
+    QCOMPARE(options.walk, QString());
 }
 
 void TestOptions::takesEveryOption()
 {
-    const Options options =
-        Options::parse({"orvix-workbench", "--plugins", "p", "--settings=s.ini", "--cameras", "3",
-                        "--open", "pictures", "--style", "Dark", "--tour", "t", "--pages", "."});
+    const Options options = Options::parse(
+        {"orvix-workbench", "--plugins", "p", "--settings=s.ini", "--cameras", "3", "--open",
+         "pictures", "--style", "Dark", "--tour", "t", "--pages", ".", "--walk", "lock"});
     QCOMPARE(options.action, Options::Action::Run);
     QCOMPARE(options.cameras, 3);
     QCOMPARE(options.pluginFolder, QString("p"));
@@ -47,6 +48,7 @@ void TestOptions::takesEveryOption()
     QCOMPARE(options.openFolder, QString("pictures"));
     QCOMPARE(options.style, QString("dark"));
     QCOMPARE(options.tourFolder, QString("t"));
+    QCOMPARE(options.walk, QString("lock"));
 }
 
 void TestOptions::explainsItself()
@@ -55,7 +57,7 @@ void TestOptions::explainsItself()
         const Options options = Options::parse({"orvix-workbench", help});
         QCOMPARE(options.action, Options::Action::Help);
         for (const char *option : {"--plugins", "--settings", "--pages", "--cameras", "--open",
-                                   "--style", "--tour", "--help"})
+                                   "--style", "--tour", "--walk", "--help"})
             QVERIFY2(options.text.contains(option), option);
     }
 }

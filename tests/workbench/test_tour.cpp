@@ -31,7 +31,7 @@ Run runWorkbench(const QStringList &arguments, const QStringList &without = {})
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(WORKBENCH), arguments);
     Run run;
-    if (process.waitForFinished(240000) && process.exitStatus() == QProcess::NormalExit)
+    if (process.waitForFinished(400000) && process.exitStatus() == QProcess::NormalExit)
         run.status = process.exitCode();
     run.output = QString::fromUtf8(process.readAllStandardOutput());
     run.errors = QString::fromUtf8(process.readAllStandardError());
@@ -66,6 +66,8 @@ private slots:
     void seesEverything();
     void failsWithoutTheTool();
     void goesOnBehindAWalkThatFails();
+    void takesOneWalkAlone();
+    void refusesAWalkThatIsNotThere();
     void needsNoDisplayForTheHelp();
     void refusesABadArgument();
     void refusesAFolderThatCannotBeWritten();
@@ -166,6 +168,25 @@ void TestTour::goesOnBehindAWalkThatFails()
                      "02-next: Looks", "  seen    ready", "  seen    live",
                      "  seen    three pictures", "  seen    the second is selected",
                      "  seen    picture 02-next.png", "2 steps, 6 checks, 1 failed"}));
+}
+
+void TestTour::takesOneWalkAlone()
+{
+    QTemporaryDir dir;
+    const Run run = runWorkbench({"--tour", dir.path(), "--walk", "empty"});
+    QVERIFY2(run.status == 0, qPrintable(run.errors));
+    const QStringList lines = readLines(dir.filePath("transcript.txt"));
+    QCOMPARE(lines.value(0), QString("01-none: Without a camera the window says what to do"));
+    QVERIFY(lines.last().startsWith("2 steps, "));
+}
+
+void TestTour::refusesAWalkThatIsNotThere()
+{
+    QTemporaryDir dir;
+    const Run run = runWorkbench({"--tour", dir.filePath("tour"), "--walk", "moon"});
+    QCOMPARE(run.status, 2);
+    QVERIFY(run.errors.contains("There is no walk moon, but these: lock, region, "));
+    QVERIFY(!QFile::exists(dir.filePath("tour")));
 }
 
 void TestTour::needsNoDisplayForTheHelp()

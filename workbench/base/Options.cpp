@@ -30,11 +30,12 @@ Options Options::parse(const QStringList &arguments)
     const QCommandLineOption tour(
         "tour", "Walk through the workbench, write a picture of each step into this folder, end.",
         "DIR");
+    const QCommandLineOption walk("walk", "With --tour: take this walk alone.", "NAME");
     const QCommandLineOption help({"h", "help"}, "Print this text.");
 
     QCommandLineParser parser;
     parser.setApplicationDescription("Cameras, recordings and tools without the cameras.");
-    parser.addOptions({plugins, settings, pages, cameras, open, style, tour, help});
+    parser.addOptions({plugins, settings, pages, cameras, open, style, tour, walk, help});
     if (!parser.parse(arguments))
         return error(parser.errorText());
 
@@ -54,7 +55,7 @@ Options Options::parse(const QStringList &arguments)
     options.style = parser.value(style).toLower();
     if (parser.isSet(style) && options.style != "light" && options.style != "dark")
         return error("--style wants light or dark, not '" + parser.value(style) + "'.");
-    for (const QCommandLineOption &folder : {plugins, settings, pages, open, tour}) {
+    for (const QCommandLineOption &folder : {plugins, settings, pages, open, tour, walk}) {
         if (parser.isSet(folder) && parser.value(folder).isEmpty())
             return error("--" + folder.names().first() + " wants a name.");
     }
@@ -66,5 +67,6 @@ Options Options::parse(const QStringList &arguments)
     options.pagesFolder = parser.value(pages);
     options.openFolder = parser.value(open);
     options.tourFolder = parser.value(tour);
+    options.walk = parser.value(walk);
     return options;
 }

@@ -21,6 +21,7 @@ struct Options
     QString openFolder;   ///< Folder of pictures to open as a recording; empty: none.
     QString style;        ///< "light" or "dark"; empty: as it was left.
     QString tourFolder;   ///< Where a walk-through puts its pictures; empty: no walk-through.
+    QString walk;         ///< The one walk to take of them; empty: all.
 
     /// Reads the arguments, the program's name first. Needs a QCoreApplication.
     static Options parse(const QStringList &arguments);

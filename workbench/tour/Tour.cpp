@@ -73,6 +73,18 @@ Tour::Tour(const Options &options, const QVector<Walks::Walk> &walks)
 
 int Tour::run()
 {
+    QVector<Walks::Walk> walks;
+    QStringList names;
+    for (const Walks::Walk &walk : m_walks) {
+        names.append(walk.name);
+        if (m_options.walk.isEmpty() || walk.name == m_options.walk)
+            walks.append(walk);
+    }
+    if (walks.isEmpty()) {
+        std::fprintf(stderr, "There is no walk %s, but these: %s\n", qPrintable(m_options.walk),
+                     qPrintable(names.join(", ")));
+        return 2;
+    }
     TourReport report(m_options.tourFolder);
     if (!report.isWritable()) {
         std::fprintf(stderr, "%s cannot be written to\n", qPrintable(m_options.tourFolder));
@@ -86,7 +98,7 @@ int Tour::run()
     QApplication::setFont(font);
 
     const Watchdog watchdog(report);
-    for (const Walks::Walk &walk : m_walks)
+    for (const Walks::Walk &walk : walks)
         take(walk, m_options, report);
     qInstallMessageHandler(handler);
     report.finish();
