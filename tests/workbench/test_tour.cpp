@@ -98,17 +98,21 @@ void TestTour::seesEverything()
                                "  seen    the tool's isChecked answers false",
                                "14-drag-top: A drag of the top edge, turned by 0",
                                "  seen    it follows the pointer, and what it does not hold stays",
-                               "25-region-lock: On locked cameras the region lands on all of them"};
+                               "25-region-lock: On locked cameras the region lands on all of them",
+                               "54-prefs-light: The page prefs by keyboard, in the light style",
+                               "  seen    stops where no focus is seen: ",
+                               "61-prefs-dark: The page prefs by keyboard, in the dark style",
+                               "  seen    stops where no focus is seen: "};
     int at = -1;
     for (const QString &line : story) {
         at = lines.indexOf(line, at + 1);
         QVERIFY2(at >= 0, qPrintable(line));
     }
-    QVERIFY(QRegularExpression("^49 steps, \\d+ checks, 0 failed$").match(lines.last()).hasMatch());
+    QVERIFY(QRegularExpression("^63 steps, \\d+ checks, 0 failed$").match(lines.last()).hasMatch());
 
     // A picture for each step.
     const QStringList steps = lines.filter(QRegularExpression("^\\d\\d-[a-z-]+: "));
-    QCOMPARE(steps.size(), 49);
+    QCOMPARE(steps.size(), 63);
     for (const QString &step : steps) {
         const QImage picture(dir.filePath(step.section(':', 0, 0) + ".png"));
         QCOMPARE(picture.size(), QSize(1280, 800));
@@ -132,7 +136,7 @@ void TestTour::failsWithoutTheTool()
     QVERIFY(lines.contains("  FAILED  a click on the button Note"));
     QVERIFY(lines.contains("  FAILED  shutter of camera 1: \"1/4000 s\", but it is \"1/1000 s\""));
     // It went on to the end.
-    QVERIFY(lines.last().startsWith("49 steps, "));
+    QVERIFY(lines.last().startsWith("63 steps, "));
     QVERIFY(!lines.last().endsWith(" 0 failed"));
 }
 

@@ -15,6 +15,30 @@ QWebElement find(QWebView *view, const QString &selector)
 // The engine may take up keys and clicks in a later turn.
 constexpr int SettlingTime = 30; // milliseconds
 
+// A radio button of a group stands for the whole group when it is the chosen one, or the first.
+const char Stops[] =
+    "(function () {"
+    "    function isStop(element) {"
+    "        var box = element.getBoundingClientRect();"
+    "        return !element.disabled && element.tabIndex >= 0 && box.width > 0 && box.height > 0;"
+    "    }"
+    "    var all = Array.from(document.querySelectorAll("
+    "        'a[href], button, input, select, textarea, [tabindex]')).filter(isStop);"
+    "    return all.filter(function (element) {"
+    "        if (element.type !== 'radio')"
+    "            return true;"
+    "        var group = all.filter(function (other) {"
+    "            return other.type === 'radio' && other.name === element.name;"
+    "        });"
+    "        var chosen = group.find(function (other) { return other.checked; });"
+    "        return element === (chosen || group[0]);"
+    "    });"
+    "})()";
+
+const char Names[] = ".map(function (element) {"
+                     "    return element.id || element.textContent.trim().substring(0, 30);"
+                     "})";
+
 // In the view, behind all scrolling.
 QRect placeOf(QWebElement element)
 {
@@ -70,6 +94,37 @@ bool PageHand::click(QWebView *view, const QString &selector)
     QTest::mouseClick(view, Qt::LeftButton, Qt::NoModifier, middle);
     QTest::qWait(SettlingTime);
     return true;
+}
+
+QStringList PageHand::stops(QWebView *view)
+{
+    return read(view, QString::fromLatin1(Stops) + Names).toStringList();
+}
+
+int PageHand::focusedStop(QWebView *view)
+{
+    return read(view, QString::fromLatin1(Stops) + ".indexOf(document.activeElement)").toInt();
+}
+
+QRect PageHand::focusedPlace(QWebView *view)
+{
+    return view ? placeOf(find(view, ":focus")) : QRect();
+}
+
+QStringList PageHand::cutTexts(QWebView *view)
+{
+    QStringList cut =
+        read(view,
+             QStringLiteral("Array.from(document.querySelectorAll('button, label, h1, h2, p'))"
+                            ".filter(function (element) {"
+                            "    return element.scrollWidth > element.clientWidth + 1 &&"
+                            "        element.clientWidth > 0;"
+                            "})") +
+                 Names)
+            .toStringList();
+    if (read(view, "document.documentElement.scrollWidth > window.innerWidth").toBool())
+        cut.append("page");
+    return cut;
 }
 
 bool PageHand::press(QWebView *view, int key, Qt::KeyboardModifiers modifiers)

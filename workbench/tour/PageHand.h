@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QPoint>
-#include <QString>
+#include <QRect>
+#include <QStringList>
 #include <QVariant>
 
 class QWebView;
@@ -27,6 +27,19 @@ QVariant read(QWebView *view, const QString &expression);
 
 /// Scrolls the element into view and clicks its middle; false when it cannot be used.
 bool click(QWebView *view, const QString &selector);
+
+/// The controls that Tab has to reach, in the order of the page: those that are shown and may be
+/// used, of a group of radio buttons one. Their ids, or their texts where they have none.
+QStringList stops(QWebView *view);
+
+/// Which of the stops has the focus, from 0; -1: none.
+int focusedStop(QWebView *view);
+
+/// Where the element with the focus is in the view, in the view's pixels.
+QRect focusedPlace(QWebView *view);
+
+/// What of the page is wider than its place: ids or texts of controls, "page" for the page itself.
+QStringList cutTexts(QWebView *view);
 
 /// Presses a key on the view.
 bool press(QWebView *view, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

@@ -18,6 +18,7 @@ void support(TourStage &stage);         ///< the support file
 void style(TourStage &stage);           ///< window and pages in the dark style
 void regionInTheDark(TourStage &stage); ///< panel and dialog of a tool in the dark style
 void empty(TourStage &stage);           ///< no camera is left, and one comes
+void catalogue(TourStage &stage);       ///< each page by keyboard, in the style of the scene
 
 struct Walk
 {
