@@ -15,6 +15,7 @@ const QVector<Walks::Walk> &Walks::all()
         {"empty", {3, 2, true, true}, empty},
         {"catalogue", {3, 2, false, false}, catalogue},
         {"catalogue-dark", {3, 2, true, false}, catalogue},
+        {"cameras", {16, 1, false, false}, cameras},
     };
     return walks;
 }
