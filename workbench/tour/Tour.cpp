@@ -77,7 +77,7 @@ int Tour::run()
     QStringList names;
     for (const Walks::Walk &walk : m_walks) {
         names.append(walk.name);
-        if (m_options.walk.isEmpty() || walk.name == m_options.walk)
+        if (m_options.walk.isEmpty() ? !walk.isAsked : walk.name == m_options.walk)
             walks.append(walk);
     }
     if (walks.isEmpty()) {

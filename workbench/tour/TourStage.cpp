@@ -117,6 +117,11 @@ void TourStage::addPicture(QWidget *shown, const QString &suffix)
     m_report.addPicture(shown->grab(), suffix);
 }
 
+void TourStage::addPicture(const QPixmap &picture, const QString &suffix)
+{
+    m_report.addPicture(picture, suffix);
+}
+
 void TourStage::pressAction(const char *name)
 {
     const auto *action = window().findChild<QAction *>(name);

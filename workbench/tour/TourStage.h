@@ -47,6 +47,9 @@ public:
     MainWindow &window() const;
     StandInHost &host() const;
 
+    /// The options that it was made with.
+    const Options &options() const { return m_options; }
+
     /// For files of the walk's own.
     QString folder() const { return m_folder.path(); }
 
@@ -60,6 +63,9 @@ public:
     /// Keeps a further picture of the step, of the window or of something else.
     void addPicture(const QString &suffix);
     void addPicture(QWidget *shown, const QString &suffix);
+
+    /// Keeps a picture that another workbench has made.
+    void addPicture(const QPixmap &picture, const QString &suffix);
 
     /// Clicks the tool bar's button of an action of the window.
     void pressAction(const char *name);

@@ -16,6 +16,8 @@ const QVector<Walks::Walk> &Walks::all()
         {"catalogue", {3, 2, false, false}, catalogue},
         {"catalogue-dark", {3, 2, true, false}, catalogue},
         {"cameras", {16, 1, false, false}, cameras},
+        {"scale", {1, 1, false, false}, scale},
+        {"scaled", {3, 2, false, false}, scaled, true},
     };
     return walks;
 }

@@ -20,12 +20,15 @@ void regionInTheDark(TourStage &stage); ///< panel and dialog of a tool in the d
 void empty(TourStage &stage);           ///< no camera is left, and one comes
 void catalogue(TourStage &stage);       ///< each page by keyboard, in the style of the scene
 void cameras(TourStage &stage);         ///< as many cameras as there can be
+void scale(TourStage &stage);           ///< a workbench on a screen that enlarges by 1.5
+void scaled(TourStage &stage);          ///< what that one does; a walk for itself alone
 
 struct Walk
 {
     QString name;
     TourStage::Scene scene;
     void (*run)(TourStage &stage);
+    bool isAsked = false; ///< Whether it is taken only when it is asked for by its name.
 };
 
 /// All of them, in their order.
