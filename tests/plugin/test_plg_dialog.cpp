@@ -273,8 +273,12 @@ void TestPlgDialog::showRestoresAMinimisedDialog()
     tool.showDialog();
     QVERIFY(!dialog->isMinimized());
     QVERIFY(dialog->isVisible());
-    QCOMPARE(opens.count(), 1);
-    QCOMPARE(onlyOf(host.commands(), {"suspendView"}), QStringList({"suspendView(false)"}));
+    dialog->setWindowState(Qt::WindowMinimized | Qt::WindowMaximized);
+    tool.showDialog();
+    QCOMPARE(dialog->windowState(), Qt::WindowStates(Qt::WindowNoState));
+    QCOMPARE(opens.count(), 2);
+    QCOMPARE(onlyOf(host.commands(), {"suspendView"}),
+             QStringList({"suspendView(false)", "suspendView(false)"}));
 }
 
 // The page hears of it when the window is as it will be seen.

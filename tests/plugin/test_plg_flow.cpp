@@ -38,11 +38,13 @@ private slots:
     void finishingWithoutPanelChangesNothing();
     void applyClearsChangesAndUndo();
     void applyGuardedPausesWithoutRefresh();
+    void guardedStepsAreTheToolsOwn();
     void resetGoesToTheHost();
     void resetGuardedPausesWithoutRefresh();
     void quickToolIsChosenOnlyWhenExclusive();
     void closeToolClosesOnlyADialogTool();
     void checkedNeedsADocumentAndAnAllowedMode();
+    void checkedOnlyWhereTheToolAllowsIt();
     void checkedByKind_data();
     void checkedByKind();
     void checkedByTheDocument();
@@ -667,6 +669,37 @@ void TestPlgFlow::applyGuardedPausesWithoutRefresh()
                                           "clearUndoStack()", "resumeLive()"}));
 }
 
+namespace {
+
+class SteppingTool : public ProbeTool
+{
+public:
+    QStringList steps;
+    void onApply() override { steps.append("apply"); }
+    void onReset() override { steps.append("reset"); }
+    void onMouseRelease(const QPoint &pos, int docId) override
+    {
+        steps.append(QStringLiteral("release %1,%2 %3").arg(pos.x()).arg(pos.y()).arg(docId));
+    }
+};
+
+}
+
+void TestPlgFlow::guardedStepsAreTheToolsOwn()
+{
+    StandInHost host;
+    host.addCamera();
+    SteppingTool tool;
+    tool.setHost(&host);
+    for (const bool guarded : {true, false}) {
+        tool.applyGuarded(guarded);
+        tool.resetGuarded(guarded);
+    }
+    tool.onMousePress(QPoint(3, 4), 1);
+    tool.finishMouse(1);
+    QCOMPARE(tool.steps, QStringList({"apply", "reset", "apply", "reset", "release 3,4 1"}));
+}
+
 void TestPlgFlow::resetGoesToTheHost()
 {
     StandInHost host;
@@ -747,6 +780,30 @@ void TestPlgFlow::checkedNeedsADocumentAndAnAllowedMode()
     QVERIFY(tool.isChecked(camera, false));
     tool.m_allowedModes = 5;
     QVERIFY(!tool.isChecked(camera, false));
+}
+
+namespace {
+
+class ChoosyTool : public ProbeTool
+{
+public:
+    bool isAllowedInCurrentMode() override { return allowed; }
+    bool allowed = false;
+};
+
+}
+
+void TestPlgFlow::checkedOnlyWhereTheToolAllowsIt()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    ChoosyTool tool;
+    tool.setHost(&host);
+    tool.m_checkKind = 1;
+    QVERIFY(!tool.isChecked(camera, false));
+    tool.allowed = true;
+    tool.m_allowedModes = 0;
+    QVERIFY(tool.isChecked(camera, false));
 }
 
 void TestPlgFlow::checkedByKind_data()

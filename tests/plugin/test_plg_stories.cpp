@@ -271,6 +271,7 @@ struct Stage
         tool->m_suspendsView = suspends;
         host.addPlugin(tool.get());
         host.addPlugin(&other);
+        host.setTrelvikLock(true); // of which this tool wants to know nothing
         host.clearJournal();
     }
 

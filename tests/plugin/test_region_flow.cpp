@@ -81,6 +81,8 @@ private slots:
     void secondPressOpensNoSecondMacro();
     void pointerGoesWhereNothingIsEdited();
     void releaseForADocumentThatTheToolDisowns();
+    void pressOnADocumentThatTheToolDisowns();
+    void toolChoosesItsOwnPointer();
     void finishReleasesWhereThePointerWasLast();
     void leaveTakesBackThePointer();
     void pointerOfTheSameShapeIsNotTheToolsOwn();
@@ -584,6 +586,47 @@ void TestRegionFlow::releaseForADocumentThatTheToolDisowns()
     tool.onMouseRelease(QPoint(160, 140), 1);
     QVERIFY(!tool.isDragging());
     QCOMPARE(host.commands(), QStringList({"endUndoMacro()"}));
+}
+
+void TestRegionFlow::pressOnADocumentThatTheToolDisowns()
+{
+    StandInHost host;
+    addPlainCamera(host);
+    DisowningTool tool(host);
+    tool.disowns = true;
+    tool.m_anchorCorner = AnchorTopLeft;
+    host.clearJournal();
+    tool.onMousePress(QPoint(150, 140), 1);
+    QVERIFY(!tool.isDragging());
+    QCOMPARE(tool.m_anchorCorner, int(AnchorUndecided));
+    QCOMPARE(host.journal(), QStringList());
+}
+
+namespace {
+
+class PointingTool : public RegionTool
+{
+public:
+    using RegionTool::RegionTool;
+    QList<int> handles;
+    void setRegionCursor(DOC_Interface *, int handle) override { handles.append(handle); }
+};
+
+}
+
+void TestRegionFlow::toolChoosesItsOwnPointer()
+{
+    StandInHost host;
+    StandInCamera *camera = addPlainCamera(host);
+    PointingTool tool(host);
+    tool.onMouseMove(QPoint(100, 140), 1);
+    tool.onMouseMove(QPoint(150, 140), 1);
+    tool.onMouseMove(QPoint(300, 300), 1);
+    QCOMPARE(tool.handles, QList<int>({2, 8, 9}));
+    QCOMPARE(shownPointer(), -1);
+    QVERIFY(tool.editsRegionOf(camera));
+    tool.edits = false;
+    QVERIFY(!tool.editsRegionOf(camera));
 }
 
 void TestRegionFlow::finishReleasesWhereThePointerWasLast()
