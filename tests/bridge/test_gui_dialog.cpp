@@ -7,6 +7,7 @@
 
 #include <QPushButton>
 #include <QTimer>
+#include <QWindow>
 
 // What all dialogs share, and the named classes that the host makes.
 
@@ -26,6 +27,7 @@ private slots:
     void pagesLogWhatTheUserDid();
     void pagesLogErrors();
     void closeButtonCanBeTakenAway();
+    void windowIsMadeAnewWithItsFlags();
     void disablingTwiceShowsOnce();
     void enablingWhatIsEnabledDoesNothing();
     void signalsReachTheSlots();
@@ -179,6 +181,37 @@ void TestGuiDialog::closeButtonCanBeTakenAway()
     QVERIFY(hasCloseButton(dialog));
     QVERIFY(dialog.isVisible());
     QCOMPARE(dialog.windowFlags(), before);
+}
+
+// A window that stands takes no other frame: it hides and shows once more.
+void TestGuiDialog::windowIsMadeAnewWithItsFlags()
+{
+    class Seen : public GUI_Dialog
+    {
+    public:
+        Seen() : GUI_Dialog(nullptr, Framed, true) {}
+        QStringList story;
+
+    protected:
+        void showEvent(QShowEvent *event) override
+        {
+            GUI_Dialog::showEvent(event);
+            story.append(hasCloseButton(*this) ? "shown with" : "shown without");
+        }
+        void hideEvent(QHideEvent *event) override
+        {
+            GUI_Dialog::hideEvent(event);
+            story.append("hidden");
+        }
+    };
+    Seen dialog;
+    dialog.show();
+    dialog.slotDisableCloseButton();
+    dialog.slotEnableCloseButton();
+    QCOMPARE(dialog.story,
+             QStringList({"shown with", "hidden", "shown without", "hidden", "shown with"}));
+    QVERIFY(dialog.windowHandle()->isVisible());
+    QVERIFY(dialog.windowHandle()->flags() & Qt::WindowCloseButtonHint);
 }
 
 void TestGuiDialog::disablingTwiceShowsOnce()

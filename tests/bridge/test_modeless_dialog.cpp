@@ -43,6 +43,7 @@ private slots:
     void answerHoldsForOneClosing();
     void shownIsToldOfShowingAlone();
     void closeButtonThatComesAndGoesShowsNothing();
+    void opensWhereAnyDialogOpens();
     void hidingIsNotClosing();
     void defaultsLetItGo();
 };
@@ -526,6 +527,21 @@ void TestModelessDialog::closeButtonThatComesAndGoesShowsNothing()
     shown.dialog->hide();
     shown.dialog->show();
     QCOMPARE(shownTold.count(), 1);
+}
+
+void TestModelessDialog::opensWhereAnyDialogOpens()
+{
+    StandInHost host;
+    QWidget window;
+    window.setGeometry(310, 220, 400, 300);
+    GUI_WebViewDialog any(&host, QString(), Calls, nullptr, &window);
+    GUI_ModelessPatternDialog dialog(&host, QString(), Calls, nullptr, &window);
+    any.resize(200, 100);
+    dialog.resize(200, 100);
+    any.show();
+    dialog.show();
+    QVERIFY(!any.pos().isNull());
+    QCOMPARE(dialog.pos(), any.pos());
 }
 
 void TestModelessDialog::hidingIsNotClosing()

@@ -45,8 +45,11 @@ private slots:
     void failureWhileClosingGoesToTheHost();
     void failureOfAnOverrideGoesToTheHost_data();
     void failureOfAnOverrideGoesToTheHost();
+    void eventThatFailsIsTaken();
     void dialogCanCloseBehindAFailure();
     void dialogThatGoesWhileItLoads();
+    void hostMayEndItWhileItLoads_data();
+    void hostMayEndItWhileItLoads();
     void reloadHoldsRefreshesBackOnce();
     void pageCallsSlotsWhileItsDialogCloses();
     void dialogsOpenFromInsideSlots();
@@ -629,6 +632,18 @@ void TestWebViewDialog::failureOfAnOverrideGoesToTheHost()
     QCOMPARE(dialog.isVisible(), place != "hideEvent"); // what fails to end stays on the screen
 }
 
+// It is not offered to anybody else.
+void TestWebViewDialog::eventThatFailsIsTaken()
+{
+    StandInHost host;
+    AskingDialog dialog(&host, nullptr);
+    dialog.asking = "showEvent";
+    host.failOn(QStringLiteral("isReady"));
+    QShowEvent event;
+    QVERIFY(static_cast<QObject &>(dialog).event(&event));
+    QCOMPARE(host.handledErrors(), QStringList({"isReady failed"}));
+}
+
 void TestWebViewDialog::dialogCanCloseBehindAFailure()
 {
     DialogPage shown;
@@ -644,11 +659,49 @@ void TestWebViewDialog::dialogCanCloseBehindAFailure()
 void TestWebViewDialog::dialogThatGoesWhileItLoads()
 {
     StandInHost host;
+    host.state().needsDialogEnterNotice = true;
     {
         OpenDialog dialog(&host);
         QTRY_COMPARE(host.deterrals(), 1);
+        host.clearJournal();
     }
     QCOMPARE(host.deterrals(), 0);
+    // The application is told that it has gone when it is free to refresh.
+    QCOMPARE(host.journal(), QStringList({"deterUpdateUI(false)", "isDialogExitSuppressed()",
+                                          "notifyDialogLeft()"}));
+}
+
+void TestWebViewDialog::hostMayEndItWhileItLoads_data()
+{
+    QTest::addColumn<QString>("call");
+    for (const char *call :
+         {"deterUpdateUI(true)", "mainWidget()", "getPrefInt(\"main/scrno\", invalid)",
+          "deterUpdateUI(false)", "updateUI(4294967295, true)"})
+        QTest::newRow(call) << QString::fromLatin1(call);
+}
+
+// Nothing more is asked for a dialog that has gone, and what it held is given back.
+void TestWebViewDialog::hostMayEndItWhileItLoads()
+{
+    QFETCH(QString, call);
+    StandInHost host;
+    QPointer<OpenDialog> dialog(new OpenDialog(&host));
+    PageProbe page(dialog->webView());
+    dialog->show();
+    QVERIFY(page.waitLoaded());
+    QStringList story;
+    connect(host.events(), &StandInEvents::callJournalled, this, [&](const QString &line) {
+        story.append(line);
+        if (line == call)
+            delete dialog;
+    });
+    QVERIFY(QMetaObject::invokeMethod(dialog, "loadStarted"));
+    if (dialog)
+        QVERIFY(QMetaObject::invokeMethod(dialog, "loadFinished", Q_ARG(bool, true)));
+    QVERIFY(!dialog);
+    QVERIFY(!story.contains("updateUI(4294967295, true)") || story.last() == call);
+    QCOMPARE(host.deterrals(), 0);
+    QCOMPARE(host.handledErrors(), QStringList());
 }
 
 void TestWebViewDialog::reloadHoldsRefreshesBackOnce()
