@@ -1,6 +1,7 @@
 #include "ProbeTool.h"
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
+#include "contract/HostValues.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
@@ -50,6 +51,7 @@ private slots:
     void forbiddenModeClosesIt();
     void forbiddenModeLeavesItWhenToldSo();
     void toolDecidesAnewWhetherAForbiddenModeClosesIt();
+    void toolDecidesWhichModeIsForbidden();
     void modeWithoutVisibleDialogDoesNothing();
     void checkKindSixFollowsTheDialog();
     void closeToolOfADialogToolClosesIt();
@@ -155,6 +157,15 @@ void TestPlgDialog::pageIsTheResourceNamedAfterTheTool()
     const QString page = tool.pageHtml();
     QCOMPARE(page, QString::fromUtf8(file.readAll()));
     QVERIFY(page.contains(QString::fromUtf8("Prüfwerkzeug")));
+
+    class RenamedTool : public ProbeTool
+    {
+    public:
+        RenamedTool() : ProbeTool(QStringLiteral("t_absent")) {}
+        QString name() override { return QStringLiteral("t_probe"); }
+    };
+    RenamedTool renamed;
+    QCOMPARE(renamed.pageHtml(), page);
 }
 
 void TestPlgDialog::pageIsReadAnewAtEachCall()
@@ -639,6 +650,26 @@ void TestPlgDialog::toolDecidesAnewWhetherAForbiddenModeClosesIt()
     QVERIFY(tool.isDialogVisible());
     tool.closes = true;
     tool.onModeChanged(1);
+    QVERIFY(!tool.isDialogVisible());
+}
+
+void TestPlgDialog::toolDecidesWhichModeIsForbidden()
+{
+    class AllowingTool : public DialogTool
+    {
+    public:
+        using DialogTool::DialogTool;
+        bool isModeAllowed(int mode) override { return mode == HostMode::Memory; }
+    };
+    StandInHost host;
+    AllowingTool tool(&host);
+    tool.m_allowedModes = 0;
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.onModeChanged(HostMode::Memory);
+    QVERIFY(tool.isDialogVisible());
+    tool.m_allowedModes = 7;
+    tool.onModeChanged(HostMode::File);
     QVERIFY(!tool.isDialogVisible());
 }
 

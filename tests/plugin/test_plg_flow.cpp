@@ -51,6 +51,7 @@ private slots:
     void checkedByTheCurrentPlugin();
     void checkedByTheLock();
     void checkedByTheZoom();
+    void checkedByTheNameThatItGives();
     void checkedByItself();
     void failureOfTheHostPassesOn();
 };
@@ -905,6 +906,43 @@ void TestPlgFlow::checkedByTheZoom()
     QVERIFY(tool.isChecked(camera, false));
     camera->state().zoom = -1.0;
     QVERIFY(tool.isChecked(camera, false));
+}
+
+namespace {
+
+class RenamedTool : public ProbeTool
+{
+public:
+    QString given = QStringLiteral("t_given");
+    QString name() override { return given; }
+};
+
+}
+
+void TestPlgFlow::checkedByTheNameThatItGives()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    RenamedTool tool;
+    host.addPlugin(&tool);
+    const auto asked = [&](int checkKind) {
+        tool.m_checkKind = checkKind;
+        host.clearJournal();
+        tool.isChecked(camera, true);
+        return host.journal().mid(1);
+    };
+    QCOMPARE(asked(0), QStringList({"[1].isToolOn(\"t_given\")"}));
+    QCOMPARE(asked(2), QStringList({"[1].isToolAvailable(\"t_given\", true)"}));
+    tool.m_hasPanel = true;
+    host.openPlugin(&tool);
+    tool.m_checkKind = 4;
+    QVERIFY(tool.isChecked(camera, false));
+    tool.given = QStringLiteral("t_zoomfit");
+    QCOMPARE(asked(0), QStringList({"zoomFactor(0)"}));
+    tool.given = QStringLiteral("t_multilock");
+    QCOMPARE(asked(0), QStringList({"isTrelvikLocked()"}));
+    tool.given = QStringLiteral("t_given");
+    host.removePlugin(&tool);
 }
 
 namespace {
