@@ -69,6 +69,7 @@ private slots:
     void tellsWhatCouldNotBeStored_data();
     void tellsWhatCouldNotBeStored();
     void keepsAddressesThatCouldNotBeStored();
+    void beginsWithTheFirstAddress();
     void offersTheTriggerTestWithTheDownloadOnly();
     void tellsTheGreatestValue();
     void opensThePageOfAName_data();
@@ -246,6 +247,18 @@ void TestPageDialogs::keepsAddressesThatCouldNotBeStored()
                       QCOMPARE(text(view, "#state"), QString("The setting could not be stored."));
                       QCOMPARE(read(view, "document.getElementById('search').value").toString(),
                                QString("10.1.2.0"));
+                  }));
+}
+
+void TestPageDialogs::beginsWithTheFirstAddress()
+{
+    StandInHost host;
+    PageDialogs dialogs(host);
+    QVERIFY(visit([&] { host.openEthernetSettings(); },
+                  [&](GUI_WebViewDialog &, GUI_WebView *view) {
+                      QVERIFY(type(view, "10.1.2.3"));
+                      QCOMPARE(read(view, "document.getElementById('add').value").toString(),
+                               QString("10.1.2.3"));
                   }));
 }
 

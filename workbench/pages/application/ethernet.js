@@ -42,5 +42,6 @@ Page.start('ethernet', function () {
             bridge.accept();
     });
     Page.listen(Page.get('cancel'), 'click', function () { bridge.reject(); });
+    Page.get('add').select();
     return check;
 });
