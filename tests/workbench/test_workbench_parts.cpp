@@ -24,6 +24,7 @@ private slots:
     void writesSettingsAsTheUserReadsThem();
     void cutsATextThatDoesNotFit();
     void showsCameraNameFrameAndSettings();
+    void cutsTheSettingsBeforeTheFrame();
     void marksTheLockAndTheCurrentView();
     void isChosenByMouseAndKeys();
     void staysInsideARecording();
@@ -107,6 +108,28 @@ void TestWorkbenchParts::showsCameraNameFrameAndSettings()
     view.setEmptyText("Nothing");
     QVERIFY(view.picture().isNull());
     QCOMPARE(view.frameText(), QString());
+}
+
+void TestWorkbenchParts::cutsTheSettingsBeforeTheFrame()
+{
+    StandInHost host;
+    DocumentView view(*host.addCamera());
+    view.showFrame(17);
+    view.resize(view.minimumSizeHint());
+    view.show();
+    const QList<ElidingLabel *> labels = view.findChildren<ElidingLabel *>();
+    const auto label = [&](const QString &text) {
+        return *std::find_if(labels.begin(), labels.end(),
+                             [&](ElidingLabel *found) { return found->text() == text; });
+    };
+    QVERIFY(label(view.settingsText())->width() < label(view.settingsText())->sizeHint().width());
+    QCOMPARE(label(view.frameText())->width(), label(view.frameText())->sizeHint().width());
+    view.resize(600, 400);
+    QCoreApplication::processEvents();
+    QCOMPARE(label(view.settingsText())
+                 ->mapTo(&view, QPoint(label(view.settingsText())->width(), 0))
+                 .x(),
+             view.width() - 11);
 }
 
 void TestWorkbenchParts::marksTheLockAndTheCurrentView()

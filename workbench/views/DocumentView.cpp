@@ -26,6 +26,9 @@ DocumentView::DocumentView(StandInDocument &document, QWidget *parent)
     bold.setBold(true);
     m_title->setFont(bold);
     m_lock->hide();
+    // Where space is short the settings give way.
+    m_frameLabel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    m_settings->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     auto *header = new QHBoxLayout;
     header->setContentsMargins(8, 0, 6, 0);
@@ -34,8 +37,9 @@ DocumentView::DocumentView(StandInDocument &document, QWidget *parent)
     header->addStrut(m_lock->sizeHint().height() + 4);
     auto *footer = new QHBoxLayout;
     footer->setContentsMargins(8, 2, 8, 3);
-    footer->addWidget(m_frameLabel, 1);
-    footer->addWidget(m_settings);
+    footer->setSpacing(12);
+    footer->addWidget(m_frameLabel);
+    footer->addWidget(m_settings, 1);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(Border, Border, Border, Border);
     layout->setSpacing(0);
