@@ -86,8 +86,9 @@ void TestExample::namesEveryPackageInTheReadme()
 void TestExample::tellsEveryOptionInTheGuide()
 {
     const QString guide = textOf("docs/workbench.md");
-    for (const char *option : {"--plugins DIR", "--settings FILE", "--cameras N", "--open FOLDER",
-                               "--style light", "--tour DIR", "--help"})
+    for (const char *option :
+         {"--plugins DIR", "--settings FILE", "--pages DIR", "--cameras N", "--open FOLDER",
+          "--style light", "--tour DIR", "--walk NAME", "--help"})
         QVERIFY2(guide.contains(QString("| `") + option), option);
 }
 
