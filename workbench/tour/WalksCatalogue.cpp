@@ -121,6 +121,7 @@ void walkDialog(TourStage &stage, const PageEntry &page)
 {
     stage.visitDialog(page.menu, QString(page.entry).remove('&'), "-page", [&](GUI_WebView *view) {
         lookAt(stage, view);
+        PageHand::read(view, "document.activeElement.blur()"); // it may begin with a field
         walkByTab(stage, view);
         stage.addPicture(view, "-focus");
         const QPointer<QWidget> dialog = view->window();
