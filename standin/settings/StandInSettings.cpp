@@ -1,11 +1,11 @@
 #include "standin/settings/StandInSettings.h"
 
+#include "foundation/ReplaceFile.h"
 #include "standin/settings/IniText.h"
 #include "standin/settings/StandInDefaults.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QSettings>
 
 namespace {
@@ -64,23 +64,14 @@ bool StandInSettings::isKnown(const QString &key) const
     return m_ownDefaults.contains(key) || StandInDefaults::isKnown(key);
 }
 
-// The file is replaced as a whole, and only when all of it could be written: what is in it stays
-// there otherwise.
 bool StandInSettings::take(const QMap<QString, QVariant> &values)
 {
     if (!m_file.isEmpty() && values != m_values) {
         QMap<QString, QVariant> stored = values;
         stored.remove(QString()); // a file has no place for it
         QDir().mkpath(QFileInfo(m_file).path());
-        QSaveFile file(m_file);
-        if (!file.open(QIODevice::WriteOnly))
-            return false;
-        file.write(IniText::text(stored));
-        if (!file.flush()) { // commit() would replace the file all the same
-            file.cancelWriting();
-            return false;
-        }
-        if (!file.commit())
+        const auto outcome = ReplaceFile::write(m_file, IniText::text(stored));
+        if (outcome.result != ReplaceFile::Result::Written)
             return false;
     }
     m_values = values;

@@ -2,13 +2,12 @@
 
 #include "contract/HostValues.h"
 #include "foundation/LogGroups.h"
+#include "foundation/ReplaceFile.h"
 #include "standin/host/StandInHost.h"
 
 #include <QBuffer>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
-#include <QSaveFile>
 #include <QScreen>
 #include <QSysInfo>
 #include <QThread>
@@ -145,11 +144,5 @@ bool SupportFile::write(const QString &path, const SupportSnapshot &snapshot)
     const bool filled = fill(zip, snapshot);
     if (!zip.close() || !filled)
         return false;
-    const QFileInfo target(path);
-    if (target.exists() && !target.isFile())
-        return false; // a device or a pipe would be replaced by a file
-    QSaveFile file(path);
-    // commit() does not look at what it could not write from its buffer, hence flush().
-    return file.open(QIODevice::WriteOnly) && file.write(content.data()) == content.data().size() &&
-           file.flush() && file.commit();
+    return ReplaceFile::write(path, content.data()).result == ReplaceFile::Result::Written;
 }

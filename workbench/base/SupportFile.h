@@ -27,8 +27,8 @@ SupportSnapshot take(StandInHost &host, const Extras &extras = {});
 
 /// Writes the ZIP: the texts under their names, the pictures as "screen.png", "trelvik-window.png"
 /// and "frame.png", a null one not at all. A file that exists is replaced once the new one is
-/// whole. False when it cannot be written, or `path` names something that is no plain file; what is
-/// there is as it was then. Any thread.
+/// whole (ReplaceFile). False when it cannot be written, or `path` names something that is no plain
+/// file. Any thread.
 bool write(const QString &path, const SupportSnapshot &snapshot);
 
 }
