@@ -16,15 +16,17 @@ const QLatin1String JobRoot("job");
 const QLatin1String Version("version");
 const QLatin1String Items("customItems");
 const QLatin1String Item("customItem");
-const QLatin1String Name("name");
-const QLatin1String Value("value");
-const QLatin1String Unit("unit");
-const QLatin1String Display("display");
-const QLatin1String UseFileName("usefilename");
-const QLatin1String Selected("selected"); // of a record
-const QLatin1String True("true");
 
-void appendText(QDomDocument &document, QDomElement &parent, QLatin1String name,
+// Texts of their own, which all records share.
+const QString Name = QLatin1String("name");
+const QString Value = QLatin1String("value");
+const QString Unit = QLatin1String("unit");
+const QString Display = QLatin1String("display");
+const QString UseFileName = QLatin1String("usefilename");
+const QString True = QLatin1String("true");
+const QString Selected = QLatin1String("selected"); // of a record
+
+void appendText(QDomDocument &document, QDomElement &parent, const QString &name,
                 const QString &text)
 {
     QDomElement element = document.createElement(name);
@@ -36,16 +38,15 @@ QVariantMap customItem(const QDomNode &item, const CustomInfoFile::FieldMap &fie
 {
     QVariantMap record;
     for (QDomNode child = item.firstChild(); !child.isNull(); child = child.nextSibling()) {
-        const QString name = child.nodeName().toLower();
-        const QString text = child.toElement().text();
-        if (name == Name)
+        const QString key = child.nodeName().toLower();
+        if (key == Name) {
+            const QString text = child.toElement().text();
             record.insert(Name, fieldMap.value(text, text));
-        else if (name == Value)
-            record.insert(Value, text);
-        else if (name == Unit)
-            record.insert(Unit, text);
-        else if (name == Display)
-            record.insert(Selected, text == True);
+        } else if (key == Value || key == Unit) {
+            record.insert(key, child.toElement().text());
+        } else if (key == Display) {
+            record.insert(Selected, child.toElement().text() == True);
+        }
     }
     return record;
 }
@@ -87,9 +88,10 @@ QByteArray CustomInfoFile::toXml(const QVariantList &customs, const QString &ver
     }
 
     QByteArray bytes;
-    QTextStream stream(&bytes);
-    document.save(stream, Indent, QDomNode::EncodingFromDocument);
-    stream.flush();
+    {
+        QTextStream stream(&bytes); // writes what it holds back when it goes
+        document.save(stream, Indent, QDomNode::EncodingFromDocument);
+    }
     return bytes;
 }
 
@@ -129,11 +131,11 @@ void CustomInfoFile::loadCustomInfoJob(const QDomElement &root, QVariantList &ou
         if (text.isEmpty())
             continue;
         const QString name = field.nodeName();
-        out.append(QVariantMap{
-            {Name, fieldMap.value(name, name)},
-            {Value, text},
-            {Unit, field.attribute(Unit)},
-            {Selected, field.attribute(Display, True) == True},
-        });
+        QVariantMap record;
+        record.insert(Name, fieldMap.value(name, name));
+        record.insert(Value, text);
+        record.insert(Unit, field.attribute(Unit));
+        record.insert(Selected, field.attribute(Display, True) == True);
+        out.append(record);
     }
 }

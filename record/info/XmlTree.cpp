@@ -1,6 +1,6 @@
 #include "record/info/XmlTree.h"
 
-#include <QBuffer>
+#include <QIODevice>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
@@ -9,17 +9,20 @@ QT_WARNING_DISABLE_DEPRECATED
 
 namespace {
 
-// Knows whether the reader stands in a tag.
+// Gives the reader one character after the other, and knows whether it stands in a tag.
 class Source : public QXmlInputSource
 {
 public:
-    using QXmlInputSource::QXmlInputSource;
+    explicit Source(const QByteArray &bytes) : m_text(fromRawData(bytes, true)) {}
 
     QChar next() override
     {
-        m_last = QXmlInputSource::next();
+        if (m_position == m_text.size())
+            return QChar(EndOfDocument);
+        m_last = m_text.at(m_position++);
         m_isInTag = m_isInTag || m_last == QLatin1Char('<');
-        return m_last;
+        // What cannot be decoded ends the document, too.
+        return m_last.unicode() == EndOfData ? QChar(EndOfDocument) : m_last;
     }
 
     // The last character that was read.
@@ -33,6 +36,8 @@ public:
     bool isInTag() const { return m_isInTag; }
 
 private:
+    const QString m_text;
+    int m_position = 0;
     QChar m_last;
     bool m_isInTag = false;
 };
@@ -131,13 +136,11 @@ private:
 
 QDomDocument XmlTree::read(QIODevice &device)
 {
-    QByteArray bytes = device.read(MaxSize + 1);
+    const QByteArray bytes = device.read(MaxSize + 1);
     if (bytes.size() > MaxSize)
         return QDomDocument();
 
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    Source source(&buffer);
+    Source source(bytes);
     Limits limits(&source);
     LimitedReader reader(&limits);
     // As QDomDocument does with its own.

@@ -159,6 +159,19 @@ void TestXmlTree::encodings_data()
                                 << "\u00fc";
     QTest::newRow("Shift-JIS") << encoded("Shift_JIS", file.arg("Shift_JIS", kyoto)) << kyoto;
     QTest::newRow("unknown") << file.arg("x-none", "x").toUtf8() << "x";
+    // Beyond the pieces in which files are read.
+    const QString many = QString(kyoto + QString::fromUcs4(U"\U0001F4F7")).repeated(3000);
+    QTest::newRow("long UTF-8") << QString("<a>" + many + "</a>").toUtf8() << many;
+    QTest::newRow("long UTF-16") << encoded("UTF-16", "<a>" + many + "</a>") << many;
+    QTest::newRow("long Shift-JIS")
+        << encoded("Shift_JIS", file.arg("Shift_JIS", kyoto.repeated(3000)))
+        << kyoto.repeated(3000);
+    QTest::newRow("long, not UTF-8") << "<a>" +
+                                            QByteArray("\xff\xe4\xba"
+                                                       "x")
+                                                .repeated(2000) +
+                                            "</a>"
+                                     << QString(QString(3, QChar(0xFFFD)) + "x").repeated(2000);
     QTest::newRow("not UTF-8") << QByteArray("<a>x\xff</a>") << QString("x") + QChar(0xFFFD);
 }
 
