@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/InfoItems.h"
+#include "record/display/InfoFontSettings.h"
 
 #include <QHash>
 #include <QStringList>
@@ -18,7 +19,7 @@
 class InfoItemList
 {
 public:
-    static constexpr int GroupCount = 7; ///< groups count from 0
+    static constexpr int GroupCount = InfoFontSettings::GroupCount;
 
     struct Entry
     {
