@@ -1,4 +1,5 @@
 #include "bench/BenchRatios.h"
+#include "bridge/data/RowSelection.h"
 #include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
 #include "bridge/page/GUI_WebView.h"
@@ -10,6 +11,7 @@
 #include <QEventLoop>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 #include <QTimer>
 #include <QWebFrame>
 #include <QWebView>
@@ -26,6 +28,7 @@ namespace {
 constexpr int CallsPerScript = 500;
 constexpr int Devices = 1000;
 constexpr int ViewsBefore = 400;
+constexpr int SelectedRows = 10000;
 constexpr int SkipDocuments = 64;
 constexpr int SkipPartitions = 16;
 const QUrl Page(QStringLiteral("qrc:/bench/page.html"));
@@ -365,6 +368,32 @@ void addSkipRange(BenchRatios &ratios, QuickHost &host, SkipMediator &mediator)
         });
 }
 
+// A user takes the current one of many rows out, and puts it back.
+void addRowSelection(BenchRatios &ratios)
+{
+    QList<int> all;
+    for (int id = 1; id <= SelectedRows; ++id)
+        all.append(id);
+    const QList<int> fewer = all.mid(0, SelectedRows - 1);
+    ratios.add(
+        "one of 10,000 rows, out and in", 3.0,
+        [all, fewer](benchmark::State &state) {
+            RowSelection selection;
+            selection.select(all);
+            for (auto _ : state) {
+                selection.select(fewer);
+                selection.select(all);
+                benchmark::DoNotOptimize(selection.current());
+            }
+        },
+        [all, fewer](benchmark::State &state) {
+            for (auto _ : state) {
+                for (const QList<int> &ids : {fewer, all})
+                    benchmark::DoNotOptimize(QSet<int>(ids.cbegin(), ids.cend()).size());
+            }
+        });
+}
+
 }
 
 int main(int argc, char **argv)
@@ -397,6 +426,7 @@ int main(int argc, char **argv)
     ratios.add("signal to a page, after 400 views", 1.2, heardByMany.emissions(),
                heardByOne.emissions());
     addSkipRange(ratios, recordings, skipMediator);
+    addRowSelection(ratios);
 
     const int status = ratios.run(argc, argv);
     qInstallMessageHandler(previous);
