@@ -5,6 +5,10 @@
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "plugin/PLG_Common.h"
+#include "record/format/GUI_FrameFormatDialog.h"
+#include "record/format/GUI_RecordRateFormatDialog.h"
+#include "record/format/GUI_RectimeFormatDialog.h"
+#include "record/format/GUI_ShutterSpeedFormatDialog.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/MemoryUse.h"
 #include "tests/support/ObjectCount.h"
@@ -48,12 +52,13 @@ const QString Connect = QStringLiteral(
     "bridge.rejected.connect(function () {}); bridge.update.connect(function () {})");
 
 // Opened by exec() as a slot opens it, closed by its page.
-void execAndClose(GUI_WebViewDialog &dialog, const QString &way)
+void execAndClose(GUI_WebViewDialog &dialog, const QString &way,
+                  const QString &connecting = Connect)
 {
     PageProbe page(dialog.webView());
     QObject::connect(dialog.webView(), &QWebView::loadFinished, &dialog, [&] {
         QTimer::singleShot(0, &dialog, [&] {
-            page.evaluate(Connect);
+            page.evaluate(connecting);
             if (way.isEmpty())
                 dialog.close();
             else
@@ -162,6 +167,16 @@ MemoryUse growthOf(const Cycle &cycle, StandInHost &host)
     return {after.heap - before.heap, after.resident - before.resident};
 }
 
+template <class Dialog> Cycle formatCycle(const QString &way)
+{
+    return [way](StandInHost &host) {
+        Dialog dialog(&host);
+        const QString mediator = dialog.mediator()->pageName();
+        execAndClose(dialog, way.isEmpty() ? way : mediator + way,
+                     mediator + ".rejected.connect(function () {})");
+    };
+}
+
 class DialogTool : public PLG_Common
 {
 public:
@@ -251,6 +266,10 @@ void TestDialogGrowth::nothingGrows_data()
         page.waitLoaded();
         box.mediator()->slotNotifyPartition(QStringLiteral("1"));
     });
+    QTest::newRow("frame format") << formatCycle<GUI_FrameFormatDialog>(".ok()");
+    QTest::newRow("record rate format") << formatCycle<GUI_RecordRateFormatDialog>(".cancel()");
+    QTest::newRow("recording time format") << formatCycle<GUI_RectimeFormatDialog>(".cancel()");
+    QTest::newRow("shutter speed format") << formatCycle<GUI_ShutterSpeedFormatDialog>("");
     QTest::newRow("plain dialog") << nativeCycle<GUI_Dialog>();
     QTest::newRow("progress") << nativeCycle<GUI_ProgressDialog>();
     QTest::newRow("marquee progress") << nativeCycle<GUI_MarqueeProgressDialog>();

@@ -472,5 +472,5 @@ void FaultMatrix::report(const Way &way, const QString &when, const QString &wha
 
 QVector<PageClass> allPageClasses()
 {
-    return bridgePageClasses() + devicePageClasses();
+    return bridgePageClasses() + recordPageClasses() + devicePageClasses();
 }

@@ -44,6 +44,7 @@ struct PageClass
 // The classes of each layer. A new class is added to the list of its layer.
 
 QVector<PageClass> bridgePageClasses();
+QVector<PageClass> recordPageClasses();
 QVector<PageClass> devicePageClasses();
 
 /// All of them.
