@@ -4,6 +4,7 @@
 #include "bridge/page/PageHandlers.h"
 #include "foundation/Keys.h"
 
+#include <QPointer>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWebFrame>
@@ -44,6 +45,22 @@ void GUI_PageDialog::loadPage(const QString &url)
     connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this,
             &GUI_PageDialog::populateJavaScriptWindowObject);
     m_webView->load(QUrl(url));
+}
+
+void GUI_PageDialog::acceptAndClose()
+{
+    QPointer<GUI_PageDialog> self(this);
+    accept();
+    if (self)
+        close();
+}
+
+void GUI_PageDialog::rejectAndClose()
+{
+    QPointer<GUI_PageDialog> self(this);
+    reject();
+    if (self)
+        close();
 }
 
 QString GUI_PageDialog::style()

@@ -35,6 +35,11 @@ protected:
     /// Loads the page. From here on its handlers of the dialog's signals cannot harm the process.
     void loadPage(const QString &url);
 
+    /// Ends the dialog, then closes what has been hidden so: it leaves the line in the log that
+    /// every closed dialog leaves. Whoever waits for the end may delete the dialog.
+    void acceptAndClose();
+    void rejectAndClose();
+
     /// "light" or "dark", as it is stored; "light" without one, and when the host fails.
     QString style();
 

@@ -9,6 +9,7 @@
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
 #include "record/format/GUI_ShutterSpeedFormatDialog.h"
+#include "record/timecode/GUI_TimeCodeCustomDialog.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/MemoryUse.h"
 #include "tests/support/ObjectCount.h"
@@ -52,8 +53,8 @@ const QString Connect = QStringLiteral(
     "bridge.rejected.connect(function () {}); bridge.update.connect(function () {})");
 
 // Opened by exec() as a slot opens it, closed by its page.
-void execAndClose(GUI_WebViewDialog &dialog, const QString &way,
-                  const QString &connecting = Connect)
+template <class Dialog>
+void execAndClose(Dialog &dialog, const QString &way, const QString &connecting = Connect)
 {
     PageProbe page(dialog.webView());
     QObject::connect(dialog.webView(), &QWebView::loadFinished, &dialog, [&] {
@@ -270,6 +271,10 @@ void TestDialogGrowth::nothingGrows_data()
     QTest::newRow("record rate format") << formatCycle<GUI_RecordRateFormatDialog>(".cancel()");
     QTest::newRow("recording time format") << formatCycle<GUI_RectimeFormatDialog>(".cancel()");
     QTest::newRow("shutter speed format") << formatCycle<GUI_ShutterSpeedFormatDialog>("");
+    QTest::newRow("time code") << Cycle([](StandInHost &host) {
+        GUI_TimeCodeCustomDialog dialog(&host, nullptr);
+        execAndClose(dialog, QStringLiteral("timecode_custom_mediator.ok()"), QString());
+    });
     QTest::newRow("plain dialog") << nativeCycle<GUI_Dialog>();
     QTest::newRow("progress") << nativeCycle<GUI_ProgressDialog>();
     QTest::newRow("marquee progress") << nativeCycle<GUI_MarqueeProgressDialog>();

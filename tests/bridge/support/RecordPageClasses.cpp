@@ -6,17 +6,26 @@
 #include "record/format/JS_Mediator_RecordRateFormatDialog.h"
 #include "record/format/JS_Mediator_RectimeFormatDialog.h"
 #include "record/format/JS_Mediator_ShutterSpeedFormatDialog.h"
+#include "record/timecode/GUI_TimeCodeCustomDialog.h"
 #include "tests/bridge/support/FaultMatrix.h"
 
 // The classes of record/.
 
 namespace {
 
+template <class Class> QObject *make(StandInHost &host)
+{
+    return new Class(&host);
+}
+
+QObject *makeTimeCodeDialog(StandInHost &host)
+{
+    return new GUI_TimeCodeCustomDialog(&host, nullptr);
+}
+
 template <class Class> PageClass ofHost()
 {
-    return {&Class::staticMetaObject,
-            [](StandInHost &host) -> QObject * { return new Class(&host); },
-            {}};
+    return {&Class::staticMetaObject, make<Class>, {}};
 }
 
 }
@@ -24,9 +33,14 @@ template <class Class> PageClass ofHost()
 QVector<PageClass> recordPageClasses()
 {
     return {
-        ofHost<GUI_FrameFormatDialog>(),           ofHost<GUI_RecordRateFormatDialog>(),
-        ofHost<GUI_RectimeFormatDialog>(),         ofHost<GUI_ShutterSpeedFormatDialog>(),
-        ofHost<JS_Mediator_FrameFormatDialog>(),   ofHost<JS_Mediator_RecordRateFormatDialog>(),
-        ofHost<JS_Mediator_RectimeFormatDialog>(), ofHost<JS_Mediator_ShutterSpeedFormatDialog>(),
+        {&GUI_TimeCodeCustomDialog::staticMetaObject, makeTimeCodeDialog, {}},
+        ofHost<GUI_FrameFormatDialog>(),
+        ofHost<GUI_RecordRateFormatDialog>(),
+        ofHost<GUI_RectimeFormatDialog>(),
+        ofHost<GUI_ShutterSpeedFormatDialog>(),
+        ofHost<JS_Mediator_FrameFormatDialog>(),
+        ofHost<JS_Mediator_RecordRateFormatDialog>(),
+        ofHost<JS_Mediator_RectimeFormatDialog>(),
+        ofHost<JS_Mediator_ShutterSpeedFormatDialog>(),
     };
 }
