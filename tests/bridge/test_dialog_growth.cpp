@@ -5,6 +5,7 @@
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "plugin/PLG_Common.h"
+#include "record/comment/GUI_CommentDialog.h"
 #include "record/format/GUI_FrameFormatDialog.h"
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
@@ -271,6 +272,10 @@ void TestDialogGrowth::nothingGrows_data()
     QTest::newRow("record rate format") << formatCycle<GUI_RecordRateFormatDialog>(".cancel()");
     QTest::newRow("recording time format") << formatCycle<GUI_RectimeFormatDialog>(".cancel()");
     QTest::newRow("shutter speed format") << formatCycle<GUI_ShutterSpeedFormatDialog>("");
+    QTest::newRow("comments") << Cycle([](StandInHost &host) {
+        GUI_CommentDialog dialog(&host);
+        execAndClose(dialog, QStringLiteral("comment_mediator.comment_ok()"), QString());
+    });
     QTest::newRow("time code") << Cycle([](StandInHost &host) {
         GUI_TimeCodeCustomDialog dialog(&host, nullptr);
         execAndClose(dialog, QStringLiteral("timecode_custom_mediator.ok()"), QString());

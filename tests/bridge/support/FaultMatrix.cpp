@@ -44,11 +44,16 @@ QVariant plainValue(int type)
         return QVariantMap({{QStringLiteral("a"), 1}});
     case QMetaType::QPoint:
         return QPoint(3, 4);
+    case QMetaType::QSize:
+        return QSize(3, 4);
     case QMetaType::QObjectStar:
         return QVariant::fromValue<QObject *>(nullptr);
     default:
-        return QVariant();
+        break;
     }
+    if (type == qMetaTypeId<QList<int>>())
+        return QVariant::fromValue(QList<int>{1, 2});
+    return QVariant();
 }
 
 QByteArray bare(QByteArray type)

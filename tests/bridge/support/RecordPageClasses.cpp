@@ -1,3 +1,4 @@
+#include "record/comment/GUI_CommentDialog.h"
 #include "record/format/GUI_FrameFormatDialog.h"
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
@@ -33,6 +34,7 @@ template <class Class> PageClass ofHost()
 QVector<PageClass> recordPageClasses()
 {
     return {
+        ofHost<GUI_CommentDialog>(),
         {&GUI_TimeCodeCustomDialog::staticMetaObject, makeTimeCodeDialog, {}},
         ofHost<GUI_FrameFormatDialog>(),
         ofHost<GUI_RecordRateFormatDialog>(),
