@@ -86,6 +86,8 @@ void TestTimeCode::numbersAreScaled_data()
     QTest::newRow("far above") << 1e300 << Most;
     QTest::newRow("far below") << -1e300 << Least;
     QTest::newRow("overflows") << 1.7e308 << Most;
+    QTest::newRow("just above a half") << 0.000252 << qint64(3);
+    QTest::newRow("one more than 64 bits") << 922337203685477.5808 << Most;
     QTest::newRow("just above") << 922337203685477.7 << Most;
 }
 
@@ -313,6 +315,8 @@ void TestTimeCode::numberOfFramesIsKeptInItsLimits_data()
                                       << "007.50";
     QTest::newRow("most") << "99999"
                           << "99999";
+    QTest::newRow("most, as it is written") << "99999.0"
+                                            << "99999.0";
     QTest::newRow("fraction above the most") << "99999.5"
                                              << "99999";
     QTest::newRow("above the most") << "100000"
