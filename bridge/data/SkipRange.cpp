@@ -9,21 +9,21 @@ namespace {
 constexpr uint NoFrames = ~0u;
 constexpr uint Digits = 5;
 
-void addSelectableValues(SkipRange &range)
+// The maximum ends the list, so it is never the one that is left out.
+void addSelectableValues(SkipRange &range, int most)
 {
     if (!(range.minimum > 0.0))
         return;
     for (int i = 1;; ++i) {
         const double value = UTL::roundDigits(i * range.minimum, Digits);
-        if (value > range.maximum)
+        if (value >= range.maximum)
             break;
-        range.cut = i > MostSkipValues;
+        range.cut = range.values.size() == most;
         if (range.cut)
             break;
         range.values.append(value);
     }
-    if (!std::binary_search(range.values.cbegin(), range.values.cend(), range.maximum))
-        range.values.append(range.maximum);
+    range.values.append(range.maximum);
 }
 
 }
@@ -49,7 +49,7 @@ SkipRange SkipSource::inFrames(const SkipRange &previous) const
     return range;
 }
 
-SkipRange SkipSource::inMilliseconds(const SkipRange &previous) const
+SkipRange SkipSource::inMilliseconds(const SkipRange &previous, int most) const
 {
     uint divisor = 0;
     for (uint rate : m_rates)
@@ -63,13 +63,13 @@ SkipRange SkipSource::inMilliseconds(const SkipRange &previous) const
     if (divisor == previous.rateDivisor)
         range.values = previous.values;
     if (range.values.isEmpty())
-        addSelectableValues(range);
+        addSelectableValues(range, most);
     return range;
 }
 
 double clampedSkipValue(const SkipRange &range, double value)
 {
-    if (range.minimum > value)
+    if (value < range.minimum)
         return range.minimum;
-    return value > range.maximum ? range.maximum : value;
+    return std::min(value, range.maximum);
 }

@@ -2,7 +2,7 @@
 
 #include <QList>
 
-/// How many values a list of skip values holds at most, before the maximum at its end.
+/// How many values a list of skip values holds at most before the maximum, which ends it.
 constexpr int MostSkipValues = 10'000'000;
 
 /// The range of skip values that a page offers: every n-th frame, or every n milliseconds.
@@ -12,7 +12,7 @@ struct SkipRange
     double maximum = 1.0;
     uint rateDivisor = 0; ///< greatest common divisor of the record rates; milliseconds only
     QList<double> values; ///< selectable values, ascending; milliseconds only
-    bool cut = false;     ///< `values` were made just now and end at MostSkipValues, then `maximum`
+    bool cut = false;     ///< `values` were made just now and lack some before `maximum`
 };
 
 /// What the selected partitions tell: their smallest frame count and their record rates.
@@ -33,8 +33,8 @@ public:
 
     /// Range in milliseconds, from the time of one frame at the rates' common divisor. Values that
     /// `previous` holds stay as they are while the divisor is the same. Where the time of one frame
-    /// rounds to 0 there are no values. There is one a frame, so a list ends at MostSkipValues.
-    SkipRange inMilliseconds(const SkipRange &previous) const;
+    /// rounds to 0 there are no values. There is one a frame, so a list ends behind `most` of them.
+    SkipRange inMilliseconds(const SkipRange &previous, int most = MostSkipValues) const;
 
 private:
     uint m_frames = ~0u;

@@ -26,10 +26,12 @@ private slots:
     void framesKeepListAndDivisor();
     void emptyPartitionsLeaveOneValue();
     void maximumEndsTheList();
-    void listEndsAtTenMillionValues_data();
-    void listEndsAtTenMillionValues();
+    void listEndsBehindSoManyValues_data();
+    void listEndsBehindSoManyValues();
+    void listOfTheLongestRecordingEnds();
     void listThatEndsEarlyIsToldOnce();
     void oneFrameThatRoundsToNothingGivesNoList();
+    void noRatesCountMilliseconds();
     void valueIsMovedIntoTheRange_data();
     void valueIsMovedIntoTheRange();
     void lowerBoundWins();
@@ -306,32 +308,45 @@ void TestSkipRange::maximumEndsTheList()
     QCOMPARE(longer.inMilliseconds(range).values, range.values);
 }
 
-void TestSkipRange::listEndsAtTenMillionValues_data()
+void TestSkipRange::listEndsBehindSoManyValues_data()
 {
     QTest::addColumn<uint>("frames");
     QTest::addColumn<bool>("cut");
-    QTest::addColumn<int>("values");
-    QTest::addColumn<double>("lastButOne");
-    QTest::addColumn<double>("last");
-    QTest::newRow("just fits") << 10000000u << false << 10000000 << 9999.999 << 10000.0;
-    QTest::newRow("one too many") << 10000001u << true << 10000001 << 10000.0 << 10000.001;
-    QTest::newRow("longest recording") << 4294967294u << true << 10000001 << 10000.0 << 4294967.294;
+    QTest::addColumn<QList<double>>("values");
+    QTest::newRow("fewer") << 2u << false << QList<double>({0.5, 1.0});
+    QTest::newRow("as many") << 3u << false << QList<double>({0.5, 1.0, 1.5});
+    QTest::newRow("as many and the maximum") << 4u << false << QList<double>({0.5, 1.0, 1.5, 2.0});
+    QTest::newRow("one too many") << 5u << true << QList<double>({0.5, 1.0, 1.5, 2.5});
+    QTest::newRow("many too many") << 100u << true << QList<double>({0.5, 1.0, 1.5, 50.0});
 }
 
-void TestSkipRange::listEndsAtTenMillionValues()
+void TestSkipRange::listEndsBehindSoManyValues()
 {
     QFETCH(uint, frames);
     SkipSource source;
-    source.addRate(1000000); // 0.001 ms a frame
+    source.addRate(2000); // 0.5 ms a frame
     source.addFrames(frames);
-    const SkipRange range = source.inMilliseconds(SkipRange());
+    const SkipRange range = source.inMilliseconds(SkipRange(), 3);
     QTEST(range.cut, "cut");
-    QTEST(range.values.size(), "values");
+    QTEST(range.values, "values");
+    QVERIFY(!source.inMilliseconds(range, 3).cut); // as it was
+    const SkipRange frameRange = source.inFrames(range);
+    QVERIFY(!frameRange.cut);
+    QCOMPARE(frameRange.minimum, 1.0);
+    QCOMPARE(frameRange.maximum, double(frames));
+}
+
+void TestSkipRange::listOfTheLongestRecordingEnds()
+{
+    SkipSource source;
+    source.addRate(1000000); // 0.001 ms a frame
+    source.addFrames(4294967294u);
+    const SkipRange range = source.inMilliseconds(SkipRange());
+    QVERIFY(range.cut);
+    QCOMPARE(range.values.size(), 10000001);
     QCOMPARE(range.values.first(), 0.001);
-    QTEST(range.values[range.values.size() - 2], "lastButOne");
-    QTEST(range.values.last(), "last");
-    QVERIFY(!source.inMilliseconds(range).cut);
-    QVERIFY(!source.inFrames(range).cut);
+    QCOMPARE(range.values[9999999], 10000.0);
+    QCOMPARE(range.values.last(), 4294967.294);
 }
 
 void TestSkipRange::listThatEndsEarlyIsToldOnce()
@@ -357,6 +372,16 @@ void TestSkipRange::oneFrameThatRoundsToNothingGivesNoList()
     QCOMPARE(range.maximum, 0.0);
     QVERIFY(range.values.isEmpty());
     QCOMPARE(range.rateDivisor, 4000000000u);
+}
+
+void TestSkipRange::noRatesCountMilliseconds()
+{
+    SkipSource source;
+    source.addFrames(3);
+    const SkipRange range = source.inMilliseconds(SkipRange());
+    QCOMPARE(range.rateDivisor, 0u);
+    QCOMPARE(range.minimum, 1.0);
+    QCOMPARE(range.values, QList<double>({1.0, 2.0, 3.0}));
 }
 
 void TestSkipRange::valueIsMovedIntoTheRange_data()
