@@ -29,6 +29,7 @@ private slots:
     void showRestoresADialogThatWasHiddenWhileMinimised();
     void dialogThatGoesAtOpenIsNotShown();
     void visibilityWithoutADialogDoesNoHarm();
+    void toolDecidesWhetherItsDialogIsSeen();
     void showPausesAndTakesTheQuickTool();
     void showHoldsTheLiveViewOnceTheDialogIsSeen();
     void plainToolLeavesViewAndQuickToolAlone_data();
@@ -335,6 +336,28 @@ public:
     bool isDialogVisible() override { return true; }
 };
 
+}
+
+void TestPlgDialog::toolDecidesWhetherItsDialogIsSeen()
+{
+    class UnseenTool : public DialogTool
+    {
+    public:
+        using DialogTool::DialogTool;
+        bool isDialogVisible() override { return seen; }
+        bool seen = false;
+    };
+    StandInHost host;
+    UnseenTool tool(&host);
+    tool.ensureDialog(true);
+    tool.showDialog();
+    tool.hideDialog();
+    QVERIFY(tool.dialog()->isVisible());
+    tool.onModeChanged(2);
+    QCOMPARE(tool.dialog()->modes, QList<int>());
+    tool.seen = true;
+    tool.hideDialog();
+    QVERIFY(!tool.dialog()->isVisible());
 }
 
 // A tool may answer for itself whether its dialog is seen.
