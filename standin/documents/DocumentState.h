@@ -77,6 +77,7 @@ struct DocMainState
     bool canDeleteFile = false;
     bool isFileDeleted = false; ///< deleteOwnFile() was called
     QVariantList customInfo;    ///< a QVariantMap for each record
+    QString clearedCustomFlag;  ///< what a flag of a record reads that is not "on"
     QString comment;
     bool isPlaying = false;
     uint fileRecordRate = 0; ///< frames per second, 0 when not known

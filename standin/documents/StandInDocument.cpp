@@ -151,6 +151,20 @@ int StandInDocument::indexOfCustomInfo(const QString &name) const
     return -1;
 }
 
+QVariantMap StandInDocument::customInfoRecord(const QString &name, const QString &value,
+                                              const QString &unit, bool display,
+                                              bool useFileName) const
+{
+    const auto flag = [&](bool on) {
+        return on ? QStringLiteral("on") : m_state.clearedCustomFlag;
+    };
+    return {{QStringLiteral("name"), name},
+            {QStringLiteral("value"), value},
+            {QStringLiteral("unit"), unit},
+            {QStringLiteral("display"), flag(display)},
+            {QStringLiteral("usefilename"), flag(useFileName)}};
+}
+
 bool StandInDocument::isToolOnHere(const QString &tool) const
 {
     const auto own = m_state.toolOn.find(tool);

@@ -109,6 +109,8 @@ protected:
     StandInSlot *slotAt(int slot);
     const StandInData *dataAt(int slot, int index) const;
     int indexOfCustomInfo(const QString &name) const;
+    QVariantMap customInfoRecord(const QString &name, const QString &value, const QString &unit,
+                                 bool display, bool useFileName) const;
     bool isToolOnHere(const QString &tool) const;
     bool isInTransaction(const QString &tool) const;
     bool isSelectedHere() const;

@@ -198,27 +198,13 @@ template <class Contract> void StandInDocumentMain<Contract>::clearCustomInfo()
     notifyInfoChanged();
 }
 
-namespace {
-
-QVariantMap customRecord(const QString &name, const QString &value, const QString &unit,
-                         bool display, bool useFileName)
-{
-    return {{QStringLiteral("name"), name},
-            {QStringLiteral("value"), value},
-            {QStringLiteral("unit"), unit},
-            {QStringLiteral("display"), display},
-            {QStringLiteral("usefilename"), useFileName}};
-}
-
-}
-
 template <class Contract>
 void StandInDocumentMain<Contract>::addCustomInfo(const QString &name, const QString &value,
                                                   const QString &unit, bool display,
                                                   bool useFileName)
 {
     told("addCustomInfo", name, value, unit, display, useFileName);
-    state().customInfo.append(customRecord(name, value, unit, display, useFileName));
+    state().customInfo.append(customInfoRecord(name, value, unit, display, useFileName));
     notifyInfoChanged();
 }
 
@@ -231,7 +217,7 @@ void StandInDocumentMain<Contract>::setCustomInfo(const QString &name, const QSt
     const int index = indexOfCustomInfo(name);
     if (index < 0)
         return;
-    state().customInfo[index] = customRecord(name, value, unit, display, useFileName);
+    state().customInfo[index] = customInfoRecord(name, value, unit, display, useFileName);
     notifyInfoChanged();
 }
 

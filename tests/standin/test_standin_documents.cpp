@@ -30,6 +30,8 @@ private slots:
     void partitions();
     void partitionSelection();
     void customInfo();
+    void customInfoThatIsNotThereChangesNothing();
+    void clearedFlagsOfCustomInfoHaveTheTextOfTheirDocument();
     void namesAndComment();
     void presets();
     void mediaSlots();
@@ -51,6 +53,23 @@ QList<DOCKEY> selected(StandInHost &host, bool inListOrder)
     QList<DOCKEY> keys{77};
     host.selectedDocKeys(keys, inListOrder);
     return keys;
+}
+
+// A line for each record: name, value, unit and both flags. Every value of it is a text.
+QStringList customRecords(DOC_Interface *document)
+{
+    QStringList lines;
+    const QVariantList records = document->customInfoList();
+    for (const QVariant &entry : records) {
+        const QVariantMap record = entry.toMap();
+        QStringList fields;
+        for (const char *field : {"name", "value", "unit", "display", "usefilename"}) {
+            const QVariant value = record.value(field);
+            fields.append(value.type() == QVariant::String ? value.toString() : value.typeName());
+        }
+        lines.append(fields.join('|'));
+    }
+    return lines;
 }
 
 }
@@ -376,25 +395,45 @@ void TestStandInDocuments::customInfo()
     DOC_Interface *doc = host.addCamera();
     doc->addCustomInfo("TestNo", "7", "", true, false);
     doc->addCustomInfo("Mass", "80", "kg", false, true);
-    QCOMPARE(doc->customInfoList().size(), 2);
-    QCOMPARE(doc->customInfoList().at(1).toMap(), QVariantMap({{"name", "Mass"},
-                                                               {"value", "80"},
-                                                               {"unit", "kg"},
-                                                               {"display", false},
-                                                               {"usefilename", true}}));
-    doc->setCustomInfo("Mass", "81", "kg", true, true);
-    QCOMPARE(doc->customInfoList().at(1).toMap().value("value").toString(), QString("81"));
-    QCOMPARE(doc->customInfoList().at(1).toMap().value("display").toBool(), true);
+    QCOMPARE(customRecords(doc),
+             QStringList({"TestNo|7||on|", "Mass|80|kg||on"})); // a cleared flag is empty
+    doc->addCustomInfo("Mass", "2", "t", true, true);           // a second one of this name
+    doc->setCustomInfo("Mass", "81", "g", true, false);
+    QCOMPARE(customRecords(doc), QStringList({"TestNo|7||on|", "Mass|81|g|on|", "Mass|2|t|on|on"}));
     doc->renameCustomInfo("Mass", "Weight");
-    QCOMPARE(doc->customInfoList().at(1).toMap().value("name").toString(), QString("Weight"));
-    doc->setCustomInfo("Mass", "1", "", true, true); // not there any more
-    doc->renameCustomInfo("Mass", "x");
-    doc->removeCustomInfo("Mass");
-    QCOMPARE(doc->customInfoList().size(), 2);
+    QCOMPARE(customRecords(doc),
+             QStringList({"TestNo|7||on|", "Weight|81|g|on|", "Mass|2|t|on|on"}));
     doc->removeCustomInfo("TestNo");
-    QCOMPARE(doc->customInfoList().size(), 1);
+    doc->removeCustomInfo("Mass");
+    QCOMPARE(customRecords(doc), QStringList({"Weight|81|g|on|"}));
     doc->clearCustomInfo();
-    QCOMPARE(doc->customInfoList().size(), 0);
+    QCOMPARE(customRecords(doc), QStringList());
+}
+
+void TestStandInDocuments::customInfoThatIsNotThereChangesNothing()
+{
+    StandInHost host;
+    DOC_Interface *doc = host.addCamera();
+    doc->addCustomInfo("Mass", "80", "kg", true, true);
+    QSignalSpy changes(host.events(), &StandInEvents::documentInfoChanged);
+    for (const QString &name : QStringList{"mass", "", "Mas"}) {
+        doc->setCustomInfo(name, "1", "", false, false);
+        doc->renameCustomInfo(name, "x");
+        doc->removeCustomInfo(name);
+    }
+    QCOMPARE(customRecords(doc), QStringList({"Mass|80|kg|on|on"}));
+    QCOMPARE(changes.size(), 0);
+}
+
+void TestStandInDocuments::clearedFlagsOfCustomInfoHaveTheTextOfTheirDocument()
+{
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    camera->state().clearedCustomFlag = "off";
+    camera->addCustomInfo("TestNo", "7", "", false, true);
+    camera->setCustomInfo("TestNo", "8", "", true, false);
+    camera->addCustomInfo("Mass", "80", "kg", false, false);
+    QCOMPARE(customRecords(camera), QStringList({"TestNo|8||on|off", "Mass|80|kg|off|off"}));
 }
 
 void TestStandInDocuments::namesAndComment()
