@@ -1,3 +1,4 @@
+#include "bridge/dialog/GUI_PageDialog.h"
 #include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
 #include "bridge/page/GUI_WebView.h"
@@ -14,6 +15,24 @@
 
 using namespace PageHand;
 
+/// A dialog that its page works directly.
+class FailingDialog : public GUI_PageDialog
+{
+    Q_OBJECT
+
+public:
+    explicit FailingDialog(StandInHost &host, QWidget *parent)
+        : GUI_PageDialog(&host, "Fails", parent)
+    {
+        loadPage("qrc:/fails_in_handler.html");
+    }
+
+public slots:
+    void populateJavaScriptWindowObject() override { showToPage("failing"); }
+    QString getStyle() { return style(); }
+    QString translate(const QString &text) { return translated(text); }
+};
+
 /// What is told of pages that fail: the pages of the folder failing/.
 class TestPageFailures : public TestBase
 {
@@ -25,6 +44,8 @@ private slots:
     void tellsWhatAScriptThrows_data();
     void tellsWhatAScriptThrows();
     void tellsWhatAHandlerThrowsEachTime();
+    void tellsTheErrorLogOfADialog_data();
+    void tellsTheErrorLogOfADialog();
     void tellsOfAPanelThatIsMissing();
     void tellsOfADialogThatIsMissing();
     void tellsOfAFileThatIsMissing();
@@ -117,6 +138,38 @@ void TestPageFailures::tellsWhatAHandlerThrowsEachTime()
                       Qt::LeftButton);
     QVERIFY(click(dialog.webView(), "#fail"));
     QTRY_COMPARE(notice(), both);
+}
+
+void TestPageFailures::tellsTheErrorLogOfADialog_data()
+{
+    QTest::addColumn<bool>("showsNotices");
+    QTest::newRow("with a notice") << true;
+    QTest::newRow("where nobody shows notices") << false;
+}
+
+// One line of the log each, by the dialog that is the page's object.
+void TestPageFailures::tellsTheErrorLogOfADialog()
+{
+    QFETCH(bool, showsNotices);
+    LogCapture log;
+    FailingDialog dialog(*m_host, m_window.get());
+    if (showsNotices)
+        emit m_host->events()->pageAttached(dialog.webView());
+    dialog.show();
+    QTRY_COMPARE(text(dialog.webView(), "#drawn"), QString("drawn"));
+    QVERIFY(click(dialog.webView(), "#fail"));
+    QCOMPARE(log.texts(QtCriticalMsg),
+             QStringList({"[USER][ERROR] \"Error: in a handler (qrc:/fails_in_handler.js:6)\"",
+                          "[USER][ERROR] \"ReferenceError: Can't find variable: nobody "
+                          "(qrc:/fails_in_handler.js:9)\""}));
+    if (showsNotices) {
+        QTRY_COMPARE(notice(), QString("The page qrc:/fails_in_handler.html failed: "
+                                       "ReferenceError: Can't find variable: nobody "
+                                       "(qrc:/fails_in_handler.js:9) (and 1 more, see the log)"));
+    } else {
+        QTest::qWait(0);
+        QCOMPARE(notice(), QString());
+    }
 }
 
 void TestPageFailures::tellsOfAPanelThatIsMissing()

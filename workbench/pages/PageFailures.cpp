@@ -9,6 +9,18 @@
 
 #include <memory>
 
+namespace {
+
+QString failureText(const QString &page, const QString &what, const QString &file, int line)
+{
+    if (file.isEmpty())
+        return PageFailures::tr("The page %1 failed: %2").arg(page, what);
+    return PageFailures::tr("The page %1 failed: %2 (%3:%4)")
+        .arg(page, what, file, QString::number(line));
+}
+
+}
+
 PageFailures::PageFailures(StandInHost &host, QObject *parent) : PageProof<QObject>(parent)
 {
     connect(host.events(), &StandInEvents::pageAttached, this, &PageFailures::watch);
@@ -17,10 +29,13 @@ PageFailures::PageFailures(StandInHost &host, QObject *parent) : PageProof<QObje
 void PageFailures::scriptFailed(const QString &page, const QString &what, const QString &file,
                                 int line)
 {
-    if (file.isEmpty())
-        tell(tr("The page %1 failed: %2").arg(page, what));
-    else
-        tell(tr("The page %1 failed: %2 (%3:%4)").arg(page, what, file, QString::number(line)));
+    tell(failureText(page, what, file, line));
+}
+
+void PageFailures::scriptFailureIsLogged(const QString &page, const QString &what,
+                                         const QString &file, int line)
+{
+    notice(failureText(page, what, file, line));
 }
 
 void PageFailures::fileIsMissing(const QString &page, const QString &file)
@@ -58,9 +73,14 @@ void PageFailures::watch(GUI_WebView *view)
     });
 }
 
-// A notice moves what is beside it, which may be the page whose script is running.
 void PageFailures::tell(const QString &text)
 {
     qCritical().noquote() << text;
+    notice(text);
+}
+
+// A notice moves what is beside it, which may be the page whose script is running.
+void PageFailures::notice(const QString &text)
+{
     QTimer::singleShot(0, this, [this, text] { emit failed(text); });
 }

@@ -9,7 +9,8 @@ class GUI_WebView;
 class StandInHost;
 
 /// Tells what goes wrong in pages: what their scripts throw, with page, file and line, and what is
-/// missing, a page or a file of it. Each failure is a critical line of the log and a failed().
+/// missing, a page or a file of it. Each failure is a critical line of the log and a failed(); a
+/// dialog that its page works directly leaves the line itself.
 ///
 /// It hears of every page that the host shows a mediator to. Each of them sees it as
 /// `pageFailures`, and tells of its scripts by the script that all pages share. A page that cannot
@@ -30,12 +31,17 @@ public slots:
     /// For pages: `what` was thrown, at a line of a file. Without a file the place is unknown.
     void scriptFailed(const QString &page, const QString &what, const QString &file, int line);
 
+    /// The same, where the page has told the log itself.
+    void scriptFailureIsLogged(const QString &page, const QString &what, const QString &file,
+                               int line);
+
     /// For pages: a script, a style sheet or a picture is not there.
     void fileIsMissing(const QString &page, const QString &file);
 
 private:
     void watch(GUI_WebView *view);
     void tell(const QString &text);
+    void notice(const QString &text);
 
     QSet<const QObject *> m_watched;
 };

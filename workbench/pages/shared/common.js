@@ -7,12 +7,23 @@
 var Page = (function () {
     var page = { bridge: null };
 
-    // Where nobody shows notices, the log alone is told.
+    function has(slot) {
+        return page.bridge !== null && typeof page.bridge[slot] === 'function';
+    }
+
+    // A dialog that its page works directly has an error log of its own. Where nobody shows notices,
+    // the log alone is told.
     function tell(what, file, line) {
-        if (window.pageFailures)
+        var whole = file ? what + ' (' + file + ':' + line + ')' : what;
+        if (!has('errorLog') && has('userOperationErrorLog')) {
+            page.bridge.userOperationErrorLog(whole);
+            if (window.pageFailures)
+                window.pageFailures.scriptFailureIsLogged(location.href, what, file, line);
+        } else if (window.pageFailures) {
             window.pageFailures.scriptFailed(location.href, what, file, line);
-        else if (page.bridge && typeof page.bridge.errorLog === 'function')
-            page.bridge.errorLog(file ? what + ' (' + file + ':' + line + ')' : what);
+        } else if (has('errorLog')) {
+            page.bridge.errorLog(whole);
+        }
     }
 
     function report(error) {
@@ -257,7 +268,7 @@ var Page = (function () {
     // While the user types, the shortcuts of the main window stand aside. A box that hides or goes
     // loses the focus without a word.
     function followTextBoxes() {
-        if (typeof page.bridge.setTextBoxFocusState !== 'function')
+        if (!has('setTextBoxFocusState'))
             return;
         var typing = null;
         function tellTyping(box) {
