@@ -1,3 +1,4 @@
+#include "bridge/dialog/GUI_PageDialog.h"
 #include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
 #include "bridge/mediator/JS_Mediator_Page.h"
@@ -8,6 +9,7 @@
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 #include "workbench/pages/PageDialogs.h"
+#include "workbench/pages/PageEntry.h"
 #include "workbench/tour/PageHand.h"
 
 #include <QApplication>
@@ -55,6 +57,27 @@ bool isChecked(GUI_WebView *view, const QString &id)
 
 }
 
+/// A dialog that its page works directly, with the page of the about box.
+class OwnAboutDialog : public GUI_PageDialog
+{
+    Q_OBJECT
+
+public:
+    explicit OwnAboutDialog(HostServices *host) : GUI_PageDialog(host, "Own", nullptr)
+    {
+        loadPage("qrc:/about.html");
+    }
+
+public slots:
+    void populateJavaScriptWindowObject() override
+    {
+        showToPage("about");
+        showToPage("main");
+    }
+    QString getStyle() { return style(); }
+    QString translate(const QString &text) { return translated(text); }
+};
+
 class TestPageDialogs : public TestBase
 {
     Q_OBJECT
@@ -62,6 +85,7 @@ class TestPageDialogs : public TestBase
 private slots:
     void takesTheStyle_data();
     void takesTheStyle();
+    void takesTheStyleToAnOwnPage();
     void choosesTheStyle();
     void choosesTheUnitSystem();
     void switchesSettings_data();
@@ -121,6 +145,40 @@ void TestPageDialogs::takesTheStyle()
                 true);
         });
     QVERIFY(came);
+}
+
+// Its page hears no signal of a mediator.
+void TestPageDialogs::takesTheStyleToAnOwnPage()
+{
+    StandInHost host;
+    PageDialogs dialogs(host);
+    JS_Mediator_Page commands(&host, "x");
+    PageEntry page;
+    page.mediator = "own";
+    page.make = [](StandInHost &own, const PageEntry &, QWidget *) -> std::unique_ptr<QDialog> {
+        return std::make_unique<OwnAboutDialog>(&own);
+    };
+    QStringList styles;
+    QTimer look;
+    connect(&look, &QTimer::timeout, &look, [&] {
+        auto *dialog = dynamic_cast<OwnAboutDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !isShown(dialog->webView(), "#close"))
+            return;
+        look.stop();
+        for (const char *style : {"light", "dark", "light"}) {
+            host.settings().setValue(Keys::application.style, style);
+            host.updateUI(63, true);
+            const QString expected = QString("dialog ") + style;
+            const auto shown = [&] { return read(dialog->webView(), "document.body.className"); };
+            if (!QTest::qWaitFor([&] { return shown() == expected; }, 1000))
+                break;
+            styles.append(style);
+        }
+        dialog->close();
+    });
+    look.start(5);
+    dialogs.open(page, commands);
+    QCOMPARE(styles, QStringList({"light", "dark", "light"}));
 }
 
 void TestPageDialogs::choosesTheStyle()

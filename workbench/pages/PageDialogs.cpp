@@ -10,6 +10,8 @@
 #include "workbench/pages/PageCatalogue.h"
 #include "workbench/pages/Pages.h"
 
+#include <QWebFrame>
+
 namespace {
 
 /// Sets a flag of the host's state while it lives, and lets panels draw it.
@@ -100,8 +102,17 @@ int PageDialogs::run(const PageEntry &page)
         dialog->setFixedSize(page.size);
     if (auto *view = dialog->findChild<GUI_WebView *>()) {
         view->setAccessibleName(dialog->windowTitle());
-        if (dynamic_cast<GUI_PageDialog *>(dialog.get())) // it shows itself to its page
+        if (dynamic_cast<GUI_PageDialog *>(dialog.get())) { // it shows itself to its page
             emit m_host.events()->pageAttached(view);
+            // It has no signal that says so, and what the user has not stored yet stays.
+            QObject::connect(
+                m_host.events(), &StandInEvents::updated, view,
+                [view] {
+                    view->page()->mainFrame()->evaluateJavaScript(
+                        QStringLiteral("window.Page && Page.bridge && Page.followStyle(); 0"));
+                },
+                Qt::QueuedConnection);
+        }
     }
     auto *shown = dynamic_cast<GUI_WebViewDialog *>(dialog.get());
     if (JS_Mediator *mediator = shown ? shown->mediator() : nullptr) {

@@ -242,6 +242,9 @@ var Page = (function () {
         document.body.classList.add(dark ? 'dark' : 'light');
     }
 
+    // Called where nothing signals to the page.
+    page.followStyle = page.guard(takeStyle);
+
     // Marked texts: data-tr, and data-tr-label for what only screen readers and tips say. They are
     // kept as they were, so that a page can be translated again.
     function translateAll() {
