@@ -26,6 +26,8 @@ TOGETHER_SECONDS = 0.25
 # A change may make a test so much slower before it counts as one that runs for ever.
 PATIENCE = 4.0
 OUTPUT_BYTES = 64 << 20
+# A test may write a file that is too large for what it tests, a runaway one must not fill the disk.
+FILE_BYTES = 512 << 20
 MEMORY_BYTES = 8 << 30
 
 NO_FUNCTIONS = {"", "initTestCase", "cleanupTestCase", "init", "cleanup"}
@@ -135,7 +137,7 @@ class Runner:
 
 def restrict(pid, seconds):
     """Takes from a process what a change may make it waste."""
-    limits = {resource.RLIMIT_CORE: 0, resource.RLIMIT_FSIZE: OUTPUT_BYTES,
+    limits = {resource.RLIMIT_CORE: 0, resource.RLIMIT_FSIZE: FILE_BYTES,
               resource.RLIMIT_AS: MEMORY_BYTES}
     if seconds is not None:
         # Time of the processor: what a busy machine does to the clock says nothing.
