@@ -68,12 +68,12 @@ void GUI_WebViewDialog::done(int result)
 
 void GUI_WebViewDialog::closeEvent(QCloseEvent *event)
 {
-    rejectOnClose(QLatin1String("GUI_WebViewDialog::closeEvent"), event);
+    OperationLogScope trace(QLatin1String("GUI_WebViewDialog::closeEvent"));
+    rejectOnClose(event);
 }
 
-void GUI_WebViewDialog::rejectOnClose(const QString &scope, QCloseEvent *event)
+void GUI_WebViewDialog::rejectOnClose(QCloseEvent *event)
 {
-    OperationLogScope trace(scope);
     QPointer<GUI_WebViewDialog> self(this);
     contained([this] { reject(); });
     if (self && isVisible())

@@ -53,8 +53,8 @@ protected:
 
     void closeEvent(QCloseEvent *event) override;
 
-    /// What every dialog does when its frame is closed: a trace under `scope`, then rejection.
-    void rejectOnClose(const QString &scope, QCloseEvent *event);
+    /// What every dialog does when its frame is closed, inside the trace of its closeEvent().
+    void rejectOnClose(QCloseEvent *event);
 
 private slots:
     void slotRejected();

@@ -10,6 +10,7 @@
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
 #include "record/format/GUI_ShutterSpeedFormatDialog.h"
+#include "record/info/GUI_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/MemoryUse.h"
@@ -179,6 +180,22 @@ template <class Dialog> Cycle formatCycle(const QString &way)
     };
 }
 
+// On a camera that has records, which an end without acceptance may write back.
+Cycle customInfoCycle(const QString &way)
+{
+    return [way](StandInHost &host) {
+        if (host.cameraCount() == 0) {
+            StandInCamera *camera = host.addCamera();
+            camera->state().customInfo = {QVariantMap{{"name", "Speed"}, {"value", "3"}}};
+            host.select(camera->key(), true);
+        }
+        GUI_CustomInfoDialog dialog(&host, nullptr, false);
+        execAndClose(dialog, way.isEmpty() ? way : "CustomInfoDialog" + way,
+                     QStringLiteral("CustomInfoDialog.rejected.connect(function () {});"
+                                    "CustomInfoDialog.getCustomInfo(1)"));
+    };
+}
+
 class DialogTool : public PLG_Common
 {
 public:
@@ -276,6 +293,9 @@ void TestDialogGrowth::nothingGrows_data()
         GUI_CommentDialog dialog(&host);
         execAndClose(dialog, QStringLiteral("comment_mediator.comment_ok()"), QString());
     });
+    for (const char *way : {".accept()", ".reject()", ""})
+        QTest::addRow("custom info, %s", *way ? way + 1 : "closed by its frame")
+            << customInfoCycle(QString::fromLatin1(way));
     QTest::newRow("time code") << Cycle([](StandInHost &host) {
         GUI_TimeCodeCustomDialog dialog(&host, nullptr);
         execAndClose(dialog, QStringLiteral("timecode_custom_mediator.ok()"), QString());

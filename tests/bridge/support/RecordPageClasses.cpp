@@ -1,3 +1,4 @@
+#include "bridge/operation/FileChoice.h"
 #include "record/comment/GUI_CommentDialog.h"
 #include "record/format/GUI_FrameFormatDialog.h"
 #include "record/format/GUI_RecordRateFormatDialog.h"
@@ -7,8 +8,13 @@
 #include "record/format/JS_Mediator_RecordRateFormatDialog.h"
 #include "record/format/JS_Mediator_RectimeFormatDialog.h"
 #include "record/format/JS_Mediator_ShutterSpeedFormatDialog.h"
+#include "record/info/GUI_CustomInfoDialog.h"
+#include "record/info/JS_Mediator_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
 #include "tests/bridge/support/FaultMatrix.h"
+
+#include <QFile>
+#include <QTemporaryDir>
 
 // The classes of record/.
 
@@ -24,6 +30,48 @@ QObject *makeTimeCodeDialog(StandInHost &host)
     return new GUI_TimeCodeCustomDialog(&host, nullptr);
 }
 
+QObject *makeCustomInfoDialog(StandInHost &host)
+{
+    return new GUI_CustomInfoDialog(&host, nullptr, false);
+}
+
+// The user chooses a file that can be read, which saving replaces.
+QObject *makeCustomInfoMediator(StandInHost &host)
+{
+    static const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("job.xml")));
+    if (!file.open(QIODevice::WriteOnly) || file.write("<job><Speed>3</Speed></job>") < 0)
+        qFatal("%s cannot be written", qPrintable(file.fileName()));
+    FileChoice::setAnswer(
+        [path = file.fileName()](const FileChoice::Question &) { return QStringList(path); });
+    return new JS_Mediator_CustomInfoDialog(&host, nullptr, false);
+}
+
+QVector<SlotCase> customInfoCases()
+{
+    const auto recorded = [](FaultScene &scene) {
+        for (DOCKEY key : {1, 2}) {
+            scene.host.camera(key)->state().customInfo = {
+                QVariantMap{{"name", "Speed"}, {"value", "3"}, {"display", "on"}},
+                QVariantMap{{"name", "TestNo"}, {"value", "7"}, {"usefilename", "on"}}};
+        }
+    };
+    const QVariantList both = {1, QStringLiteral("2")};
+    const QVariantMap speed = {{"oldname", "Speed"}, {"name", "Pace"}, {"value", "4"}};
+    const QVariantList customs = {QVariantMap{{"name", "Speed"}, {"selected", true}},
+                                  QVariantMap{{"name", "Comments"}, {"value", "text"}}};
+    return {
+        {"cancel()", {}, recorded},
+        {"getCustomInfo(DOCKEY)", {2}, recorded},
+        {"load(QVariantList)", {QVariant(both)}, recorded},
+        {"deleteCustomData(QVariantList,QVariantList)", {both, customs}, recorded},
+        {"restoreCustomData(QVariantList,QVariantList)", {both, customs}, recorded},
+        {"editCustomData(QVariantList,QVariant)", {both, speed}, recorded},
+        {"addCustomData(QVariantList,QVariant)", {both, speed}, recorded},
+        {"enableCustomData(QVariantList,QVariantList)", {both, customs}, recorded},
+    };
+}
+
 template <class Class> PageClass ofHost()
 {
     return {&Class::staticMetaObject, make<Class>, {}};
@@ -35,11 +83,14 @@ QVector<PageClass> recordPageClasses()
 {
     return {
         ofHost<GUI_CommentDialog>(),
+        {&GUI_CustomInfoDialog::staticMetaObject, makeCustomInfoDialog, {}},
         {&GUI_TimeCodeCustomDialog::staticMetaObject, makeTimeCodeDialog, {}},
         ofHost<GUI_FrameFormatDialog>(),
         ofHost<GUI_RecordRateFormatDialog>(),
         ofHost<GUI_RectimeFormatDialog>(),
         ofHost<GUI_ShutterSpeedFormatDialog>(),
+        {&JS_Mediator_CustomInfoDialog::staticMetaObject, makeCustomInfoMediator,
+         customInfoCases()},
         ofHost<JS_Mediator_FrameFormatDialog>(),
         ofHost<JS_Mediator_RecordRateFormatDialog>(),
         ofHost<JS_Mediator_RectimeFormatDialog>(),
