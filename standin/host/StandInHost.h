@@ -519,6 +519,8 @@ private:
     void checkKey(const QString &key) const;
     QVariant pref(const QString &key, const QVariant &defaultValue) const;
     void storePref(const QString &key, const QVariant &value);
+    void storePrefs(const QMap<QString, QVariant> &values);
+    QString translation(const QString &text) const;
 
     DOC_Interface *contractOf(DOCKEY key) const;
     template <class Document> Document *addDocument(std::unique_ptr<Document> document);

@@ -259,8 +259,18 @@ QList<DOCKEY> StandInHost::openedDocumentKeys()
 
 void StandInHost::targetDocKeys(QList<DOCKEY> &out, bool flag, int number)
 {
-    const bool empty = asked("targetDocKeys", flag, number).empty;
-    out = empty ? QList<DOCKEY>() : m_state.targetKeys;
+    out.clear();
+    if (asked("targetDocKeys", flag, number).empty)
+        return;
+    if (m_state.targetKeys) {
+        out = *m_state.targetKeys;
+        return;
+    }
+    const QList<DOCKEY> selected = selection();
+    for (DOCKEY key : m_documents.keys()) {
+        if (key == currentKey() || selected.contains(key))
+            out.append(key);
+    }
 }
 
 DOCKEY StandInHost::documentKeyOf(DOC_Interface *doc)

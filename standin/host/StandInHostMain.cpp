@@ -7,9 +7,11 @@
 #include "foundation/InfoItems.h"
 #include "foundation/exceptions/APP_Exception.h"
 #include "standin/host/WaitDialog.h"
+#include "standin/settings/TimeCodeSetting.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QFontDatabase>
 #include <QMessageBox>
 #include <QPointer>
 #include <QWebFrame>
@@ -251,6 +253,11 @@ bool StandInHost::confirm(const QString &text, QWidget *parent, const QVariantMa
 QString StandInHost::translate(const QString &text)
 {
     asked("translate", text);
+    return translation(text);
+}
+
+QString StandInHost::translation(const QString &text) const
+{
     const auto own = m_state.translations.find(text);
     return own != m_state.translations.end()
                ? *own
@@ -380,10 +387,18 @@ QVariant StandInHost::pref(const QString &key, const QVariant &defaultValue) con
 
 void StandInHost::storePref(const QString &key, const QVariant &value)
 {
-    checkKey(key);
-    if (!m_settings->setValue(key, value))
+    storePrefs({{key, value}});
+}
+
+void StandInHost::storePrefs(const QMap<QString, QVariant> &values)
+{
+    const QStringList keys = values.keys();
+    for (const QString &key : keys)
+        checkKey(key);
+    if (!m_settings->setValues(values))
         throw APP_Exception(notStored(), 0);
-    emit m_events.settingChanged(key);
+    for (const QString &key : keys)
+        emit m_events.settingChanged(key);
 }
 
 QVariant StandInHost::getPref(const QString &key, const QVariant &defaultValue)
@@ -533,14 +548,16 @@ QString StandInHost::infoItemLabel(const QString &id)
         return *own;
     for (const InfoItem &item : infoItems) {
         if (!item.label.isEmpty() && item.key == id)
-            return item.label;
+            return translation(item.label);
     }
     return id;
 }
 
 QStringList StandInHost::fontFamilyList()
 {
-    return asked("fontFamilyList").empty ? QStringList() : m_state.fontFamilies;
+    if (asked("fontFamilyList").empty)
+        return QStringList();
+    return m_state.fontFamilies.value_or(QFontDatabase().families());
 }
 
 void StandInHost::applyOutputFontName(const QString &fontName, int group)
@@ -558,14 +575,13 @@ QString StandInHost::hostVersionText()
 void StandInHost::getTimeCodeSetting(TimeCodeRecord &out)
 {
     asked("getTimeCodeSetting");
-    if (m_state.timeCode)
-        out = *m_state.timeCode;
+    TimeCodeSetting::read(*m_settings, out);
 }
 
 void StandInHost::setTimeCodeSetting(const TimeCodeRecord &record)
 {
     told("setTimeCodeSetting", record);
-    m_state.timeCode = record;
+    storePrefs(TimeCodeSetting::values(record));
 }
 
 bool StandInHost::isConverting()

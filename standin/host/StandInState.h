@@ -34,12 +34,12 @@ struct HostMainState
     bool supportFileSucceeds = true;
     bool isTrelvikWindowShown = false;
     SupportSnapshot supportSnapshot;
-    QHash<QString, QString> translations;   ///< source text, translated text
-    QHash<QString, QString> infoItemLabels; ///< by id; others have the label of the item table
-    QStringList fontFamilies{QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif")};
-    QHash<int, QString> outputFontNames; ///< by group offset minus one
+    QHash<QString, QString> translations; ///< source text, translated text
+    QHash<QString, QString>
+        infoItemLabels; ///< by id, as they are; others have the translated label of the item table
+    std::optional<QStringList> fontFamilies; ///< none: those that are installed
+    QHash<int, QString> outputFontNames;     ///< by group offset minus one
     QString hostVersion = QStringLiteral("1.0.0");
-    std::optional<TimeCodeRecord> timeCode; ///< none: nothing stored
     bool isConverting = false;
     bool isPartitionSelectionAuto = false;
     bool isCycleView = false;
@@ -75,8 +75,8 @@ struct HostDocumentsState
     bool isWaveDataAcquisition = false;
     QList<DOCKEY> temporaryKeys;
     QList<DOCKEY> openedKeys;
-    QList<DOCKEY> targetKeys;
-    QList<SavedRecord> savedRecords; ///< those with a copy
+    std::optional<QList<DOCKEY>> targetKeys; ///< none: the current document and the selection
+    QList<SavedRecord> savedRecords;         ///< those with a copy
     bool hasWaveformData = false;
 };
 

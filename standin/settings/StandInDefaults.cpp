@@ -2,6 +2,7 @@
 
 #include "foundation/InfoItems.h"
 #include "foundation/Keys.h"
+#include "standin/settings/TimeCodeSetting.h"
 
 #include <QMap>
 #include <QSize>
@@ -99,9 +100,13 @@ template <class Offered> QString displayText(Offered offered)
     return entries.join(QLatin1Char(','));
 }
 
-QString saveInfoDisplay()
+// Of the groups only the first has its ticks: what all show would stand there seven times.
+QString saveInfoDisplay(int group)
 {
-    return displayText([](const InfoItem &item) { return item.usable[InfoItem::SaveForm]; });
+    const QString text =
+        displayText([](const InfoItem &item) { return item.usable[InfoItem::SaveForm]; });
+    return group == 0 ? text
+                      : QString(text).replace(QLatin1String(":true"), QLatin1String(":false"));
 }
 
 void addExport(Catalogue &catalogue)
@@ -150,16 +155,17 @@ void addSaveInformation(Catalogue &catalogue)
         catalogue.add(keys.alignment + offset, QStringLiteral("0"));
         catalogue.add(keys.backgroundColor + offset, QStringLiteral("#000000"));
         catalogue.add(keys.bold + offset, false);
-        catalogue.add(keys.columnNum + offset, QStringLiteral("2"));
+        catalogue.add(keys.columnNum + offset,
+                      group == 0 ? QStringLiteral("3") : QStringLiteral("2"));
         catalogue.add(keys.columnSpacing + offset, 10);
-        catalogue.add(keys.display + offset, saveInfoDisplay());
+        catalogue.add(keys.display + offset, saveInfoDisplay(group));
         catalogue.add(keys.fixedFontSizeRatio + offset, false);
         catalogue.add(keys.fixedFontSizeRatioBaseResolution + offset, QSize(-1, -1));
         catalogue.add(keys.fontName + offset, OverlayFont);
         catalogue.add(keys.fontSize + offset, QStringLiteral("12"));
         catalogue.add(keys.foregroundColor + offset, QStringLiteral("#ffffff"));
         catalogue.add(keys.italic + offset, false);
-        catalogue.add(keys.toColumn + offset, false);
+        catalogue.add(keys.toColumn + offset, group == 0);
         catalogue.add(keys.useBackgroundColor + offset, false);
         catalogue.add(keys.width + offset, QStringLiteral("200"));
     }
@@ -171,11 +177,18 @@ void addDisplay(Catalogue &catalogue)
     catalogue.add(keys.displayWithRealBitDepth, false);
     catalogue.add(keys.frameInsertDelimiter, false);
     catalogue.add(keys.language, QStringLiteral("en"));
-    catalogue.add(keys.outputLanguage, QStringLiteral("en"));
+    catalogue.add(keys.outputLanguage, 0);
     catalogue.add(keys.recordRateInsertDelimiter, false);
     catalogue.add(keys.shutterSpeed, 0);
     catalogue.add(keys.shutterSpeedInsertDelimiter, false);
     catalogue.add(keys.shutterSpeedUnit, 0);
+}
+
+void addTimeCode(Catalogue &catalogue)
+{
+    const QMap<QString, QVariant> fields = TimeCodeSetting::values(TimeCodeRecord());
+    for (auto field = fields.cbegin(); field != fields.cend(); ++field)
+        catalogue.add(field.key(), *field);
 }
 
 void addCameras(Catalogue &catalogue)
@@ -220,6 +233,7 @@ const QMap<QString, QVariant> &catalogue()
         addInformation(all);
         addSaveInformation(all);
         addDisplay(all);
+        addTimeCode(all);
         addCameras(all);
         addApplication(all);
         return all.values;

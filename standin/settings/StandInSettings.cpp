@@ -80,8 +80,14 @@ bool StandInSettings::take(const QMap<QString, QVariant> &values)
 
 bool StandInSettings::setValue(const QString &key, const QVariant &value)
 {
+    return setValues({{key, value}});
+}
+
+bool StandInSettings::setValues(const QMap<QString, QVariant> &changed)
+{
     QMap<QString, QVariant> values = m_values;
-    values.insert(key, value);
+    for (auto entry = changed.cbegin(); entry != changed.cend(); ++entry)
+        values.insert(entry.key(), *entry);
     return take(values);
 }
 

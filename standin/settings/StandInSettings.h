@@ -34,6 +34,9 @@ public:
     /// value stays what it was.
     bool setValue(const QString &key, const QVariant &value);
 
+    /// Stores many values by their keys, in one write; false as above, and then none is stored.
+    bool setValues(const QMap<QString, QVariant> &changed);
+
     /// Deletes the stored value, so that the default shows again; false as above.
     bool remove(const QString &key);
 

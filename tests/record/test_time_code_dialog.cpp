@@ -1,6 +1,7 @@
 #include "bridge/page/GUI_WebView.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
 #include "standin/host/StandInHost.h"
+#include "standin/settings/TimeCodeSetting.h"
 #include "tests/bridge/support/PageProbe.h"
 #include "tests/support/TestLog.h"
 
@@ -75,6 +76,11 @@ TimeCodeRecord degrees()
     record.reset = true;
     record.resetValue = 5.0;
     return record;
+}
+
+void store(StandInHost &host, const TimeCodeRecord &record)
+{
+    QVERIFY(host.settings().setValues(TimeCodeSetting::values(record)));
 }
 
 }
@@ -252,7 +258,7 @@ void TestTimeCodeDialog::resetValueIsSnapped()
 void TestTimeCodeDialog::settingsAreLoaded()
 {
     Shown shown;
-    shown.host.state().timeCode = degrees();
+    store(shown.host, degrees());
     shown.call("loadTimeCodeSetting()");
     QCOMPARE(shown.host.journal(), QStringList({"getTimeCodeSetting()"}));
     QCOMPARE(shown.call("getTimeCodeOneFrame()"), QStringLiteral("\"2.0000\""));
@@ -284,7 +290,7 @@ void TestTimeCodeDialog::failedLoadChangesNothing()
 void TestTimeCodeDialog::resetTouchesNothingOfTheHost()
 {
     Shown shown;
-    shown.host.state().timeCode = degrees();
+    store(shown.host, degrees());
     shown.call("loadTimeCodeSetting()");
     shown.host.clearJournal();
     shown.call("reset()");
@@ -308,7 +314,7 @@ void TestTimeCodeDialog::wholeStory()
 {
     QFETCH(QString, way);
     StandInHost host;
-    host.state().timeCode = degrees();
+    store(host, degrees());
     LogCapture log;
     {
         GUI_TimeCodeCustomDialog dialog(&host, nullptr);
@@ -373,7 +379,7 @@ void TestTimeCodeDialog::frameStoresNothing()
     QVERIFY(shown.dialog->close());
     QCOMPARE(shown.dialog->result(), int(QDialog::Rejected));
     QCOMPARE(shown.host.journal(), QStringList());
-    QVERIFY(!shown.host.state().timeCode);
+    QCOMPARE(shown.host.settings().keys(), QStringList());
 }
 
 void TestTimeCodeDialog::escapeIsIgnored()

@@ -17,6 +17,7 @@ private slots:
     void selectionKeepsItsOrder();
     void selectDocsTakesJustThese();
     void unselectTakesOut();
+    void targetsAreTheCurrentOneAndTheSelection();
     void selectAllLeavesOutWhatCannotBeSelected();
     void documentsTellOfTheirSelection();
     void closingTheCurrentOneChoosesAnother();
@@ -164,6 +165,30 @@ void TestStandInDocuments::selectDocsTakesJustThese()
     host.selectDocs({}, false);
     QCOMPARE(selected(host, false), QList<DOCKEY>());
     QCOMPARE(host.currentDocKey(), DOCKEY(3));
+}
+
+void TestStandInDocuments::targetsAreTheCurrentOneAndTheSelection()
+{
+    StandInHost host;
+    QList<DOCKEY> keys{77};
+    host.targetDocKeys(keys, true, 0);
+    QCOMPARE(keys, QList<DOCKEY>());
+    for (int i = 0; i < 4; ++i)
+        host.addCamera();
+    host.selectDocs({}, false);
+    host.setCurrentDoc(1, true);
+    host.targetDocKeys(keys, true, 0);
+    QCOMPARE(keys, QList<DOCKEY>({1})); // the current one, though not selected
+    host.selectDocs({4, 2}, false);
+    host.setCurrentDoc(1, true);
+    host.targetDocKeys(keys, true, 0);
+    QCOMPARE(keys, QList<DOCKEY>({1, 2, 4})); // in the order of the list
+    host.setCurrentDoc(4, true);
+    host.targetDocKeys(keys, true, 0);
+    QCOMPARE(keys, QList<DOCKEY>({2, 4}));
+    host.answerEmptyOn("targetDocKeys");
+    host.targetDocKeys(keys, true, 0);
+    QCOMPARE(keys, QList<DOCKEY>());
 }
 
 void TestStandInDocuments::unselectTakesOut()

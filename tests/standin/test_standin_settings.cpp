@@ -1,5 +1,6 @@
 #include "foundation/InfoItems.h"
 #include "foundation/Keys.h"
+#include "foundation/exceptions/APP_Exception.h"
 #include "standin/host/StandInHost.h"
 #include "standin/settings/StandInDefaults.h"
 #include "tests/support/TestLog.h"
@@ -43,7 +44,11 @@ private slots:
     void defaultOfEveryKey();
     void defaultsThatOthersRelyOn();
     void informationDisplayFollowsTheTable();
+    void oneGroupOfTheSavedInformationIsTicked();
     void timeCodeKeepsWhatIsNotStored();
+    void timeCodeIsStoredFieldByField();
+    void timeCodeThatIsNoNumberIsZero();
+    void timeCodeThatCannotBeStoredIsTold();
 };
 
 namespace {
@@ -374,7 +379,7 @@ void TestStandInSettings::catalogueKnowsEveryKey()
     QFile list(QStringLiteral(SETTINGS_KEYS));
     QVERIFY(list.open(QIODevice::ReadOnly | QIODevice::Text));
     const QStringList keys = QString::fromUtf8(list.readAll()).split('\n', Qt::SkipEmptyParts);
-    QCOMPARE(keys.size(), 258);
+    QCOMPARE(keys.size(), 270);
     QStringList unknown;
     for (const QString &key : keys) {
         if (!StandInDefaults::isKnown(key))
@@ -410,7 +415,7 @@ void TestStandInSettings::defaultsThatOthersRelyOn()
         {"customize/unitSystem", 1},
         {"devicemanager/connectedCameraOnlyShowing", false},
         {"display/language", "en"},
-        {"display/outputLanguage", "en"},
+        {"display/outputLanguage", 0},
         {"display/DisplayWithRealBitDepth", false},
         {"env/style", "light"},
         {"export/filenameaddnumbersessionnodigits", 4},
@@ -463,6 +468,19 @@ void TestStandInSettings::informationDisplayFollowsTheTable()
     QVERIFY(!saved.contains("<hr>"));
 }
 
+void TestStandInSettings::oneGroupOfTheSavedInformationIsTicked()
+{
+    StandInHost host;
+    const QString first = host.prefDefault("saveinfo/display0").toString();
+    QVERIFY(first.contains(":true"));
+    QVERIFY(first.contains("Date:false"));
+    for (int group = 1; group < 7; ++group) {
+        const QString text =
+            host.prefDefault("saveinfo/display" + QString::number(group)).toString();
+        QCOMPARE(text, QString(first).replace(":true", ":false")); // all items, none ticked
+    }
+}
+
 void TestStandInSettings::timeCodeKeepsWhatIsNotStored()
 {
     StandInHost host;
@@ -470,12 +488,79 @@ void TestStandInSettings::timeCodeKeepsWhatIsNotStored()
     record.displayUnit = "rad";
     host.getTimeCodeSetting(record);
     QCOMPARE(record.displayUnit, QString("rad"));
-    record.oneFrame = 1.5;
-    host.setTimeCodeSetting(record);
+    QVERIFY(host.settings().setValue("timecode/oneframe", 1.5));
+    host.getTimeCodeSetting(record);
+    QCOMPARE(record.displayUnit, QString("rad"));
+    QCOMPARE(record.oneFrame, 1.5);
+}
+
+void TestStandInSettings::timeCodeIsStoredFieldByField()
+{
+    TimeCodeRecord record;
+    record.timeCodeIndex = 1;
+    record.displayUnit = "5"; // a text, though it looks like a number
+    record.oneFrame = -0.1;
+    record.startValue = 720.0;
+    record.reset = true;
+    record.resetValue = 1e-7;
+    record.scopeDisplayIndex = 3;
+    record.decimalPlaceIndex = 6;
+    record.decimalDivide = true;
+    record.usingRihFileInfo = false;
+    record.overWrite = true;
+    record.realTime = true;
+    const QVector<QPair<QString, QVariant>> fields{
+        {"timecode/timecode", 1},         {"timecode/displayunit", "5"},
+        {"timecode/oneframe", -0.1},      {"timecode/startvalue", 720.0},
+        {"timecode/reset", true},         {"timecode/resetvalue", 1e-7},
+        {"timecode/scopedisplay", 3},     {"timecode/decimalplace", 6},
+        {"timecode/decimaldivide", true}, {"timecode/usingrih", false},
+        {"timecode/overwrite", true},     {"timecode/realtime", true}};
+
+    QTemporaryDir dir;
+    const QString file = dir.filePath("settings.ini");
+    {
+        StandInHost host(file);
+        QStringList changed;
+        connect(host.events(), &StandInEvents::settingChanged, this,
+                [&](const QString &key) { changed.append(key); });
+        host.setTimeCodeSetting(record);
+        QStringList keys;
+        for (const auto &field : fields) {
+            keys.append(field.first);
+            QCOMPARE(typed(host.getPref(field.first, QVariant())), typed(field.second));
+        }
+        keys.sort();
+        QCOMPARE(host.settings().keys(), keys);
+        QCOMPARE(changed, keys);
+    }
+    StandInHost again(file);
+    for (const auto &field : fields)
+        QCOMPARE(typed(again.getPref(field.first, QVariant())), typed(field.second));
     TimeCodeRecord read;
-    host.getTimeCodeSetting(read);
-    QCOMPARE(read.displayUnit, QString("rad"));
-    QCOMPARE(read.oneFrame, 1.5);
+    again.getTimeCodeSetting(read);
+    QCOMPARE(JournalText::text(read), JournalText::text(record));
+}
+
+void TestStandInSettings::timeCodeThatIsNoNumberIsZero()
+{
+    StandInHost host;
+    QVERIFY(host.settings().setValue("timecode/oneframe", "fast"));
+    TimeCodeRecord record;
+    record.oneFrame = 2.0;
+    host.getTimeCodeSetting(record);
+    QCOMPARE(record.oneFrame, 0.0);
+}
+
+void TestStandInSettings::timeCodeThatCannotBeStoredIsTold()
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath("settings.ini");
+    QVERIFY(QDir().mkpath(file)); // a folder stands in its place
+    LogCapture log;
+    StandInHost host(file);
+    QVERIFY_EXCEPTION_THROWN(host.setTimeCodeSetting(TimeCodeRecord()), APP_Exception);
+    QCOMPARE(host.settings().keys(), QStringList());
 }
 
 int main(int argc, char **argv)

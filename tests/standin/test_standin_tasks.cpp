@@ -2,6 +2,7 @@
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
+#include <QFontDatabase>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressDialog>
@@ -490,10 +491,19 @@ void TestStandInTasks::plainAnswersOfTheHost()
     state.infoItemLabels.insert("Date", "Datum");
     QCOMPARE(host.infoItemLabel("Date"), QString("Datum"));
     QCOMPARE(host.infoItemLabel("RecDateTime"), QString("Recording date and time"));
+    state.translations.insert("Recording date and time", "Aufnahmezeit");
+    state.translations.insert("Date", "Tag");
+    host.clearJournal();
+    QCOMPARE(host.infoItemLabel("RecDateTime"), QString("Aufnahmezeit"));
+    QCOMPARE(host.infoItemLabel("Date"), QString("Datum")); // its own goes first
+    QCOMPARE(host.journal(),
+             QStringList({"infoItemLabel(\"RecDateTime\")", "infoItemLabel(\"Date\")"}));
     QCOMPARE(host.infoItemLabel("Custom_7"), QString("Custom_7")); // unknown
     QCOMPARE(host.infoItemLabel("<hr>"), QString("<hr>"));
     QCOMPARE(host.infoItemLabel(QString()), QString());
-    QVERIFY(host.fontFamilyList().contains("DejaVu Sans"));
+    QCOMPARE(host.fontFamilyList(), QFontDatabase().families());
+    state.fontFamilies = QStringList{"Own"};
+    QCOMPARE(host.fontFamilyList(), QStringList({"Own"}));
     host.applyOutputFontName("Mono", 2);
     QCOMPARE(state.outputFontNames.value(2), QString("Mono"));
     QCOMPARE(host.hostVersionText(), QString("1.0.0"));
@@ -512,7 +522,7 @@ void TestStandInTasks::plainAnswersOfTheHost()
     state.defaultCameraName = "Cam";
     QCOMPARE(host.defaultCameraName(), QString("Cam"));
     state.temporaryKeys = {4};
-    state.targetKeys = {5};
+    state.targetKeys = QList<DOCKEY>{5};
     QList<DOCKEY> keys;
     host.temporaryDocumentKeys(keys);
     QCOMPARE(keys, QList<DOCKEY>({4}));
