@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
 #include <QVector>
+
+#include <optional>
 
 class HostServices;
 
@@ -9,8 +12,8 @@ class HostServices;
 class PrefSnapshot
 {
 public:
-    /// How the host is asked for a setting, and given it back.
-    enum class Type { Int, Bool };
+    /// How the host is asked for a setting, and given it back; plain: as it is stored.
+    enum class Type { Int, Bool, Plain };
 
     /// Reads a setting now. A failure goes to the host's
     /// errorHandler(), and the setting stays out of the snapshot: what is not known is not written.
@@ -20,12 +23,15 @@ public:
     /// on, and leaves what follows as it is.
     void writeBack(HostServices *host) const;
 
+    /// A setting as it was read; none for one that is not in the snapshot.
+    std::optional<QVariant> value(const QString &key) const;
+
 private:
     struct Setting
     {
         QString key;
         Type type;
-        int value;
+        QVariant value;
     };
 
     QVector<Setting> m_settings;

@@ -13,6 +13,8 @@ private slots:
     void writesBackWhatItRead();
     void settingThatCannotBeReadIsNotWritten();
     void failedWriteLeavesTheRest();
+    void plainSettingIsWrittenBackAsItIsStored();
+    void valueIsThatOfTheReading();
 };
 
 namespace {
@@ -85,6 +87,32 @@ void TestPrefSnapshot::failedWriteLeavesTheRest()
     QVERIFY_EXCEPTION_THROWN(opened.snapshot.writeBack(&opened.host), std::exception);
     QCOMPARE(opened.host.journal(), QStringList({R"(setPrefInt("info/RecTimeUnit", 2))"}));
     QCOMPARE(opened.host.settings().value(Delimiter, {}).toBool(), false);
+}
+
+void TestPrefSnapshot::plainSettingIsWrittenBackAsItIsStored()
+{
+    const QString &size = Keys::saveInfo.fixedFontSizeRatioBaseResolution + "0";
+    StandInHost host;
+    host.settings().setValue(size, QSize(640, 480));
+    PrefSnapshot snapshot;
+    snapshot.read(&host, size, PrefSnapshot::Type::Plain);
+    host.settings().setValue(size, QSize(-1, -1));
+    snapshot.writeBack(&host);
+    QCOMPARE(host.settings().value(size, {}), QVariant(QSize(640, 480)));
+    const QString place = QStringLiteral("\"saveinfo/FixedFontSizeRatioBaseResolution0\", ");
+    QCOMPARE(host.journal(), QStringList({"getPref(" + place + "invalid)",
+                                          "setPref(" + place + "640x480)"}));
+}
+
+void TestPrefSnapshot::valueIsThatOfTheReading()
+{
+    Snapshot opened;
+    opened.host.failOn(QStringLiteral("getPrefInt"));
+    opened.read();
+    opened.change();
+    QVERIFY(!opened.snapshot.value(Unit)); // it could not be read
+    QCOMPARE(opened.snapshot.value(Delimiter), std::optional<QVariant>(true));
+    QCOMPARE(opened.host.journal(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(TestPrefSnapshot)
