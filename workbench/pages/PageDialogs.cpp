@@ -45,7 +45,7 @@ std::unique_ptr<QDialog> makePlain(StandInHost &host, const PageEntry &page, QWi
 
 }
 
-PageDialogs::PageDialogs(StandInHost &host) : m_host(host)
+PageDialogs::PageDialogs(StandInHost &host) : m_host(host), m_samples(host)
 {
     Pages::registerResources();
     m_host.frontEnd().prefsDialog = this;

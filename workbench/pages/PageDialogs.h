@@ -1,13 +1,15 @@
 #pragma once
 
 #include "contract/HostServices.h"
+#include "workbench/pages/InformationSamples.h"
 
 class JS_Mediator;
 class StandInHost;
 struct PageEntry;
 
 /// Runs the dialogs of the catalogue. Preferences, about box and Ethernet settings serve the host's
-/// operations of these names from construction to destruction. GUI thread.
+/// operations of these names from construction to destruction. So long pages find the
+/// InformationSamples. GUI thread.
 class PageDialogs : public HostPrefsDialog
 {
 public:
@@ -33,4 +35,5 @@ private:
     int run(const PageEntry &page);
 
     StandInHost &m_host;
+    InformationSamples m_samples;
 };

@@ -2,6 +2,7 @@
 
 #include "bridge/page/GUI_WebView.h"
 #include "standin/host/StandInHost.h"
+#include "workbench/pages/PageWindow.h"
 
 #include <QDebug>
 #include <QTimer>
@@ -45,18 +46,9 @@ void PageFailures::fileIsMissing(const QString &page, const QString &file)
 
 void PageFailures::watch(GUI_WebView *view)
 {
-    if (m_watched.contains(view))
+    if (!PageWindow::show(view, QStringLiteral("pageFailures"), this))
         return; // it sees several mediators
-    m_watched.insert(view);
-    connect(view, &QObject::destroyed, this, [this, view] { m_watched.remove(view); });
-
     QWebFrame *frame = view->page()->mainFrame();
-    const auto show = [this, frame] {
-        frame->addToJavaScriptWindowObject(QStringLiteral("pageFailures"), this);
-    };
-    if (!frame->url().isEmpty()) // else the first page is still to come
-        show();
-    connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, show);
 
     // A page that gives way to another one while it loads is not missing.
     const auto isLoading = std::make_shared<bool>(false);

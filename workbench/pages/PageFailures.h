@@ -2,7 +2,6 @@
 
 #include "bridge/page/PageProof.h"
 
-#include <QSet>
 #include <QString>
 
 class GUI_WebView;
@@ -42,6 +41,4 @@ private:
     void watch(GUI_WebView *view);
     void tell(const QString &text);
     void notice(const QString &text);
-
-    QSet<const QObject *> m_watched;
 };
