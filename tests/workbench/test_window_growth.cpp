@@ -51,14 +51,15 @@ void visit(Workbench &workbench, const char *action, const QString &closing)
 {
     bool visited = false;
     QTimer::singleShot(0, &workbench, [&] {
-        auto *dialog = dynamic_cast<GUI_WebViewDialog *>(QApplication::activeModalWidget());
-        if (!dialog || !QTest::qWaitFor([&] { return isDrawn(dialog->webView()); }))
+        QWidget *dialog = QApplication::activeModalWidget();
+        auto *view = dialog ? dialog->findChild<GUI_WebView *>() : nullptr;
+        if (!view || !QTest::qWaitFor([&] { return isDrawn(view); }))
             return;
         visited = true;
         if (closing.isEmpty())
             dialog->close();
         else
-            PageHand::read(dialog->webView(), "document.getElementById('" + closing + "').click()");
+            PageHand::read(view, "document.getElementById('" + closing + "').click()");
     });
     workbench.window().findChild<QAction *>(action)->trigger();
     QVERIFY(visited);
@@ -148,6 +149,11 @@ void TestWindowGrowth::nothingGrows_data()
     row("preferences, closed by the frame", "prefs", "");
     row("about", "about", "close");
     row("Ethernet settings", "ethernet", "ok");
+    row("shutter speed", "shutterSpeed", "ok");
+    row("shutter speed, closed by the frame", "shutterSpeed", "");
+    row("record rate", "recordRate", "cancel");
+    row("frame number", "frameNumber", "ok");
+    row("recording time", "recordingTime", "cancel");
     QTest::newRow("note, closed by the button") << Cycle([](Workbench &workbench) {
         openNote(workbench);
         workbench.window().tools()->action(noteTool(workbench))->trigger();

@@ -1,12 +1,24 @@
 #include "workbench/pages/PageCatalogue.h"
 
 #include "bridge/mediator/JS_Mediator.h"
+#include "record/format/GUI_FrameFormatDialog.h"
+#include "record/format/GUI_RecordRateFormatDialog.h"
+#include "record/format/GUI_RectimeFormatDialog.h"
+#include "record/format/GUI_ShutterSpeedFormatDialog.h"
+#include "standin/host/StandInHost.h"
 
 #include <algorithm>
 
 namespace {
 
 using Kind = PageEntry::Kind;
+
+// A dialog that takes its parent from the host.
+template <class Dialog>
+std::unique_ptr<QDialog> makeOwn(StandInHost &host, const PageEntry &, QWidget *)
+{
+    return std::make_unique<Dialog>(&host);
+}
 
 // name, kind, menu, entry, shortcut, title, URL, mediator, size, maker, command
 QVector<PageEntry> makePages()
@@ -30,6 +42,46 @@ QVector<PageEntry> makePages()
          QSize(430, 250),
          nullptr,
          [](JS_Mediator &commands) { commands.openPrefsEthernetSettings(); }},
+        {"shutterSpeed",
+         Kind::Dialog,
+         "Information",
+         "&Shutter speed...",
+         {},
+         "Shutter speed disp",
+         "qrc:/shutterspeed_format_dialog.html",
+         "shutter_format_dlg",
+         {},
+         makeOwn<GUI_ShutterSpeedFormatDialog>},
+        {"recordRate",
+         Kind::Dialog,
+         "Information",
+         "&Record rate...",
+         {},
+         "recordrate disp",
+         "qrc:/recordrate_format_dialog.html",
+         "recordRateFormatDialog",
+         {},
+         makeOwn<GUI_RecordRateFormatDialog>},
+        {"frameNumber",
+         Kind::Dialog,
+         "Information",
+         "&Frame number...",
+         {},
+         "frame disp",
+         "qrc:/frame_format_dialog.html",
+         "frameFormatDialog",
+         {},
+         makeOwn<GUI_FrameFormatDialog>},
+        {"recordingTime",
+         Kind::Dialog,
+         "Information",
+         "Recording t&ime...",
+         {},
+         "Recording time disp",
+         "qrc:/rectime_format_dialog.html",
+         "rectime_format_dlg",
+         {},
+         makeOwn<GUI_RectimeFormatDialog>},
         {"about",
          Kind::Dialog,
          "Help",

@@ -271,6 +271,7 @@ void MainWindow::makeMenus()
         view->addAction(dock->toggleViewAction());
     m_toolMenu = menuBar()->addMenu(tr("&Tools"));
     m_toolMenu->setEnabled(false);
+    menuBar()->addMenu(tr("&Information"));
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addActions({m_support, m_inspectPage});
     addPages(help);

@@ -104,6 +104,34 @@ var Page = (function () {
         return isStored;
     };
 
+    // Chooses a value in a list, the first one where the list does not have it. The engine tells a
+    // choice of the user only where it differs from the last one that it told or that the list had
+    // when it got the focus, so a list that has it gets it anew.
+    page.setChoice = function (list, value) {
+        list.value = String(value);
+        if (list.selectedIndex < 0)
+            list.selectedIndex = 0;
+        if (document.activeElement === list) {
+            list.blur();
+            list.focus();
+        }
+    };
+
+    // The button of this id gives up what was done, and so does every other way out of the dialog
+    // but its acceptance: each calls the mediator's `cancel`, which itself ends the dialog, once.
+    page.cancelBy = function (id) {
+        var cancelling = false;
+        var cancel = function () {
+            if (cancelling)
+                return;
+            cancelling = true;
+            page.bridge.cancel();
+            cancelling = false;
+        };
+        page.listen(page.get(id), 'click', cancel);
+        page.connect(page.bridge.rejected, cancel);
+    };
+
     // A list whose rows are its elements. One of them takes part in Tab, the chosen one at first; from
     // there the arrows, Home, End, the page keys and the letters of a row's text go on. A click,
     // Enter or Space calls `choose` with the row and the event, whose modifiers may mean more.
