@@ -104,8 +104,9 @@ QString key(Property property, Form form, int group)
 {
     const Row &row = rowOf(property);
     const QString &key = keyIn(row, form);
-    const bool isNumbered = form == Form::Save && row.offset == Offset::Group;
-    return isNumbered ? key + QString::number(group) : key;
+    if (form != Form::Save || row.offset != Offset::Group || key.isEmpty())
+        return key;
+    return group >= 0 && group < GroupCount ? key + QString::number(group) : QString();
 }
 
 bool isPerGroup(Property property)

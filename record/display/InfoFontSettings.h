@@ -53,7 +53,8 @@ struct Place
     int group;
 };
 
-/// The key of a property; empty where the form has none. `group` counts in the save form alone.
+/// The key of a property; empty where the form has none. `group` counts in the save form alone,
+/// and has no key there when it is none of the groups.
 QString key(Property property, Form form, int group);
 
 /// Whether the save form has one for each group.

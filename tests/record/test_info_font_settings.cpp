@@ -14,6 +14,8 @@ class TestInfoFontSettings : public TestBase
 private slots:
     void keysAreAsTold_data();
     void keysAreAsTold();
+    void groupThatIsNoneHasNoKey_data();
+    void groupThatIsNoneHasNoKey();
     void valuesHaveTheirType_data();
     void valuesHaveTheirType();
     void valuesAreStoredAsTold_data();
@@ -94,6 +96,25 @@ void TestInfoFontSettings::keysAreAsTold()
     if (isNumbered)
         saved.replace(saved.size() - 1, 1, QStringLiteral("0"));
     QCOMPARE(key(property, Form::Save, 0), saved);
+}
+
+void TestInfoFontSettings::groupThatIsNoneHasNoKey_data()
+{
+    QTest::addColumn<int>("group");
+    QTest::addColumn<bool>("isGroup");
+    QTest::newRow("below") << -1 << false;
+    QTest::newRow("first") << 0 << true;
+    QTest::newRow("last") << 6 << true;
+    QTest::newRow("behind") << 7 << false;
+}
+
+void TestInfoFontSettings::groupThatIsNoneHasNoKey()
+{
+    QFETCH(int, group);
+    QFETCH(bool, isGroup);
+    QCOMPARE(!key(P::Bold, Form::Save, group).isEmpty(), isGroup);
+    QCOMPARE(key(P::Bold, Form::Editor, group), QStringLiteral("info/Bold"));
+    QCOMPARE(key(P::WithinImage, Form::Save, group), QStringLiteral("saveinfo/WithinImage"));
 }
 
 void TestInfoFontSettings::valuesHaveTheirType_data()

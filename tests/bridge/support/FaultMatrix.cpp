@@ -274,6 +274,7 @@ void FaultMatrix::walkNatively(const PageClass &pageClass, const QVector<PageCla
 
 void FaultMatrix::walk(const QMetaObject &meta, const QVector<PageClass> &classes, Caller &caller)
 {
+    m_meta = &meta;
     m_classes = classes;
     QStringList done; // a slot that a subclass declares again
     for (const QMetaObject *level = &meta; level; level = level->superClass()) {
@@ -439,6 +440,19 @@ QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
     return calls;
 }
 
+// Whether a trace is of another object than the one that is called: a dialog that a slot opens has
+// traces of its own.
+bool FaultMatrix::isOfAnother(const QStringList &trace) const
+{
+    for (const QMetaObject *level = m_meta; level; level = level->superClass()) {
+        if (trace.first() == QLatin1String(level->className()))
+            return false;
+    }
+    return std::any_of(m_classes.cbegin(), m_classes.cend(), [&](const PageClass &each) {
+        return trace.first() == QLatin1String(each.meta->className());
+    });
+}
+
 void FaultMatrix::checkTrace(const Way &way, const QString &when, const QStringList &lines)
 {
     bool first = true;
@@ -458,7 +472,7 @@ void FaultMatrix::checkTrace(const Way &way, const QString &when, const QStringL
                 return qstrcmp(each.meta->className(),
                                way.slot.enclosingMetaObject()->className()) == 0;
             });
-        if (first && own && way.slot.methodType() == QMetaMethod::Slot)
+        if (first && own && way.slot.methodType() == QMetaMethod::Slot && !isOfAnother(parts))
             fits = fits && (name == traceNameOf(way.slot) ||
                             parts.last() == QLatin1String("closeEvent")); // it ends a dialog alone
         if (!fits)

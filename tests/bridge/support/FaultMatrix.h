@@ -109,11 +109,13 @@ private:
 
     int walkWay(const Way &way, Caller &caller);
     QStringList run(const Way &way, Caller &caller, Form form, int nth, const QString &operation);
+    bool isOfAnother(const QStringList &trace) const;
     void checkTrace(const Way &way, const QString &when, const QStringList &lines);
     void report(const Way &way, const QString &when, const QString &what);
 
     QList<QByteArray> m_leftOut;
-    QVector<PageClass> m_classes; ///< those of the walk
+    const QMetaObject *m_meta = nullptr; ///< of the object whose slots are walked
+    QVector<PageClass> m_classes;        ///< those of the walk
     bool m_canGo = false;
     int m_slots = 0;
     int m_signals = 0;

@@ -1,5 +1,6 @@
 #include "bridge/operation/FileChoice.h"
 #include "record/comment/GUI_CommentDialog.h"
+#include "record/display/GUI_EditInfoDialog.h"
 #include "record/format/GUI_FrameFormatDialog.h"
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
@@ -84,6 +85,7 @@ QVector<PageClass> recordPageClasses()
     return {
         ofHost<GUI_CommentDialog>(),
         {&GUI_CustomInfoDialog::staticMetaObject, makeCustomInfoDialog, {}},
+        ofHost<GUI_EditInfoDialog>(),
         {&GUI_TimeCodeCustomDialog::staticMetaObject, makeTimeCodeDialog, {}},
         ofHost<GUI_FrameFormatDialog>(),
         ofHost<GUI_RecordRateFormatDialog>(),
