@@ -255,8 +255,9 @@ void TestPageCatalogue::hasEachPageOnce()
     }
     QCOMPARE(names.removeDuplicates(), 0);
     QCOMPARE(urls.removeDuplicates(), 0);
-    for (const char *name : {"views", "devices", "status", "partitions", "prefs", "ethernet",
-                             "shutterSpeed", "recordRate", "frameNumber", "recordingTime", "about"})
+    for (const char *name :
+         {"views", "devices", "status", "partitions", "prefs", "ethernet", "timeCode",
+          "shutterSpeed", "recordRate", "frameNumber", "recordingTime", "about"})
         QVERIFY2(names.contains(name), name);
 }
 

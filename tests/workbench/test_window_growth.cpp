@@ -149,6 +149,8 @@ void TestWindowGrowth::nothingGrows_data()
     row("preferences, closed by the frame", "prefs", "");
     row("about", "about", "close");
     row("Ethernet settings", "ethernet", "ok");
+    row("time code", "timeCode", "ok");
+    row("time code, closed by the frame", "timeCode", "");
     row("shutter speed", "shutterSpeed", "ok");
     row("shutter speed, closed by the frame", "shutterSpeed", "");
     row("record rate", "recordRate", "cancel");

@@ -5,6 +5,7 @@
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
 #include "record/format/GUI_ShutterSpeedFormatDialog.h"
+#include "record/timecode/GUI_TimeCodeCustomDialog.h"
 #include "standin/host/StandInHost.h"
 
 #include <algorithm>
@@ -18,6 +19,11 @@ template <class Dialog>
 std::unique_ptr<QDialog> makeOwn(StandInHost &host, const PageEntry &, QWidget *)
 {
     return std::make_unique<Dialog>(&host);
+}
+
+std::unique_ptr<QDialog> makeTimeCode(StandInHost &host, const PageEntry &, QWidget *parent)
+{
+    return std::make_unique<GUI_TimeCodeCustomDialog>(&host, parent);
 }
 
 // name, kind, menu, entry, shortcut, title, URL, mediator, size, maker, command
@@ -42,6 +48,16 @@ QVector<PageEntry> makePages()
          QSize(430, 250),
          nullptr,
          [](JS_Mediator &commands) { commands.openPrefsEthernetSettings(); }},
+        {"timeCode",
+         Kind::Dialog,
+         "Information",
+         "&Time code...",
+         {},
+         "Current Time Setting",
+         "qrc:/prefs_customize_timecode.html",
+         "timecode_custom_mediator",
+         {},
+         makeTimeCode},
         {"shutterSpeed",
          Kind::Dialog,
          "Information",

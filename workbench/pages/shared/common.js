@@ -98,6 +98,12 @@ var Page = (function () {
         element.setAttribute('role', kind === 'error' ? 'alert' : 'status');
     };
 
+    // Tells the user in the element, and the log, what could not be done.
+    page.tellFailure = function (id, text) {
+        page.bridge.userOperationErrorLog(text);
+        page.tell(id, 'error', page.translate(text));
+    };
+
     // Says in the element when a setting that was stored just now is not what it was set to.
     page.tellStored = function (id, isStored) {
         page.tell(id, 'error', isStored ? '' : page.translate('The setting could not be stored.'));
