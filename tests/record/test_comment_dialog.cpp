@@ -2,12 +2,12 @@
 #include "record/comment/GUI_CommentDialog.h"
 #include "standin/host/StandInHost.h"
 #include "tests/bridge/support/PageProbe.h"
+#include "tests/support/OwnMethods.h"
 #include "tests/support/TestLog.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QMetaMethod>
 
 #include <memory>
 
@@ -134,18 +134,12 @@ void TestCommentDialog::windowIsAsTold()
 
 void TestCommentDialog::slotsStandInOrder()
 {
-    const QMetaObject &meta = GUI_CommentDialog::staticMetaObject;
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        QCOMPARE(meta.method(i).access(), QMetaMethod::Public);
-        methods.append(QString::fromLatin1(meta.method(i).typeName()) + " " +
-                       QString::fromLatin1(meta.method(i).methodSignature()));
-    }
-    QCOMPARE(methods, QStringList({"void comment_ok()", "void comment_cancel()",
-                                   "void populateJavaScriptWindowObject()", "QString getComment()",
-                                   "void setComment(QString)", "QString translate(QString)",
-                                   "QString getStyle()", "void setSelectedItems(QList<int>)",
-                                   "QString getDocInfos()", "QList<int> getSelectedItems()"}));
+    QCOMPARE(ownMethods(GUI_CommentDialog::staticMetaObject),
+             QStringList({"void comment_ok()", "void comment_cancel()",
+                          "void populateJavaScriptWindowObject()", "QString getComment()",
+                          "void setComment(QString)", "QString translate(QString)",
+                          "QString getStyle()", "void setSelectedItems(QList<int>)",
+                          "QString getDocInfos()", "QList<int> getSelectedItems()"}));
 }
 
 void TestCommentDialog::objectsComeBackWithEachPage()

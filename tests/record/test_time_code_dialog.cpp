@@ -3,9 +3,8 @@
 #include "standin/host/StandInHost.h"
 #include "standin/settings/TimeCodeSetting.h"
 #include "tests/bridge/support/PageProbe.h"
+#include "tests/support/OwnMethods.h"
 #include "tests/support/TestLog.h"
-
-#include <QMetaMethod>
 
 #include <memory>
 
@@ -129,15 +128,7 @@ void TestTimeCodeDialog::slotsStandInOrder()
     expected += QStringList({"void loadTimeCodeSetting()", "bool saveTimeCodeSetting()",
                              "void reset()", "QString getStyle()", "QString translate(QString)"});
     QCOMPARE(expected.size(), 48);
-
-    const QMetaObject &meta = GUI_TimeCodeCustomDialog::staticMetaObject;
-    QStringList methods;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        QCOMPARE(meta.method(i).access(), QMetaMethod::Public);
-        methods.append(QString::fromLatin1(meta.method(i).typeName()) + " " +
-                       QString::fromLatin1(meta.method(i).methodSignature()));
-    }
-    QCOMPARE(methods, expected);
+    QCOMPARE(ownMethods(GUI_TimeCodeCustomDialog::staticMetaObject), expected);
 }
 
 void TestTimeCodeDialog::objectsComeBackWithEachPage()
