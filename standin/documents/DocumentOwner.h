@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QRect>
+#include <QVariant>
 
 class CallJournal;
 class DOC_Interface;
@@ -44,6 +45,19 @@ public:
 
     /// The part of the sensor that such a tool wants a camera to read, the present one without.
     virtual QRect wantedReadOut(StandInCamera &camera) = 0;
+
+    // Information over the pictures.
+
+    virtual QVariant setting(const QString &key) const = 0; ///< the default without a stored one
+    virtual TimeCodeRecord timeCode() const = 0;
+
+    /// What stands before an item, as short as there is a word for it, in the language of the user
+    /// or in English.
+    virtual QString infoLabel(const QString &id, bool inEnglish) const = 0;
+
+    virtual int viewMode() const = 0; ///< HostMode
+    virtual bool isRecordingNow() const = 0;
+    virtual bool isInfoShowing() const = 0; ///< over the pictures on the screen
 
     // Camera settings.
 

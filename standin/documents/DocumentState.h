@@ -75,9 +75,10 @@ struct DocMainState
     bool canRenameData = false;
     bool canCheckSaved = false;
     bool canDeleteFile = false;
-    bool isFileDeleted = false; ///< deleteOwnFile() was called
-    QVariantList customInfo;    ///< a QVariantMap for each record
-    QString clearedCustomFlag;  ///< what a flag of a record reads that is not "on"
+    bool isFileDeleted = false;           ///< deleteOwnFile() was called
+    QVariantList customInfo;              ///< a QVariantMap for each record
+    QString clearedCustomFlag;            ///< what a flag of a record reads that is not "on"
+    QHash<QString, QString> infoReadings; ///< what the device tells by itself, by item id
     QString comment;
     bool isPlaying = false;
     uint fileRecordRate = 0; ///< frames per second, 0 when not known

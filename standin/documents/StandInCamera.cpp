@@ -1,5 +1,6 @@
 #include "standin/documents/StandInCamera.h"
 
+#include "contract/HostValues.h"
 #include "standin/documents/DocumentOwner.h"
 #include "standin/drawing/SceneRenderer.h"
 #include "standin/journal/StandInEvents.h"
@@ -116,9 +117,23 @@ QImage StandInCamera::frame(quint64 number) const
     scene.frame = number;
     scene.recordRate = m_settings.recordRate;
     scene.shutterSpeed = m_settings.shutterSpeed;
-    scene.caption = state().cameraName;
     const QImage picture = scene.render();
     return picture.size() == pictureSize() ? picture : picture.scaled(pictureSize());
+}
+
+InfoFacts StandInCamera::infoFacts(quint64 frame, int partitionNo) const
+{
+    InfoFacts facts = StandInDocument::infoFacts(frame, partitionNo);
+    const bool isLive = owner().viewMode() == HostMode::Live;
+    if (isLive) {
+        facts.cameraState =
+            owner().isRecordingNow() ? QStringLiteral("REC") : QStringLiteral("LIVE");
+        facts.frameCount = 0;
+    }
+    if (isLive || facts.recordRate == 0)
+        facts.recordRate = m_settings.recordRate;
+    facts.shutterSpeed = m_settings.shutterSpeed;
+    return facts;
 }
 
 quint64 StandInCamera::frameCount() const

@@ -71,6 +71,7 @@ public:
     void setLockedTogether(bool locked);
 
     QImage frame(quint64 number) const override;
+    InfoFacts infoFacts(quint64 frame, int partitionNo) const override;
     quint64 frameCount() const override; ///< of the current partition
     QSize pictureSize() const override;
     QSize sensorSize() const override { return m_limits.sensorSize; }

@@ -1,5 +1,6 @@
 #include "standin/documents/StandInDocument.h"
 
+#include "foundation/Keys.h"
 #include "standin/documents/DocumentOwner.h"
 #include "standin/journal/StandInEvents.h"
 
@@ -18,7 +19,8 @@ int scrolledTo(int view, int shown, int scroll)
 
 StandInDocument::StandInDocument(DocumentOwner &owner, DOCKEY key)
     : m_owner(owner), m_journal(owner.callJournal()), m_key(key),
-      m_journalName(QLatin1Char('[') + QString::number(key) + QLatin1Char(']')), m_heads(*this)
+      m_journalName(QLatin1Char('[') + QString::number(key) + QLatin1Char(']')), m_overlay(*this),
+      m_heads(*this)
 {
 }
 
@@ -124,6 +126,50 @@ const StandInPartition *StandInDocument::partition(int number) const
             return &entry;
     }
     return nullptr;
+}
+
+const StandInPartition *StandInDocument::partitionOrCurrent(int number) const
+{
+    const StandInPartition *found = partition(number);
+    const int current = m_state.currentPartition - 1;
+    if (!found && current >= 0 && current < m_state.partitions.size())
+        found = &m_state.partitions.at(current);
+    return found;
+}
+
+InfoFacts StandInDocument::infoFacts(quint64 frame, int partitionNo) const
+{
+    InfoFacts facts;
+    facts.cameraName = m_state.cameraName;
+    facts.fileName = m_state.originalFileName;
+    facts.deviceName = m_state.deviceName;
+    facts.headNumber = m_state.headCount > 0 ? m_state.headNumber : 0;
+    facts.resolution = pictureSize();
+    facts.frame = frame;
+    if (const StandInPartition *found = partitionOrCurrent(partitionNo)) {
+        facts.partitionNumber = found->number;
+        facts.frameCount = found->frames;
+        facts.recordRate = found->recordRate;
+    }
+    if (m_state.fileRecordRate > 0)
+        facts.recordRate = m_state.fileRecordRate;
+    facts.recordDate = m_state.recordDate;
+    facts.recordTime = m_state.recordTime;
+    facts.zoomRate = m_state.viewSize.isEmpty() ? 0.0 : geometry().scale;
+    facts.usesLut = isToolOnHere(Keys::tools.lut);
+    facts.showsCrossCursor = isToolOnHere(Keys::tools.crossCursor);
+    facts.crossCursor = m_state.cursorPosition;
+    facts.comment = m_state.comment;
+    for (const QVariant &entry : m_state.customInfo) {
+        const QVariantMap record = entry.toMap();
+        const auto text = [&](const char *field) {
+            return record.value(QLatin1String(field)).toString();
+        };
+        if (text("display") == QLatin1String("on"))
+            facts.customs.append({text("name"), text("value"), text("unit")});
+    }
+    facts.readings = m_state.infoReadings;
+    return facts;
 }
 
 const StandInSlot *StandInDocument::slotAt(int slot) const

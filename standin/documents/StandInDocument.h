@@ -1,7 +1,9 @@
 #pragma once
 
 #include "contract/DOC_Interface.h"
+#include "standin/documents/DocumentOverlay.h"
 #include "standin/documents/DocumentState.h"
+#include "standin/drawing/InfoFacts.h"
 #include "standin/drawing/ViewGeometry.h"
 #include "standin/journal/CallJournal.h"
 #include "standin/journal/JournalSubject.h"
@@ -55,6 +57,13 @@ public:
     /// Whether the picture is the whole sensor in its own pixels, binned or not.
     virtual bool showsWholeSensor() const { return false; }
 
+    /// What is known of a frame, from 0, of a partition, 0 for the current one. In live mode a
+    /// camera's partition has nothing to tell.
+    virtual InfoFacts infoFacts(quint64 frame, int partitionNo) const;
+
+    /// The information over its pictures.
+    DocumentOverlay &overlay() { return m_overlay; }
+
     /// Sends the document's settings to its device.
     virtual void sendSettings() {}
 
@@ -105,6 +114,7 @@ protected:
 
     // What the operations of the contract do behind their line in the journal.
     const StandInPartition *partition(int number) const;
+    const StandInPartition *partitionOrCurrent(int number) const;
     const StandInSlot *slotAt(int slot) const;
     StandInSlot *slotAt(int slot);
     const StandInData *dataAt(int slot, int index) const;
@@ -142,6 +152,7 @@ private:
     const DOCKEY m_key;
     const QString m_journalName;
     DocumentState m_state;
+    DocumentOverlay m_overlay;
     bool m_closed = false;
     Heads m_heads;
 };

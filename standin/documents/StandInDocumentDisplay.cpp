@@ -68,7 +68,7 @@ template <class Contract>
 QSize StandInDocumentDisplay<Contract>::documentResolution(int kind, int partitionNo, bool base)
 {
     this->asked("documentResolution", kind, partitionNo, base);
-    return this->pictureSize();
+    return base ? this->pictureSize() : this->overlay().savedSize({0, partitionNo, QDateTime()});
 }
 
 template <class Contract>
@@ -77,7 +77,9 @@ QPixmap StandInDocumentDisplay<Contract>::documentThumbnail(int kind, int width,
                                                             const QDateTime &time)
 {
     this->asked("documentThumbnail", kind, width, height, partitionNo, number, time);
-    return scaledPicture(this->frame(0), width, height);
+    const QImage picture =
+        this->overlay().saved(this->frame(0), {0, partitionNo, time}, QSize(width, height));
+    return picture.isNull() ? QPixmap() : QPixmap::fromImage(picture);
 }
 
 template <class Contract> QString StandInDocumentDisplay<Contract>::documentLogoPath()

@@ -107,20 +107,10 @@ void drawBall(QPainter &painter, const Stage &stage, double seconds, double expo
         painter.drawPoint(stage.ball(seconds));
 }
 
-void drawOverlay(QPainter &painter, const SceneRenderer &scene)
+void drawTimingBar(QPainter &painter, const SceneRenderer &scene)
 {
     const QSize size = scene.picture;
-    const int text = std::clamp(size.height() / 24, 7, 40);
-    QFont font;
-    font.setPixelSize(text);
-    painter.setFont(font);
-    painter.setPen(Qt::white);
-    const QRect area = QRect(QPoint(0, 0), size).adjusted(text / 2, text / 3, -text / 2, -text);
-    painter.drawText(area, Qt::AlignLeft | Qt::AlignTop, scene.caption);
-    painter.drawText(area, Qt::AlignRight | Qt::AlignTop,
-                     QStringLiteral("%1").arg(scene.frame, 8, 10, QLatin1Char('0')));
-
-    const int height = std::max(2, text / 3);
+    const int height = std::clamp(size.height() / 72, 2, 13);
     const QRect bar(0, size.height() - height, size.width(), height);
     painter.fillRect(bar, QColor(0, 0, 0, 140));
     const double part = double(scene.frame % TimingBarFrames + 1) / double(TimingBarFrames);
@@ -158,6 +148,6 @@ QImage SceneRenderer::render() const
     drawBall(painter, stage, seconds, exposure, gain);
 
     painter.resetTransform();
-    drawOverlay(painter, *this);
+    drawTimingBar(painter, *this);
     return image;
 }

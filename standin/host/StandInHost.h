@@ -150,6 +150,24 @@ public:
     bool isReadOutEdited() const override { return m_readOut.isEdited(); }
     QRect wantedReadOut(StandInCamera &camera) override { return m_readOut.wanted(camera); }
 
+    // Information over the pictures.
+
+    QVariant setting(const QString &key) const override
+    {
+        return m_settings->value(key, QVariant());
+    }
+    TimeCodeRecord timeCode() const override;
+    QString infoLabel(const QString &id, bool inEnglish) const override;
+    int viewMode() const override { return int(m_mode); }
+    bool isRecordingNow() const override { return m_state.isRecording; }
+    bool isInfoShowing() const override { return m_state.isDisplayInfoShowing; }
+
+    /// Does what setDisplayInfoShowing() does, for a user interface around the host.
+    void showDisplayInfo(bool show);
+
+    /// Has the information of all documents built anew.
+    void markInfoDirty();
+
     // Tools; see ToolTable.
 
     bool toolState(const QString &tool) const override { return m_tools.isOn(tool); }

@@ -121,6 +121,7 @@ void StandInHost::selectDocs(const QList<DOCKEY> &keys, bool flag)
 void StandInHost::refreshDocumentInfo(bool flag)
 {
     told("refreshDocumentInfo", flag);
+    markInfoDirty();
     emit m_events.documentInfoChanged();
 }
 

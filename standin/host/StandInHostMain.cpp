@@ -27,6 +27,16 @@ QString notStored()
     return QStringLiteral("The settings could not be stored.");
 }
 
+// Null for what is no item with a label.
+const InfoItem *infoItem(const QString &id)
+{
+    for (const InfoItem &item : infoItems) {
+        if (!item.label.isEmpty() && item.key == id)
+            return &item;
+    }
+    return nullptr;
+}
+
 }
 
 void StandInHost::updateUI(uint flags, bool force)
@@ -48,6 +58,7 @@ void StandInHost::refreshUI(const Pauses::Refresh &refresh)
     if (refresh.send)
         m_lock.resend();
     m_tools.forEach([](PLG_Interface *plugin) { plugin->update(); });
+    markInfoDirty();
     if (refresh.flags & UpdateFlag::Display) {
         for (const StandInDocument *document : documents())
             emit m_events.documentRefreshed(document->key());
@@ -546,11 +557,26 @@ QString StandInHost::infoItemLabel(const QString &id)
     const auto own = m_state.infoItemLabels.find(id);
     if (own != m_state.infoItemLabels.end())
         return *own;
-    for (const InfoItem &item : infoItems) {
-        if (!item.label.isEmpty() && item.key == id)
-            return translation(item.label);
-    }
-    return id;
+    const InfoItem *item = infoItem(id);
+    return item ? translation(item->label) : id;
+}
+
+QString StandInHost::infoLabel(const QString &id, bool inEnglish) const
+{
+    const auto own = m_state.infoItemLabels.find(id);
+    if (own != m_state.infoItemLabels.end() && !inEnglish)
+        return *own;
+    const InfoItem *item = infoItem(id);
+    if (!item)
+        return id;
+    const QString &text = item->shortLabel.isEmpty() ? item->label : item->shortLabel;
+    return inEnglish ? text : translation(text);
+}
+
+void StandInHost::markInfoDirty()
+{
+    for (StandInDocument *document : documents())
+        document->state().isInfoOverlayDirty = true;
 }
 
 QStringList StandInHost::fontFamilyList()
@@ -576,6 +602,13 @@ void StandInHost::getTimeCodeSetting(TimeCodeRecord &out)
 {
     asked("getTimeCodeSetting");
     TimeCodeSetting::read(*m_settings, out);
+}
+
+TimeCodeRecord StandInHost::timeCode() const
+{
+    TimeCodeRecord record;
+    TimeCodeSetting::read(*m_settings, record);
+    return record;
 }
 
 void StandInHost::setTimeCodeSetting(const TimeCodeRecord &record)

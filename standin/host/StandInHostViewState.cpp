@@ -43,5 +43,13 @@ bool StandInHost::isDisplayInfoShowing()
 void StandInHost::setDisplayInfoShowing(bool show)
 {
     told("setDisplayInfoShowing", show);
+    showDisplayInfo(show);
+}
+
+void StandInHost::showDisplayInfo(bool show)
+{
+    if (m_state.isDisplayInfoShowing == show)
+        return;
     m_state.isDisplayInfoShowing = show;
+    emit m_events.displayInfoChanged(show);
 }

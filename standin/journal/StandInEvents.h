@@ -22,6 +22,7 @@ signals:
     void viewChanged(DOCKEY key);           ///< rotation, flips, zoom, scroll, binning
     void documentRefreshed(DOCKEY key);     ///< the picture shall be drawn anew
     void documentInfoChanged();
+    void displayInfoChanged(bool showing); ///< the information over the pictures
     void livePauseChanged(int balance);
     void playbackPauseChanged(int balance);
     void pluginsChanged(); ///< added, removed, opened or closed

@@ -13,6 +13,7 @@ namespace {
 
 const QString TimeFormat = QStringLiteral("yyyyMMdd_HHmmss");
 const QString OverlayFont = QStringLiteral("DejaVu Sans");
+const QString OverlayWidth = QStringLiteral("280"); // room for a time to the nanosecond
 constexpr int SaveInfoGroups = 7;
 
 /// Collects defaults; a key that a kind of save does not have is empty and left out.
@@ -134,7 +135,7 @@ void addInformation(Catalogue &catalogue)
     catalogue.add(keys.italic, false);
     catalogue.add(keys.logoPath, QString());
     catalogue.add(keys.recTimeUnit, 0);
-    catalogue.add(keys.width, QStringLiteral("200"));
+    catalogue.add(keys.width, OverlayWidth);
 }
 
 void addSaveInformation(Catalogue &catalogue)
@@ -167,7 +168,7 @@ void addSaveInformation(Catalogue &catalogue)
         catalogue.add(keys.italic + offset, false);
         catalogue.add(keys.toColumn + offset, group == 0);
         catalogue.add(keys.useBackgroundColor + offset, false);
-        catalogue.add(keys.width + offset, QStringLiteral("200"));
+        catalogue.add(keys.width + offset, OverlayWidth);
     }
 }
 
