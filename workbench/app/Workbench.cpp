@@ -52,6 +52,7 @@ Workbench::Workbench(const Options &options)
       m_boxes(std::make_unique<DropDownBoxes>(*m_host, *m_window->statusPanel()->view()))
 {
     m_host->state().hostVersion = QCoreApplication::applicationVersion();
+    m_host->showDisplayInfo(true);
     m_host->frontEnd().takeSupportSnapshot = [this] { return takeSupportSnapshot(); };
     m_host->frontEnd().writeSupportFile = SupportFile::write;
     connect(&m_recorder, &LogRecorder::recorded, this, [this] {

@@ -173,7 +173,7 @@ void DocumentView::focusOutEvent(QFocusEvent *event)
 
 void DocumentView::refreshPicture()
 {
-    m_picture->setPicture(m_emptyText.isEmpty() ? m_document.frame(m_frame) : QImage());
+    m_picture->setPicture(m_emptyText.isEmpty() ? m_document.frame(m_frame) : QImage(), m_frame);
 }
 
 void DocumentView::refreshTexts()

@@ -1,5 +1,6 @@
 #include "workbench/views/PictureArea.h"
 
+#include "standin/documents/DocumentOwner.h"
 #include "standin/documents/StandInCamera.h"
 
 #include <QPainter>
@@ -14,9 +15,10 @@ PictureArea::PictureArea(StandInDocument &document, QWidget *parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void PictureArea::setPicture(const QImage &picture)
+void PictureArea::setPicture(const QImage &picture, quint64 frame)
 {
     m_picture = picture;
+    m_frame = frame;
     update();
 }
 
@@ -42,7 +44,8 @@ void PictureArea::paintEvent(QPaintEvent *)
         return;
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.setTransform(m_document.geometry().transform());
+    const ViewGeometry geometry = m_document.geometry();
+    painter.setTransform(geometry.transform());
     painter.drawImage(QPoint(0, 0), m_picture);
     // Of a whole sensor, what is not read is darker.
     const auto *camera = dynamic_cast<const StandInCamera *>(&m_document);
@@ -52,6 +55,9 @@ void PictureArea::paintEvent(QPaintEvent *)
         unread.addRect(camera->sensorRegion());
         painter.fillPath(unread, QColor(0, 0, 0, 110));
     }
+    painter.resetTransform();
+    if (m_document.owner().isInfoShowing())
+        m_document.overlay().paint(painter, geometry.toScreen(m_picture.rect()) & rect(), m_frame);
 }
 
 void PictureArea::resizeEvent(QResizeEvent *event)

@@ -141,6 +141,7 @@ void MainWindow::refresh()
         m_views->refresh();
     }
     m_modes->actions().at(int(m_host.mode()))->setChecked(true);
+    m_showInformation->setChecked(m_host.isInfoShowing());
     m_cameraPanel->setCamera(m_host.camera(m_host.currentKey()));
     m_cameraPanel->setHint(m_host.cameras().isEmpty()
                                ? tr("There is no camera. Cameras, Add camera brings one.")
@@ -212,6 +213,12 @@ void MainWindow::makeActions()
     m_previousView = makeAction("previousView", tr("&Previous view"), QKeySequence("Ctrl+PgUp"));
     connect(m_previousView, &QAction::triggered, this, [this] { m_views->stepCurrent(-1); });
 
+    m_showInformation =
+        makeAction("showInformation", tr("&Show over the pictures"), QKeySequence("Ctrl+I"));
+    m_showInformation->setCheckable(true);
+    connect(m_showInformation, &QAction::triggered, this,
+            [this](bool show) { m_host.showDisplayInfo(show); });
+
     struct Mode
     {
         const char *name;
@@ -269,6 +276,9 @@ void MainWindow::makeMenus()
     view->addSeparator();
     for (QDockWidget *dock : {m_cameraDock, m_deviceDock, m_statusDock, m_logDock, m_callsDock})
         view->addAction(dock->toggleViewAction());
+    QMenu *information = menuBar()->addMenu(tr("&Information"));
+    information->addAction(m_showInformation);
+    information->addSeparator();
     m_toolMenu = menuBar()->addMenu(tr("&Tools"));
     m_toolMenu->setEnabled(false);
     menuBar()->addMenu(tr("&Information"));
@@ -373,6 +383,7 @@ void MainWindow::followHost()
     connect(events, &StandInEvents::lockChanged, this, changed);
     connect(events, &StandInEvents::cameraSettingsChanged, this, changed);
     connect(events, &StandInEvents::documentInfoChanged, this, changed);
+    connect(events, &StandInEvents::displayInfoChanged, this, changed);
     connect(events, &StandInEvents::pluginsChanged, this, changed);
     connect(events, &StandInEvents::toolStateChanged, this, changed);
     connect(events, &StandInEvents::updated, this, changed);
