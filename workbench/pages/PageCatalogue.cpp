@@ -5,6 +5,7 @@
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
 #include "record/format/GUI_ShutterSpeedFormatDialog.h"
+#include "record/info/GUI_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
 #include "standin/host/StandInHost.h"
 
@@ -98,6 +99,18 @@ QVector<PageEntry> makePages()
          "rectime_format_dlg",
          {},
          makeOwn<GUI_RectimeFormatDialog>},
+        {"custominfo",
+         Kind::Dialog,
+         "Information",
+         "&Custom information...",
+         {},
+         "Custom info",
+         "qrc:/custominfo.html",
+         "CustomInfoDialog",
+         {},
+         [](StandInHost &host, const PageEntry &, QWidget *parent) -> std::unique_ptr<QDialog> {
+             return std::make_unique<GUI_CustomInfoDialog>(&host, parent, false);
+         }},
         {"about",
          Kind::Dialog,
          "Help",
