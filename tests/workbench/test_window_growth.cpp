@@ -156,6 +156,8 @@ void TestWindowGrowth::nothingGrows_data()
     row("record rate", "recordRate", "cancel");
     row("frame number", "frameNumber", "ok");
     row("recording time", "recordingTime", "cancel");
+    row("custom info, accepted", "custominfo", "ok");
+    row("custom info, cancelled", "custominfo", "cancel");
     QTest::newRow("note, closed by the button") << Cycle([](Workbench &workbench) {
         openNote(workbench);
         workbench.window().tools()->action(noteTool(workbench))->trigger();

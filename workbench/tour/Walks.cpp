@@ -15,6 +15,8 @@ const QVector<Walks::Walk> &Walks::all()
         {"empty", {3, 2, true, true}, empty},
         {"catalogue", {3, 2, false, false}, catalogue},
         {"catalogue-dark", {3, 2, true, false}, catalogue},
+        {"custominfo", {3, 2, false, false}, customInfo},
+        {"custominfo-dark", {3, 2, true, false}, customInfo},
         {"cameras", {16, 1, false, false}, cameras},
         {"scale", {1, 1, false, false}, scale},
         {"scaled", {3, 2, false, false}, scaled, true},

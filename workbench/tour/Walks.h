@@ -19,6 +19,7 @@ void style(TourStage &stage);           ///< window and pages in the dark style
 void regionInTheDark(TourStage &stage); ///< panel and dialog of a tool in the dark style
 void empty(TourStage &stage);           ///< no camera is left, and one comes
 void catalogue(TourStage &stage);       ///< each page by keyboard, in the style of the scene
+void customInfo(TourStage &stage);      ///< custom information, in the style of the scene
 void cameras(TourStage &stage);         ///< as many cameras as there can be
 void scale(TourStage &stage);           ///< a workbench on a screen that enlarges by 1.5
 void scaled(TourStage &stage);          ///< what that one does; a walk for itself alone
