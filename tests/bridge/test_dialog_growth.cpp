@@ -2,10 +2,12 @@
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "bridge/dialog/GUI_SyncProgress.h"
 #include "bridge/mediator/PageSignal.h"
+#include "bridge/operation/DialogRun.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "plugin/PLG_Common.h"
 #include "record/comment/GUI_CommentDialog.h"
+#include "record/display/GUI_EditInfoDialog.h"
 #include "record/format/GUI_FrameFormatDialog.h"
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
@@ -196,6 +198,23 @@ Cycle customInfoCycle(const QString &way)
     };
 }
 
+// Its page has a list, a preview and a font panel that it cancels, and opens another dialog.
+Cycle editInfoCycle(bool saveForm, const QString &way)
+{
+    return [saveForm, way](StandInHost &host) {
+        if (host.cameraCount() == 0)
+            host.addCamera();
+        GUI_EditInfoDialog dialog(&host, 1, saveForm, nullptr, 0, {}, QDateTime());
+        DialogRun::setAnswer([](QDialog &) { return int(QDialog::Rejected); });
+        execAndClose(dialog, way.isEmpty() ? way : "editInfo" + way,
+                     QStringLiteral("editInfo.finished.connect(function () {});"
+                                    "editInfo.getInfoSettingsHtml(1); editInfo.getThumbnail();"
+                                    "editInfo.backupFontSettings(1); editInfo.writeFontCancel();"
+                                    "editInfo.editFrameDispFormat()"));
+        DialogRun::setAnswer(DialogRun::Answer());
+    };
+}
+
 class DialogTool : public PLG_Common
 {
 public:
@@ -296,6 +315,11 @@ void TestDialogGrowth::nothingGrows_data()
     for (const char *way : {".accept()", ".reject()", ""})
         QTest::addRow("custom info, %s", *way ? way + 1 : "closed by its frame")
             << customInfoCycle(QString::fromLatin1(way));
+    for (const char *way : {".ok()", ".cancel()", ".hide()", ""}) {
+        const char *name = *way ? way + 1 : "closed by its frame";
+        QTest::addRow("information on the screen, %s", name) << editInfoCycle(false, way);
+        QTest::addRow("information in what is saved, %s", name) << editInfoCycle(true, way);
+    }
     QTest::newRow("time code") << Cycle([](StandInHost &host) {
         GUI_TimeCodeCustomDialog dialog(&host, nullptr);
         execAndClose(dialog, QStringLiteral("timecode_custom_mediator.ok()"), QString());

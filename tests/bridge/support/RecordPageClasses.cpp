@@ -73,6 +73,54 @@ QVector<SlotCase> customInfoCases()
     };
 }
 
+// Set together, the groups need the save form.
+bool isForSaving(StandInHost &host)
+{
+    return host.settings().value("saveinfo/collectiveSetting", QVariant()).toBool();
+}
+
+DOC_Interface *documentOf(StandInHost &host, DOCKEY key)
+{
+    StandInCamera *camera = host.camera(key);
+    return camera ? camera->contract() : nullptr;
+}
+
+QObject *makeEditInfoDialog(StandInHost &host)
+{
+    return new GUI_EditInfoDialog(&host, 6, isForSaving(host), documentOf(host, 1), 0,
+                                  {documentOf(host, 2)}, QDateTime());
+}
+
+QVector<SlotCase> editInfoCases()
+{
+    const auto forSaving = [](FaultScene &scene) {
+        scene.host.settings().setValue("saveinfo/collectiveSetting", true);
+        scene.host.settings().setValue("saveinfo/FixedFontSizeRatio6", true);
+        scene.host.settings().setValue("saveinfo/display2", "Comment:true,<hr>,Date:false");
+    };
+    const auto withFiles = [](FaultScene &scene) {
+        scene.host.setMode(StandInHost::Mode::File);
+        scene.host.settings().setValue("info/LogoPath", "/logos/old.png");
+    };
+    return {
+        {"getInfoSettingsHtml(int)", {2}, forSaving},
+        {"changeDisp(QString,bool,int)", {"Date", true, 2}, forSaving},
+        {"changeOrder(QString,int)", {"Date,HR,Comment", 2}, forSaving},
+        {"backupFontSettings(int)", {2}, forSaving},
+        {"restoreFontSettings()", {}, forSaving},
+        {"isCollectiveSetting()", {}, forSaving},
+        {"setCollectiveSetting(bool,bool)", {false, true}, forSaving},
+        {"getFixedFontSizeRatioBaseResolution(int)", {2}, forSaving},
+        {"setFixedFontSizeRatioBaseResolution(QSize,bool)", {QSize(3, 4), true}, forSaving},
+        {"setFontName(QString,bool)", {"Serif", true}, forSaving},
+        {"getThumbnail(int,int)", {0, 0}, forSaving},
+        {"setLogoPath()", {}, withFiles},
+        {"writeFontOK()", {}, forSaving},
+        {"reset()", {}, forSaving},
+        {"cancel()", {}, forSaving},
+    };
+}
+
 template <class Class> PageClass ofHost()
 {
     return {&Class::staticMetaObject, make<Class>, {}};
@@ -85,7 +133,7 @@ QVector<PageClass> recordPageClasses()
     return {
         ofHost<GUI_CommentDialog>(),
         {&GUI_CustomInfoDialog::staticMetaObject, makeCustomInfoDialog, {}},
-        ofHost<GUI_EditInfoDialog>(),
+        {&GUI_EditInfoDialog::staticMetaObject, makeEditInfoDialog, editInfoCases()},
         {&GUI_TimeCodeCustomDialog::staticMetaObject, makeTimeCodeDialog, {}},
         ofHost<GUI_FrameFormatDialog>(),
         ofHost<GUI_RecordRateFormatDialog>(),
