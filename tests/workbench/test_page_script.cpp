@@ -85,6 +85,9 @@ private slots:
     void keepsTheFocusInAList_data();
     void keepsTheFocusInAList();
     void leavesKeysToWhatARowHolds();
+    void choosesSeveralRows_data();
+    void choosesSeveralRows();
+    void choosesSeveralRowsByTheMouse();
 };
 
 void TestPageScript::init()
@@ -377,6 +380,71 @@ void TestPageScript::leavesKeysToWhatARowHolds()
     QCOMPARE(read(rows.view(), "box.value").toString(), QString("r 1"));
     QCOMPARE(rows.focused(), QString("inside"));
     QCOMPARE(rows.chosen(), QString());
+}
+
+void TestPageScript::choosesSeveralRows_data()
+{
+    using Keys = QVector<int>;
+    QTest::addColumn<Keys>("keys");
+    QTest::addColumn<QString>("chosen");
+    QTest::addColumn<int>("changes");
+    const int down = Qt::Key_Down;
+    const int up = Qt::Key_Up;
+    const int space = Qt::Key_Space;
+    const int shift = int(Qt::SHIFT);
+    const int ctrl = int(Qt::CTRL);
+    QTest::newRow("going on chooses nothing") << Keys{down, down} << "" << 0;
+    QTest::newRow("one") << Keys{down, space} << "b" << 1;
+    QTest::newRow("another one alone") << Keys{space, down, int(Qt::Key_Return)} << "b" << 2;
+    QTest::newRow("one more") << Keys{space, down, down, ctrl | space} << "a,c" << 2;
+    QTest::newRow("one less") << Keys{space, ctrl | space} << "" << 2;
+    QTest::newRow("range") << Keys{space, down, down, shift | space} << "a,b,c" << 2;
+    QTest::newRow("range upwards")
+        << Keys{down, down, down, space, up, up, shift | space} << "b,c,d" << 2;
+    QTest::newRow("range that shrinks")
+        << Keys{down, space, shift | down, shift | down, shift | up} << "b,c" << 4;
+    QTest::newRow("range from the last one chosen alone")
+        << Keys{space, down, ctrl | space, down, down, shift | space} << "b,c,d" << 3;
+    QTest::newRow("range to the end")
+        << Keys{down, space, shift | int(Qt::Key_End)} << "b,c,d,e" << 2;
+    QTest::newRow("range from nowhere") << Keys{down, shift | space} << "b" << 1;
+    QTest::newRow("all") << Keys{down, ctrl | int(Qt::Key_A)} << "a,b,c,d,e" << 1;
+}
+
+void TestPageScript::choosesSeveralRows()
+{
+    QFETCH(QVector<int>, keys);
+    QFETCH(QString, chosen);
+    QFETCH(int, changes);
+    Rows rows;
+    QVERIFY(rows.open("fillSeveral()"));
+    read(rows.view(), "several.focus()");
+    for (const int key : keys)
+        QVERIFY(press(rows.view(), key & ~Qt::KeyboardModifierMask,
+                      Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask)));
+    QCOMPARE(read(rows.view(), "several.chosen().map(function (row) { return row.id; }).join()")
+                 .toString(),
+             chosen);
+    QCOMPARE(read(rows.view(), "changes").toInt(), changes);
+}
+
+void TestPageScript::choosesSeveralRowsByTheMouse()
+{
+    Rows rows;
+    QVERIFY(rows.open("fillSeveral()"));
+    const auto clickWith = [&](const QString &row, Qt::KeyboardModifiers modifiers) {
+        read(rows.view(), "var box = Page.get('" + row + "').getBoundingClientRect()");
+        const QPoint place(read(rows.view(), "box.left + 5").toInt(),
+                           read(rows.view(), "box.top + 5").toInt());
+        QTest::mouseClick(rows.view(), Qt::LeftButton, modifiers, place);
+        return read(rows.view(), "several.chosen().map(function (row) { return row.id; }).join()")
+            .toString();
+    };
+    QCOMPARE(clickWith("d", Qt::NoModifier), QString("d"));
+    QCOMPARE(clickWith("b", Qt::ShiftModifier), QString("b,c,d"));
+    QCOMPARE(clickWith("c", Qt::ControlModifier), QString("b,d"));
+    QCOMPARE(clickWith("e", Qt::NoModifier), QString("e"));
+    QCOMPARE(read(rows.view(), "changes").toInt(), 4);
 }
 
 int main(int argc, char **argv)

@@ -270,6 +270,65 @@ var Page = (function () {
         };
     };
 
+    // A list of which several rows may be chosen. A click, Enter or Space chooses a row alone, with
+    // Ctrl it joins or leaves the others, and with Shift all rows are chosen from the last one that
+    // was chosen without it; Shift and a key that goes on do the same, and Ctrl+A takes all.
+    // `changed` is called when the user has chosen.
+    page.multiList = function (element, changed) {
+        var anchor = null;
+
+        function rows() {
+            return Array.from(element.children);
+        }
+
+        function chosen() {
+            return rows().filter(function (row) {
+                return row.getAttribute('aria-selected') === 'true';
+            });
+        }
+
+        function select(wanted) {
+            var set = new Set(wanted);
+            rows().forEach(function (row) { list.mark(row, set.has(row)); });
+        }
+
+        function choose(row, event) {
+            var all = rows();
+            if (event.shiftKey && all.indexOf(anchor) >= 0) {
+                var ends = [all.indexOf(anchor), all.indexOf(row)];
+                select(all.slice(Math.min(ends[0], ends[1]), Math.max(ends[0], ends[1]) + 1));
+            } else {
+                anchor = row;
+                if (event.ctrlKey)
+                    list.mark(row, row.getAttribute('aria-selected') !== 'true');
+                else
+                    select([row]);
+            }
+            changed();
+        }
+
+        var list = page.list(element, choose);
+        element.setAttribute('role', 'listbox');
+        element.setAttribute('aria-multiselectable', 'true');
+        page.listen(element, 'keydown', function (event) {
+            var row = document.activeElement; // the list has gone on to it
+            if (event.ctrlKey && event.keyCode === 65) {
+                select(rows());
+                changed();
+                event.preventDefault();
+            } else if (event.shiftKey && event.keyCode >= 33 && event.keyCode <= 40 &&
+                    row.parentNode === element) {
+                choose(row, event);
+            }
+        });
+        return {
+            fill: list.fill,
+            mark: list.mark,
+            focus: list.focus,
+            chosen: chosen // in their order
+        };
+    };
+
     function takeStyle() {
         var dark = page.bridge.getStyle().toLowerCase() === 'dark';
         document.body.classList.remove(dark ? 'light' : 'dark');
