@@ -256,7 +256,7 @@ void TestPageCatalogue::hasEachPageOnce()
     QCOMPARE(names.removeDuplicates(), 0);
     QCOMPARE(urls.removeDuplicates(), 0);
     for (const char *name :
-         {"views", "devices", "status", "partitions", "prefs", "ethernet", "timeCode",
+         {"views", "devices", "status", "partitions", "prefs", "ethernet", "timeCode", "comments",
           "shutterSpeed", "recordRate", "frameNumber", "recordingTime", "about"})
         QVERIFY2(names.contains(name), name);
 }

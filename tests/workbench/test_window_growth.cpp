@@ -151,6 +151,8 @@ void TestWindowGrowth::nothingGrows_data()
     row("Ethernet settings", "ethernet", "ok");
     row("time code", "timeCode", "ok");
     row("time code, closed by the frame", "timeCode", "");
+    row("comments", "comments", "ok");
+    row("comments, closed by the frame", "comments", "");
     row("shutter speed", "shutterSpeed", "ok");
     row("shutter speed, closed by the frame", "shutterSpeed", "");
     row("record rate", "recordRate", "cancel");

@@ -1,6 +1,7 @@
 #include "workbench/pages/PageCatalogue.h"
 
 #include "bridge/mediator/JS_Mediator.h"
+#include "record/comment/GUI_CommentDialog.h"
 #include "record/format/GUI_FrameFormatDialog.h"
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
@@ -59,6 +60,16 @@ QVector<PageEntry> makePages()
          "timecode_custom_mediator",
          {},
          makeTimeCode},
+        {"comments",
+         Kind::Dialog,
+         "Information",
+         "&Comments...",
+         {},
+         "Comment",
+         "qrc:/commentview.html",
+         "comment_mediator",
+         {},
+         makeOwn<GUI_CommentDialog>},
         {"shutterSpeed",
          Kind::Dialog,
          "Information",

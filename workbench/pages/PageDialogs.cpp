@@ -104,14 +104,17 @@ int PageDialogs::run(const PageEntry &page)
         view->setAccessibleName(dialog->windowTitle());
         if (dynamic_cast<GUI_PageDialog *>(dialog.get())) { // it shows itself to its page
             emit m_host.events()->pageAttached(view);
-            // It has no signal that says so, and what the user has not stored yet stays.
+            // It has no signals that say so, and what the user has not stored yet stays.
+            const auto call = [view](const char *function) {
+                view->page()->mainFrame()->evaluateJavaScript(
+                    QStringLiteral("window.Page && Page.bridge && Page.%1(); 0").arg(function));
+            };
             QObject::connect(
-                m_host.events(), &StandInEvents::updated, view,
-                [view] {
-                    view->page()->mainFrame()->evaluateJavaScript(
-                        QStringLiteral("window.Page && Page.bridge && Page.followStyle(); 0"));
-                },
+                m_host.events(), &StandInEvents::updated, view, [call] { call("followStyle"); },
                 Qt::QueuedConnection);
+            QObject::connect(
+                m_host.events(), &StandInEvents::documentsChanged, view,
+                [call] { call("followDocuments"); }, Qt::QueuedConnection);
         }
     }
     auto *shown = dynamic_cast<GUI_WebViewDialog *>(dialog.get());

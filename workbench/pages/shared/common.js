@@ -338,6 +338,9 @@ var Page = (function () {
     // Called where nothing signals to the page.
     page.followStyle = page.guard(takeStyle);
 
+    // Called when documents have come or gone; a page that shows some has a function of its own.
+    page.followDocuments = function () { };
+
     // Marked texts: data-tr, and data-tr-label for what only screen readers and tips say. They are
     // kept as they were, so that a page can be translated again.
     function translateAll() {
