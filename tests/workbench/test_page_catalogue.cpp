@@ -249,14 +249,17 @@ void TestPageCatalogue::hasEachPageOnce()
     QStringList urls;
     for (const PageEntry &page : PageCatalogue::pages()) {
         names.append(page.name);
-        urls.append(page.url);
+        // A page that is made for what it shows may be there for several such things.
+        if (!page.make || !urls.contains(page.url))
+            urls.append(page.url);
         QCOMPARE(&PageCatalogue::page(page.name), &page);
         QVERIFY2(!page.title.isEmpty() && !page.mediator.isEmpty(), qPrintable(page.name));
     }
     QCOMPARE(names.removeDuplicates(), 0);
     QCOMPARE(urls.removeDuplicates(), 0);
     for (const char *name :
-         {"views", "devices", "status", "partitions", "prefs", "ethernet", "timeCode", "comments",
+         {"views", "devices", "status", "partitions", "prefs", "ethernet", "editinfo", "saveinfo",
+          "saveinfoLayout", "saveinfoConvert", "saveinfoReport", "timeCode", "comments",
           "shutterSpeed", "recordRate", "frameNumber", "recordingTime", "about"})
         QVERIFY2(names.contains(name), name);
 }

@@ -149,6 +149,9 @@ void TestWindowGrowth::nothingGrows_data()
     row("preferences, closed by the frame", "prefs", "");
     row("about", "about", "close");
     row("Ethernet settings", "ethernet", "ok");
+    row("displayed information", "editinfo", "cancel");
+    row("displayed information, closed by the frame", "editinfo", "");
+    row("saved information", "saveinfo", "ok");
     row("time code", "timeCode", "ok");
     row("time code, closed by the frame", "timeCode", "");
     row("comments", "comments", "ok");

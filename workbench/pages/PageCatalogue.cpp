@@ -2,6 +2,7 @@
 
 #include "bridge/mediator/JS_Mediator.h"
 #include "record/comment/GUI_CommentDialog.h"
+#include "record/display/GUI_EditInfoDialog.h"
 #include "record/format/GUI_FrameFormatDialog.h"
 #include "record/format/GUI_RecordRateFormatDialog.h"
 #include "record/format/GUI_RectimeFormatDialog.h"
@@ -9,6 +10,8 @@
 #include "record/info/GUI_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
 #include "standin/host/StandInHost.h"
+
+#include <QDateTime>
 
 #include <algorithm>
 
@@ -26,6 +29,28 @@ std::unique_ptr<QDialog> makeOwn(StandInHost &host, const PageEntry &, QWidget *
 std::unique_ptr<QDialog> makeTimeCode(StandInHost &host, const PageEntry &, QWidget *parent)
 {
     return std::make_unique<GUI_TimeCodeCustomDialog>(&host, parent);
+}
+
+// What is written into files of this type, of the current document as it is now.
+template <int FileType>
+std::unique_ptr<QDialog> makeSaveInfo(StandInHost &host, const PageEntry &, QWidget *)
+{
+    return std::make_unique<GUI_EditInfoDialog>(
+        &host, FileType, true, nullptr, 0, QList<DOC_Interface *>(), QDateTime::currentDateTime());
+}
+
+PageEntry saveInfo(const QString &name, const QString &entry, PageEntry::Make make)
+{
+    return {name,
+            Kind::Dialog,
+            "Information",
+            entry,
+            {},
+            "edit information",
+            "qrc:/saveinfoview.html",
+            "editInfo",
+            QSize(850, 680),
+            make};
 }
 
 // name, kind, menu, entry, shortcut, title, URL, mediator, size, maker, command
@@ -50,6 +75,20 @@ QVector<PageEntry> makePages()
          QSize(430, 250),
          nullptr,
          [](JS_Mediator &commands) { commands.openPrefsEthernetSettings(); }},
+        {"editinfo",
+         Kind::Dialog,
+         "Information",
+         "&Displayed information...",
+         {},
+         "edit information",
+         "qrc:/editinfo.html",
+         "editInfo",
+         QSize(340, 680),
+         makeOwn<GUI_EditInfoDialog>},
+        saveInfo("saveinfo", "Information in s&aved recordings...", makeSaveInfo<1>),
+        saveInfo("saveinfoLayout", "Information in saved &layouts...", makeSaveInfo<4>),
+        saveInfo("saveinfoConvert", "Information in con&verted files...", makeSaveInfo<6>),
+        saveInfo("saveinfoReport", "Information in re&ports...", makeSaveInfo<16>),
         {"timeCode",
          Kind::Dialog,
          "Information",

@@ -1,5 +1,7 @@
 #include "workbench/tour/PageHand.h"
 
+#include "workbench/tour/TourHand.h"
+
 #include <QTest>
 #include <QWebElement>
 #include <QWebFrame>
@@ -101,6 +103,16 @@ bool PageHand::click(QWebView *view, const QString &selector)
     QTest::mouseClick(view, Qt::LeftButton, Qt::NoModifier, middle);
     QTest::qWait(SettlingTime);
     return true;
+}
+
+bool PageHand::drag(QWebView *view, const QString &selector, const QString &target)
+{
+    if (!isShown(view, selector) || !isShown(view, target))
+        return false;
+    const QPoint from = placeOf(find(view, selector)).center();
+    const QRect box = placeOf(find(view, target));
+    const QPoint to(box.center().x(), box.bottom() - box.height() / 4);
+    return TourHand::drag(view, from, to);
 }
 
 QStringList PageHand::stops(QWebView *view)

@@ -28,6 +28,10 @@ QVariant read(QWebView *view, const QString &expression);
 /// Scrolls the element into view and clicks its middle; false when it cannot be used.
 bool click(QWebView *view, const QString &selector);
 
+/// Takes the middle of an element and drops it in the lower part of another one; false when either
+/// is out of view.
+bool drag(QWebView *view, const QString &selector, const QString &target);
+
 /// The controls that Tab has to reach, in the order of the page: those that are shown and may be
 /// used, of a group of radio buttons one. Their ids, or their texts where they have none.
 QStringList stops(QWebView *view);

@@ -1,6 +1,5 @@
 #include "workbench/tour/TourStage.h"
 
-#include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/page/GUI_WebView.h"
 #include "contract/PLG_Interface.h"
 #include "workbench/base/SettingsText.h"
@@ -18,6 +17,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDialog>
 #include <QMenuBar>
 #include <QTest>
 
@@ -158,13 +158,13 @@ void TourStage::visitDialog(const QString &menu, const QString &entry, const QSt
     TourHand::answerDialogs(
         [&] { check(TourHand::chooseMenu(window().menuBar(), menu, entry), menu + ", " + entry); },
         {[&](QDialog *dialog) {
-            auto *shown = dynamic_cast<GUI_WebViewDialog *>(dialog);
-            if (!shown || !TourHand::waitFor([&] { return isDrawn(shown->webView()); }))
+            auto *page = dialog->findChild<GUI_WebView *>();
+            if (!page || !TourHand::waitFor([page] { return isDrawn(page); }))
                 return;
             ++visits;
             TourHand::settle();
-            addPicture(shown, picture);
-            body(shown->webView());
+            addPicture(dialog, picture);
+            body(page);
         }});
     check(visits == 1, "the dialog with its page");
 }
