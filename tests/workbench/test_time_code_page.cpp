@@ -521,6 +521,17 @@ void TestTimeCodePage::hasRoomForAll()
                            "content.scrollWidth <= content.clientWidth &&"
                            "document.documentElement.scrollHeight <= innerHeight")
                     .toBool());
+        // The longest text of each list has its room.
+        QVERIFY(click(view, "#time"));
+        QVERIFY(read(view, "Page.all('select').every(function (list) {"
+                           "    var widest = list.cloneNode(true);"
+                           "    widest.style.cssText = 'position: absolute; width: auto';"
+                           "    document.body.appendChild(widest);"
+                           "    var width = widest.offsetWidth;"
+                           "    widest.remove();"
+                           "    return width <= list.offsetWidth;"
+                           "})")
+                    .toBool());
     }));
 }
 

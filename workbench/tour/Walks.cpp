@@ -13,6 +13,8 @@ const QVector<Walks::Walk> &Walks::all()
         {"style", {3, 2, false, false}, style},
         {"region-dark", {3, 2, true, true}, regionInTheDark},
         {"empty", {3, 2, true, true}, empty},
+        {"information", {3, 2, false, false}, information},
+        {"information-dark", {3, 2, true, false}, information},
         {"catalogue", {3, 2, false, false}, catalogue},
         {"catalogue-dark", {3, 2, true, false}, catalogue},
         {"custominfo", {3, 2, false, false}, customInfo},

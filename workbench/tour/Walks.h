@@ -18,6 +18,7 @@ void support(TourStage &stage);         ///< the support file
 void style(TourStage &stage);           ///< window and pages in the dark style
 void regionInTheDark(TourStage &stage); ///< panel and dialog of a tool in the dark style
 void empty(TourStage &stage);           ///< no camera is left, and one comes
+void information(TourStage &stage);     ///< time code, comments, and how values are written
 void catalogue(TourStage &stage);       ///< each page by keyboard, in the style of the scene
 void customInfo(TourStage &stage);      ///< custom information, in the style of the scene
 void cameras(TourStage &stage);         ///< as many cameras as there can be
