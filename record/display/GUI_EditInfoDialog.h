@@ -64,14 +64,20 @@ public slots:
     void backupFontSettings(int offset);
     void restoreFontSettings();
 
+    /// Families of the host's fonts; empty when it fails.
     QStringList getFontNameList();
+
+    /// What can be chosen as size of the text, and as number of columns, as decimal text.
     QStringList getFontSizeList();
     QStringList getToColumnList();
 
+    /// Whether groups 1 to 6 are set together, by writeFontOK(). The editor form, which has one
+    /// group, knows nothing of it.
     bool isCollectiveSetting();
     void setCollectiveSetting(bool value, bool update = true);
 
-    // Reading makes the group the current one, which the setters write.
+    // Reading makes the group the current one, which the setters write. Neutral when the host
+    // fails; a base resolution is -1 by -1 then. A page reads that as empty text, and can set none.
     QString getFontName(int offset = 0);
     QString getFontSize(int offset = 0);
     bool getBold(int offset = 0);
@@ -105,6 +111,7 @@ public slots:
     void setColumnNum(const QString &value, bool update = true);
     void setColumnSpacing(int value, bool update = true);
 
+    /// Whether what is saved stands inside the picture, in all groups.
     bool getWithinImage();
     void setWithinImage(bool value, bool update = true);
 
@@ -112,11 +119,13 @@ public slots:
     bool getDisplayBlankLine();
     void setDisplayBlankLine(bool display);
 
+    /// Opens the dialog of the comments, of the document's own where it is still there.
     void editComment();
 
     /// Asks for a logo, stores its path and gives it to the documents where they are files.
     void setLogoPath();
 
+    // Each opens a dialog, which keeps what it stored whatever way this one ends.
     void execTimeCodeSettingDialog();
     void editCustom();
     void editShutterDispFormat();
@@ -152,6 +161,7 @@ public slots:
     /// The user's answer to a question; false when the host fails.
     bool confirm(const QString &message);
 
+    /// Ends the dialog, and keeps what is stored.
     void ok();
 
     /// Writes back what was there when the dialog opened, and ends it.
@@ -160,7 +170,7 @@ public slots:
     QString getStyle();
     QString translate(const QString &string);
 
-    /// Whether the format has parameters of its own here.
+    /// Whether what is saved is converted by parameters of its own: in one format, not of files.
     bool onConvertParameterEditDialog();
 
 protected:

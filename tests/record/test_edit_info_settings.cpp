@@ -22,6 +22,8 @@ private slots:
     void propertyIsReadAndWritten();
     void propertyHasShortForms_data();
     void propertyHasShortForms();
+    void propertyIsReadBackInANewDialog_data();
+    void propertyIsReadBackInANewDialog();
     void propertyOfTheOtherFormIsNone_data();
     void propertyOfTheOtherFormIsNone();
     void readingSelectsTheGroup();
@@ -312,10 +314,12 @@ void TestEditInfoSettings::propertyHasShortForms()
     EditInfoScene scene(saveForm);
     QVERIFY(scene.show());
     const QString prefix = name == "FixedFontSizeRatio" ? "is" : "get";
-    scene.call(prefix + name + "()");
+    const QString read = scene.call(prefix + name + "()");
     QCOMPARE(scene.journal(), QStringList(EditInfoScene::asked(key)));
-    if (value.type() == QVariant::Size)
-        return; // a page cannot pass one
+    if (value.type() == QVariant::Size) { // a page reads nothing, and cannot pass one
+        QCOMPARE(read, QStringLiteral("\"\""));
+        return;
+    }
     const QString text =
         value.type() == QVariant::String ? scriptText(value.toString()) : value.toString();
     scene.call("set" + name + "(" + text + ")");
@@ -325,6 +329,35 @@ void TestEditInfoSettings::propertyHasShortForms()
     if (!saveForm)
         expected.append(EditInfoScene::refreshed());
     QCOMPARE(scene.journal(), expected);
+}
+
+void TestEditInfoSettings::propertyIsReadBackInANewDialog_data()
+{
+    propertyIsReadAndWritten_data();
+}
+
+// Confirmed it holds, cancelled it is what it was; the size of icons alone is not written back.
+void TestEditInfoSettings::propertyIsReadBackInANewDialog()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, saveForm);
+    QFETCH(QVariant, value);
+    QFETCH(Getter, get);
+    QFETCH(Setter, set);
+    const QVariant other(value.userType(), nullptr);
+    EditInfoScene scene;
+    scene.host.settings().setValue(keyOf(name, saveForm, 5), QVariant());
+    LogCapture log;
+    scene.open(saveForm);
+    get(*scene.dialog, 5);
+    set(*scene.dialog, value, true);
+    scene.dialog->ok();
+    scene.open(saveForm);
+    QCOMPARE(get(*scene.dialog, 5), value);
+    set(*scene.dialog, other, true);
+    scene.dialog->cancel();
+    scene.open(saveForm);
+    QCOMPARE(get(*scene.dialog, 5), name == "IconSize" ? other : value);
 }
 
 void TestEditInfoSettings::propertyOfTheOtherFormIsNone_data()
