@@ -1,6 +1,7 @@
 #include "workbench/pages/PageCatalogue.h"
 
 #include "bridge/mediator/JS_Mediator.h"
+#include "foundation/Clock.h"
 #include "record/comment/GUI_CommentDialog.h"
 #include "record/display/GUI_EditInfoDialog.h"
 #include "record/format/GUI_FrameFormatDialog.h"
@@ -26,6 +27,11 @@ std::unique_ptr<QDialog> makeOwn(StandInHost &host, const PageEntry &, QWidget *
     return std::make_unique<Dialog>(&host);
 }
 
+std::unique_ptr<QDialog> makeCustomInfo(StandInHost &host, const PageEntry &, QWidget *parent)
+{
+    return std::make_unique<GUI_CustomInfoDialog>(&host, parent, false);
+}
+
 std::unique_ptr<QDialog> makeTimeCode(StandInHost &host, const PageEntry &, QWidget *parent)
 {
     return std::make_unique<GUI_TimeCodeCustomDialog>(&host, parent);
@@ -35,8 +41,8 @@ std::unique_ptr<QDialog> makeTimeCode(StandInHost &host, const PageEntry &, QWid
 template <int FileType>
 std::unique_ptr<QDialog> makeSaveInfo(StandInHost &host, const PageEntry &, QWidget *)
 {
-    return std::make_unique<GUI_EditInfoDialog>(
-        &host, FileType, true, nullptr, 0, QList<DOC_Interface *>(), QDateTime::currentDateTime());
+    return std::make_unique<GUI_EditInfoDialog>(&host, FileType, true, nullptr, 0,
+                                                QList<DOC_Interface *>(), Clock::now());
 }
 
 PageEntry saveInfo(const QString &name, const QString &entry, PageEntry::Make make)
@@ -89,16 +95,16 @@ QVector<PageEntry> makePages()
         saveInfo("saveinfoLayout", "Information in saved &layouts...", makeSaveInfo<4>),
         saveInfo("saveinfoConvert", "Information in con&verted files...", makeSaveInfo<6>),
         saveInfo("saveinfoReport", "Information in re&ports...", makeSaveInfo<16>),
-        {"timeCode",
+        {"custominfo",
          Kind::Dialog,
          "Information",
-         "&Time code...",
+         "C&ustom information...",
          {},
-         "Current Time Setting",
-         "qrc:/prefs_customize_timecode.html",
-         "timecode_custom_mediator",
+         "Custom info",
+         "qrc:/custominfo.html",
+         "CustomInfoDialog",
          {},
-         makeTimeCode},
+         makeCustomInfo},
         {"comments",
          Kind::Dialog,
          "Information",
@@ -109,6 +115,16 @@ QVector<PageEntry> makePages()
          "comment_mediator",
          {},
          makeOwn<GUI_CommentDialog>},
+        {"timeCode",
+         Kind::Dialog,
+         "Information",
+         "&Time code...",
+         {},
+         "Current Time Setting",
+         "qrc:/prefs_customize_timecode.html",
+         "timecode_custom_mediator",
+         {},
+         makeTimeCode},
         {"shutterSpeed",
          Kind::Dialog,
          "Information",
@@ -149,18 +165,6 @@ QVector<PageEntry> makePages()
          "rectime_format_dlg",
          {},
          makeOwn<GUI_RectimeFormatDialog>},
-        {"custominfo",
-         Kind::Dialog,
-         "Information",
-         "&Custom information...",
-         {},
-         "Custom info",
-         "qrc:/custominfo.html",
-         "CustomInfoDialog",
-         {},
-         [](StandInHost &host, const PageEntry &, QWidget *parent) -> std::unique_ptr<QDialog> {
-             return std::make_unique<GUI_CustomInfoDialog>(&host, parent, false);
-         }},
         {"about",
          Kind::Dialog,
          "Help",
