@@ -1,9 +1,12 @@
 #include "bench/BenchRatios.h"
 #include "record/info/CustomInfoFile.h"
+#include "record/info/JS_Mediator_CustomInfoDialog.h"
 #include "record/info/XmlTree.h"
+#include "standin/documents/StandInCamera.h"
+#include "standin/host/StandInHost.h"
 
+#include <QApplication>
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QDomDocument>
 #include <QTextStream>
 
@@ -13,13 +16,14 @@
 namespace {
 
 constexpr int Items = 10000;
+constexpr int FewItems = 1000;
 
 void dropMessages(QtMsgType, const QMessageLogContext &, const QString &) {}
 
-QVariantList manyCustoms()
+QVariantList manyCustoms(int count = Items)
 {
     QVariantList customs;
-    for (int i = 0; i < Items; ++i) {
+    for (int i = 0; i < count; ++i) {
         customs.append(QVariantMap{{"name", QStringLiteral("Item %1").arg(i)},
                                    {"value", QString::number(i * 0.37)},
                                    {"unit", "mm"},
@@ -124,17 +128,93 @@ QByteArray jobFile()
     return "<job>" + fields + "</job>";
 }
 
+// A document that keeps no record: what the dialog does is measured, not how a host stores it.
+class QuickDocument : public StandInCamera
+{
+public:
+    QuickDocument(StandInHost &host, int records)
+        : StandInCamera(host, 1, Description()), m_records(manyCustoms(records))
+    {
+    }
+
+    int sets() const { return m_sets; }
+
+    QVariantList customInfoList() override { return m_records; }
+    void setCustomInfo(const QString &, const QString &, const QString &, bool, bool) override
+    {
+        ++m_sets;
+    }
+
+private:
+    QVariantList m_records;
+    int m_sets = 0;
+};
+
+// A dialog on one document with so many records, all of which are ticked.
+class Ticking
+{
+public:
+    explicit Ticking(int records)
+        : m_document(m_host, records), m_customs(manyCustoms(records)),
+          m_mediator(&m_host, nullptr, false)
+    {
+        m_host.document = &m_document;
+    }
+
+    /// How many records were set.
+    int tick()
+    {
+        const int before = m_document.sets();
+        m_mediator.enableCustomData({1}, m_customs);
+        return m_document.sets() - before;
+    }
+
+private:
+    class QuickHost : public StandInHost
+    {
+    public:
+        QuickHost() { setJournalEnabled(false); }
+
+        DOC_Interface *deviceByKey(DOCKEY, bool) override { return document; }
+
+        DOC_Interface *document = nullptr;
+    };
+
+    QuickHost m_host;
+    QuickDocument m_document;
+    QVariantList m_customs;
+    JS_Mediator_CustomInfoDialog m_mediator;
+};
+
+void addTicking(BenchRatios &ratios)
+{
+    const auto many = std::make_shared<Ticking>(Items);
+    const auto few = std::make_shared<Ticking>(FewItems);
+    ratios.add(
+        "ticks of 10,000 items, per item", 2.0,
+        [many](benchmark::State &state) {
+            for (auto _ : state)
+                benchmark::DoNotOptimize(many->tick());
+        },
+        [few](benchmark::State &state) {
+            for (auto _ : state) {
+                for (int i = 0; i < Items / FewItems; ++i)
+                    benchmark::DoNotOptimize(few->tick());
+            }
+        });
+}
+
 }
 
 int main(int argc, char **argv)
 {
-    QCoreApplication application(argc, argv);
+    QApplication application(argc, argv);
     qInstallMessageHandler(dropMessages);
     const QVariantList customs = manyCustoms();
     const QByteArray file = CustomInfoFile::toXml(customs, "1");
     const QVector<QStringList> texts = textsOf(customs);
     if (bareXml(texts) != file || load(file).records != customs ||
-        load(jobFile()).records.size() != Items)
+        load(jobFile()).records.size() != Items || Ticking(Items).tick() != Items)
         return 1;
 
     BenchRatios ratios;
@@ -146,5 +226,6 @@ int main(int argc, char **argv)
             measure(state, [&] { return CustomInfoFile::toXml(customs, "1"); });
         },
         [texts](benchmark::State &state) { measure(state, [&] { return bareXml(texts); }); });
+    addTicking(ratios);
     return ratios.run(argc, argv);
 }
