@@ -9,6 +9,7 @@
 namespace LogLines {
 
 QDebug info();
+QDebug warning();
 QDebug critical();
 
 }
