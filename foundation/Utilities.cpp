@@ -43,10 +43,34 @@ QString hexText(uint value, int width)
     return QString::number(value, 16).rightJustified(width, QLatin1Char('0'));
 }
 
-bool holdsNone(const QString &text, const QString &forbidden)
+// What a file name must not hold; a path may hold the first three.
+constexpr char Forbidden[] = "\\/:*?|\t\n\"<>%";
+constexpr const char *ForbiddenInPaths = Forbidden + 3;
+
+/// Letters below 128, a bit each.
+class LetterSet
+{
+public:
+    constexpr explicit LetterSet(const char *letters)
+    {
+        for (; *letters != 0; ++letters)
+            m_bits[*letters / 64] |= quint64(1) << (*letters % 64);
+    }
+
+    constexpr bool holds(QChar letter) const
+    {
+        const ushort unit = letter.unicode();
+        return unit < 128 && ((m_bits[unit / 64] >> (unit % 64)) & 1) != 0;
+    }
+
+private:
+    quint64 m_bits[2] = {};
+};
+
+bool holdsNone(const QString &text, const LetterSet &forbidden)
 {
     return std::none_of(text.cbegin(), text.cend(),
-                        [&](QChar letter) { return forbidden.contains(letter); });
+                        [&](QChar letter) { return forbidden.holds(letter); });
 }
 
 bool isDigit(QChar letter)
@@ -217,22 +241,24 @@ QString formatIpAddress(const QString &text)
 
 QString forbiddenInFileName()
 {
-    return QLatin1String("\\/:") + forbiddenInFilePath();
+    return QLatin1String(Forbidden);
 }
 
 QString forbiddenInFilePath()
 {
-    return QLatin1String("*?|\t\n\"<>%");
+    return QLatin1String(ForbiddenInPaths);
 }
 
 bool isValidFileName(const QString &name)
 {
-    return holdsNone(name, forbiddenInFileName());
+    constexpr LetterSet letters(Forbidden);
+    return holdsNone(name, letters);
 }
 
 bool isValidFilePath(const QString &path)
 {
-    return holdsNone(path, forbiddenInFilePath());
+    constexpr LetterSet letters(ForbiddenInPaths);
+    return holdsNone(path, letters);
 }
 
 bool isValidIpAddress(const QString &text)
