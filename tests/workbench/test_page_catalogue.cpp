@@ -232,6 +232,7 @@ private slots:
     void loadsTheSharedScriptFirst();
     void hasAnEntryForEachDialog_data();
     void hasAnEntryForEachDialog();
+    void hasEachMenuOnce();
     void takesBothStyles_data();
     void takesBothStyles();
     void isWalkedByKeys_data();
@@ -303,6 +304,16 @@ void TestPageCatalogue::hasAnEntryForEachDialog()
     }
     QCOMPARE(menus, page.menu.isEmpty() ? QStringList() : QStringList(page.menu));
     QVERIFY(page.kind != PageEntry::Kind::Dialog || menus.size() == 1);
+}
+
+void TestPageCatalogue::hasEachMenuOnce()
+{
+    Shown shown;
+    QStringList menus;
+    for (const QAction *menu : shown.window().menuBar()->actions())
+        menus.append(QString(menu->text()).remove('&'));
+    QVERIFY(menus.contains("Information"));
+    QCOMPARE(menus.removeDuplicates(), 0);
 }
 
 void TestPageCatalogue::takesBothStyles_data()

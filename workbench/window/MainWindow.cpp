@@ -281,7 +281,6 @@ void MainWindow::makeMenus()
     information->addSeparator();
     m_toolMenu = menuBar()->addMenu(tr("&Tools"));
     m_toolMenu->setEnabled(false);
-    menuBar()->addMenu(tr("&Information"));
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addActions({m_support, m_inspectPage});
     addPages(help);
