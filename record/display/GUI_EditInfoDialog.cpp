@@ -31,7 +31,7 @@ public:
     ~Transition()
     {
         if (m_dialog && --m_dialog->m_transitions == 0 && m_dialog->isVisible())
-            m_dialog->beginAnew();
+            m_dialog->m_isDecided = false; // it begins anew
     }
 
     Transition(const Transition &) = delete;
@@ -121,7 +121,6 @@ bool GUI_EditInfoDialog::onConvertParameterEditDialog()
 void GUI_EditInfoDialog::ok()
 {
     const Transition transition(this);
-    m_okPressed = true;
     acceptAndClose();
 }
 
@@ -131,19 +130,13 @@ void GUI_EditInfoDialog::cancel()
     rejectAndClose();
 }
 
-void GUI_EditInfoDialog::beginAnew()
-{
-    m_okPressed = false;
-    m_isDecided = false;
-}
-
 // The ways out lead through one another: closing rejects, rejecting hides.
 void GUI_EditInfoDialog::decideOnce(bool isKept)
 {
     if (m_isDecided)
         return;
     m_isDecided = true;
-    if (!isKept && !m_okPressed)
+    if (!isKept)
         writeBack();
 }
 
@@ -169,6 +162,6 @@ void GUI_EditInfoDialog::closeEvent(QCloseEvent *event)
     const OperationLogScope trace(QLatin1String("GUI_EditInfoDialog::closeEvent"));
     const Transition transition(this);
     event->accept();
-    if (!m_okPressed && !m_isDecided)
+    if (!m_isDecided)
         reject(); // done() writes back first
 }

@@ -51,7 +51,7 @@ public slots:
     void populateJavaScriptWindowObject() override;
 
     /// The markup of a group's items, read anew, with what was built so far when the host fails.
-    /// Empty without a document. From here on ok() has not been pressed.
+    /// Empty without a document. A page begins with it: what was kept so far can be written back.
     QString getInfoSettingsHtml(int offset = 0);
 
     /// Ticks an item of a group, and stores the group's items.
@@ -192,12 +192,11 @@ private:
     static HeldDocument hold(HostServices *host, DOC_Interface *document);
     static DOC_Interface *present(HostServices *host, const HeldDocument &held);
 
-    void beginAnew();
     void decideOnce(bool isKept);
     void readInitial();
     void writeBack();
 
-    QVariant value(Property property, int group);
+    QVariant value(Property property, int group = 0);
     QVariant groupValue(Property property, int group);
     void setValue(Property property, const QVariant &value, bool update);
     bool readItems(int offset);
@@ -213,7 +212,6 @@ private:
     InfoItemList m_items;
     QVector<QPair<Property, QVariant>> m_backup;
     PrefSnapshot m_initial;
-    bool m_okPressed = false;
     bool m_isDecided = false; ///< what was there has been written back, or what is there is kept
     int m_transitions = 0;
     QSize m_thumbnailSize{-1, -1};

@@ -67,7 +67,7 @@ void GUI_EditInfoDialog::setLogoPath()
             if (DOC_Interface *document = present(services, held))
                 document->documentLogoPath(); // asked for, but the setting holds in every case
         }
-        const QString path = settings.read(Property::LogoPath, 0).toString();
+        const QString path = settings.read(Property::LogoPath).toString();
         FileChoice::Question question;
         question.kind = FileChoice::Kind::OpenFile;
         if (!path.isEmpty())
@@ -84,7 +84,7 @@ void GUI_EditInfoDialog::setLogoPath()
                     document->applyLogoPath(chosen);
             }
         }
-        settings.write(Property::LogoPath, 0, chosen);
+        settings.write(Property::LogoPath, chosen);
         markOverlaysDirty(services);
         settings.refresh();
     });

@@ -22,16 +22,16 @@ constexpr int BaseKind = 1;
 constexpr int BasePartition = 0;
 
 void writeBackSetting(const InfoSettings &settings, const PrefSnapshot &initial, Property property,
-                      int group)
+                      int group = 0)
 {
     const auto value = initial.value(key(property, settings.form(), group));
     if (!value)
         return;
     guarded(settings.host(),
-            [&] { settings.write(property, group, InfoFontSettings::value(property, *value)); });
+            [&] { settings.write(property, InfoFontSettings::value(property, *value), group); });
 }
 
-void writeBackTypeface(const InfoSettings &settings, const PrefSnapshot &initial, int group)
+void writeBackTypeface(const InfoSettings &settings, const PrefSnapshot &initial, int group = 0)
 {
     for (Property property : order(Pass::Rollback, settings.form()))
         writeBackSetting(settings, initial, property, group);
@@ -43,7 +43,7 @@ void writeBackTypefaces(const InfoSettings &settings, const PrefSnapshot &initia
         for (int group = FirstSetTogether; group <= LastSetTogether; ++group)
             writeBackTypeface(settings, initial, group);
     } else {
-        writeBackTypeface(settings, initial, 0);
+        writeBackTypeface(settings, initial);
         guarded(settings.host(), [&] { settings.refresh(); });
     }
 }
@@ -54,8 +54,8 @@ void writeBackItems(const InfoSettings &settings, const PrefSnapshot &initial)
         for (int group = 0; group < GroupCount; ++group)
             writeBackSetting(settings, initial, Property::Display, group);
     } else {
-        writeBackSetting(settings, initial, Property::Display, 0);
-        writeBackSetting(settings, initial, Property::BlankLine, 0);
+        writeBackSetting(settings, initial, Property::Display);
+        writeBackSetting(settings, initial, Property::BlankLine);
     }
 }
 
@@ -67,7 +67,7 @@ void copyToGroupsSetTogether(const InfoSettings &settings, int from)
         values.append(settings.read(property, from));
     for (int group = FirstSetTogether; group <= LastSetTogether; ++group) {
         for (int i = 0; group != from && i < properties.size(); ++i)
-            settings.write(properties.at(i), group, values.at(i));
+            settings.write(properties.at(i), values.at(i), group);
     }
 }
 
@@ -105,7 +105,7 @@ void GUI_EditInfoDialog::restoreFontSettings()
     const int group = m_currentGroup;
     const QVector<QPair<Property, QVariant>> backup = m_backup;
     for (const auto &each : backup) {
-        guarded(settings.host(), [&] { settings.write(each.first, group, each.second); });
+        guarded(settings.host(), [&] { settings.write(each.first, each.second, group); });
     }
 }
 
@@ -126,7 +126,7 @@ QStringList GUI_EditInfoDialog::getToColumnList()
 
 bool GUI_EditInfoDialog::isCollectiveSetting()
 {
-    return value(Property::CollectiveSetting, 0).toBool();
+    return value(Property::CollectiveSetting).toBool();
 }
 
 void GUI_EditInfoDialog::setCollectiveSetting(bool value, bool update)
@@ -153,7 +153,7 @@ void GUI_EditInfoDialog::setValue(Property property, const QVariant &value, bool
     const InfoSettings settings = m_settings;
     const int group = m_currentGroup;
     guarded(settings.host(), [&] {
-        settings.write(property, group, value);
+        settings.write(property, value, group);
         if (update)
             settings.refresh();
     });
@@ -311,7 +311,7 @@ void GUI_EditInfoDialog::setColumnSpacing(int value, bool update)
 
 bool GUI_EditInfoDialog::getWithinImage()
 {
-    return value(Property::WithinImage, 0).toBool();
+    return value(Property::WithinImage).toBool();
 }
 
 void GUI_EditInfoDialog::setWithinImage(bool value, bool update)
@@ -321,7 +321,7 @@ void GUI_EditInfoDialog::setWithinImage(bool value, bool update)
 
 bool GUI_EditInfoDialog::getDisplayBlankLine()
 {
-    return value(Property::BlankLine, 0).toBool();
+    return value(Property::BlankLine).toBool();
 }
 
 void GUI_EditInfoDialog::setDisplayBlankLine(bool display)
@@ -337,17 +337,17 @@ void GUI_EditInfoDialog::writeFontOK()
     guarded(settings.host(), [&] {
         if (settings.read(Property::FixedFontSizeRatio, group).toBool()) {
             if (DOC_Interface *document = present(settings.host(), held))
-                settings.write(Property::FixedFontSizeRatioBaseResolution, group,
-                               document->documentResolution(BaseKind, BasePartition, true));
+                settings.write(Property::FixedFontSizeRatioBaseResolution,
+                               document->documentResolution(BaseKind, BasePartition, true), group);
         }
-        if (settings.read(Property::CollectiveSetting, 0).toBool())
+        if (settings.read(Property::CollectiveSetting).toBool())
             copyToGroupsSetTogether(settings, group);
     });
 }
 
 void GUI_EditInfoDialog::writeFontCancel()
 {
-    m_currentGroup = m_settings.isSaveForm() ? LastSetTogether : 0;
+    m_currentGroup = LastSetTogether;
     const InfoSettings settings = m_settings;
     const PrefSnapshot initial = m_initial;
     writeBackTypefaces(settings, initial);
@@ -355,7 +355,7 @@ void GUI_EditInfoDialog::writeFontCancel()
 
 void GUI_EditInfoDialog::writeBack()
 {
-    m_currentGroup = m_settings.isSaveForm() ? LastSetTogether : 0;
+    m_currentGroup = LastSetTogether;
     const InfoSettings settings = m_settings;
     const PrefSnapshot initial = m_initial;
     writeBackItems(settings, initial);
@@ -371,8 +371,8 @@ void GUI_EditInfoDialog::reset()
             for (int group = 0; group < GroupCount; ++group)
                 services->removePref(key(Property::Display, settings.form(), group));
         } else {
-            settings.write(Property::Display, 0, services->infoItemDefaultDisplay());
-            settings.write(Property::BlankLine, 0, services->prefDefault(Keys::info.blankLine));
+            settings.write(Property::Display, services->infoItemDefaultDisplay());
+            settings.write(Property::BlankLine, services->prefDefault(Keys::info.blankLine));
             settings.refresh();
         }
     });

@@ -8,7 +8,6 @@
 
 QString GUI_EditInfoDialog::getInfoSettingsHtml(int offset)
 {
-    m_okPressed = false;
     if (m_transitions == 0)
         m_isDecided = false; // the page begins anew
     const InfoSettings settings = m_settings;
@@ -53,7 +52,7 @@ template <typename Change> void GUI_EditInfoDialog::changeItems(int offset, Chan
         if (!m_items.isRead(offset))
             return; // no group of that number
         change();
-        settings.write(Property::Display, offset, m_items.setting(offset));
+        settings.write(Property::Display, m_items.setting(offset), offset);
         settings.refresh();
     });
 }

@@ -45,8 +45,7 @@ QString pngText(const QPixmap &picture)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    picture.save(&buffer, "PNG");
+    picture.save(&buffer, "PNG"); // opens it
     return QString::fromLatin1(bytes.toBase64());
 }
 

@@ -16,18 +16,18 @@ QVariant InfoSettings::read(InfoFontSettings::Property property, int group) cons
     return InfoFontSettings::value(property, stored);
 }
 
-void InfoSettings::write(InfoFontSettings::Property property, int group,
-                         const QVariant &value) const
+void InfoSettings::write(InfoFontSettings::Property property, const QVariant &value,
+                         int group) const
 {
     const QString key = InfoFontSettings::key(property, m_form, group);
     if (key.isEmpty())
         return;
     m_host->setPref(key, InfoFontSettings::stored(property, value));
     if (property == InfoFontSettings::Property::FontName && isSaveForm())
-        applyOutputFont(group, value.toString());
+        applyOutputFont(value.toString(), group);
 }
 
-void InfoSettings::applyOutputFont(int group, const QString &name) const
+void InfoSettings::applyOutputFont(const QString &name, int group) const
 {
     const QString language = m_host->getPrefString(Keys::display.language, QVariant());
     if (language != QLatin1String("ja") && group != 0)

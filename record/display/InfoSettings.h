@@ -5,7 +5,8 @@
 class HostServices;
 
 /// The settings of the information display as a host stores them, in one of the two forms. A copy
-/// is the same settings. The functions throw what the host throws. GUI thread.
+/// is the same settings. A group counts in the save form, for what each has for itself. The
+/// functions throw what the host throws. GUI thread.
 class InfoSettings
 {
 public:
@@ -18,17 +19,17 @@ public:
 
     /// The value as the property's own type, as InfoFontSettings::value() tells. The host is not
     /// asked for what the form does not have.
-    QVariant read(InfoFontSettings::Property property, int group) const;
+    QVariant read(InfoFontSettings::Property property, int group = 0) const;
 
     /// Stores a value, unless the form does not have the property. A font for what is saved is
     /// also told to the host, but for group 0, and where the application is not Japanese.
-    void write(InfoFontSettings::Property property, int group, const QVariant &value) const;
+    void write(InfoFontSettings::Property property, const QVariant &value, int group = 0) const;
 
     /// Shows the views anew, which the editor form alone changes.
     void refresh() const;
 
 private:
-    void applyOutputFont(int group, const QString &name) const;
+    void applyOutputFont(const QString &name, int group) const;
 
     HostServices *m_host;
     InfoFontSettings::Form m_form;

@@ -2,6 +2,7 @@
 #include "foundation/Clock.h"
 #include "tests/support/TestLog.h"
 
+#include <QCloseEvent>
 #include <QMetaMethod>
 #include <QTimer>
 
@@ -32,6 +33,8 @@ private slots:
     void dialogThatIsShownAgainStartsOver_data();
     void dialogThatIsShownAgainStartsOver();
     void changedFlagsAreNoWayOut();
+    void showingWhatIsShownIsNoWayOut();
+    void hidingWhatIsHiddenIsNoWayOut();
     void dialogThatWasNeverShownWritesNothingBackWhereItGoes();
     void shownDialogWritesBackWhereItGoes_data();
     void shownDialogWritesBackWhereItGoes();
@@ -39,6 +42,7 @@ private slots:
     void failureLeavesTheOthersWrittenBack();
     void hostThatFailsThroughoutLetsItClose_data();
     void hostThatFailsThroughoutLetsItClose();
+    void closingIsNeverRefused();
     void escapeIsIgnored();
     void pageCannotDeleteIt();
     void questionIsTheHosts();
@@ -209,12 +213,15 @@ void TestEditInfoDialog::shortFormIsTheEditorOfTheCurrentDocument()
     scene.dialog = new GUI_EditInfoDialog(&scene.host);
     QCOMPARE(scene.dialog->width(), 340);
     scene.journal();
-    QVERIFY(!scene.dialog->getThumbnail(40, 30).isEmpty());
-    const QStringList lines = scene.journal();
-    QCOMPARE(lines.size(), 2);
-    QCOMPARE(lines.first(), QStringLiteral("documentKeyOf([1])"));
-    QCOMPARE(lines.last(), QStringLiteral("[1].documentThumbnail(10, 40, 30, 1, 0, "
-                                          "\"2024-05-06T12:00:00\")"));
+    const QSize size = scene.document(1)->documentResolution(1, 1, false);
+    scene.journal();
+    QVERIFY(!scene.dialog->getThumbnail().isEmpty());
+    QCOMPARE(scene.journal(),
+             QStringList({"documentKeyOf([1])", "[1].documentResolution(1, 1, false)",
+                          QStringLiteral("[1].documentThumbnail(10, %1, %2, 1, 0, "
+                                         "\"2024-05-06T12:00:00\")")
+                              .arg(size.width())
+                              .arg(size.height())}));
 }
 
 void TestEditInfoDialog::failureWhileConstructedReachesTheCaller()
@@ -312,6 +319,8 @@ void TestEditInfoDialog::groupZeroOfTheSaveFormKeepsItsTypeface()
     scene.dialog->cancel();
     QCOMPARE(scene.setting("saveinfo/FontSize0"), QVariant("44"));
     QCOMPARE(scene.setting("saveinfo/display0"), QVariant("Date:true,<hr>,Item0:false"));
+    scene.dialog->setFontSize("28"); // the last group that was written is the current one
+    QCOMPARE(scene.setting("saveinfo/FontSize6"), QVariant("28"));
 }
 
 void TestEditInfoDialog::whatOtherDialogsEditedStays()
@@ -410,6 +419,22 @@ void TestEditInfoDialog::changedFlagsAreNoWayOut()
     QCOMPARE(scene.host.commands(), QStringList());
     scene.dialog->hide();
     QCOMPARE(scene.journal(), EditInfoScene::allBack(false));
+}
+
+void TestEditInfoDialog::showingWhatIsShownIsNoWayOut()
+{
+    EditInfoScene scene(false);
+    QVERIFY(scene.show());
+    scene.page->evaluate("editInfo.show(); editInfo.setVisible(true)");
+    QCOMPARE(scene.journal(), QStringList());
+}
+
+void TestEditInfoDialog::hidingWhatIsHiddenIsNoWayOut()
+{
+    EditInfoScene scene(false);
+    scene.dialog->hide();
+    scene.dialog->setVisible(false);
+    QCOMPARE(scene.journal(), QStringList());
 }
 
 void TestEditInfoDialog::dialogThatWasNeverShownWritesNothingBackWhereItGoes()
@@ -511,6 +536,19 @@ void TestEditInfoDialog::hostThatFailsThroughoutLetsItClose()
     scene.journal();
     scene.dialog->close();
     QCOMPARE(scene.journal(), QStringList());
+}
+
+void TestEditInfoDialog::closingIsNeverRefused()
+{
+    EditInfoScene scene(false);
+    LogCapture log;
+    for (int i = 0; i < 2; ++i) {
+        QCloseEvent event;
+        event.ignore();
+        QCoreApplication::sendEvent(scene.dialog, &event);
+        QVERIFY(event.isAccepted());
+        QCOMPARE(scene.journal(), i == 0 ? EditInfoScene::allBack(false) : QStringList());
+    }
 }
 
 void TestEditInfoDialog::escapeIsIgnored()

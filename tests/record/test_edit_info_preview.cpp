@@ -1,6 +1,7 @@
 #include "EditInfoScene.h"
 #include "bridge/operation/DialogRun.h"
 #include "bridge/operation/FileChoice.h"
+#include "standin/documents/StandInGroup.h"
 #include "tests/support/TestLog.h"
 
 #include <QPixmap>
@@ -152,15 +153,15 @@ void TestEditInfoPreview::pictureIsPngInBase64()
     const QString text = scene.dialog->getThumbnail(40, 40);
     const QByteArray bytes = QByteArray::fromBase64(text.toLatin1());
     QVERIFY(bytes.startsWith("\x89PNG"));
-    const QPixmap drawn = scene.document(1)->documentThumbnail(
-        10, 40, 40, 1, 0, QDateTime(QDate(2024, 5, 6), QTime(7, 8, 9)));
+    const QDateTime time(QDate(2024, 5, 6), QTime(7, 8, 9));
+    const QPixmap drawn = scene.document(1)->documentThumbnail(10, 40, 40, 1, 0, time);
     QVERIFY(!drawn.isNull());
     QCOMPARE(QImage::fromData(bytes, "PNG").convertToFormat(QImage::Format_RGB32),
              drawn.toImage().convertToFormat(QImage::Format_RGB32));
     QCOMPARE(QString::fromLatin1(bytes.toBase64()), text);
     // The picture keeps its shape, so its size is not the one that was asked for.
     scene.dialog->getThumbnail(40, 3000);
-    const QSize size = scene.document(1)->documentThumbnail(10, 40, 3000, 1, 0, {}).size();
+    const QSize size = scene.document(1)->documentThumbnail(10, 40, 3000, 1, 0, time).size();
     QVERIFY(size.height() < 3000);
     QCOMPARE(scene.dialog->getThumbnailResolution(), QList<int>({size.width(), size.height()}));
     QCOMPARE(scene.call("getThumbnailResolution()"),
@@ -195,9 +196,11 @@ void TestEditInfoPreview::pictureNeedsTheDocument()
 
 void TestEditInfoPreview::pictureThatCannotBeDrawnIsEmpty()
 {
-    EditInfoScene scene(true);
-    QVERIFY(scene.document(1)->documentThumbnail(10, 40, 0, 1, 0, {}).isNull());
-    QCOMPARE(scene.dialog->getThumbnail(40, 0), QString());
+    EditInfoScene scene;
+    DOC_Interface *empty = scene.host.addGroup("empty", {});
+    scene.open(true, 1, empty);
+    QVERIFY(empty->documentThumbnail(10, 40, 30, 1, 0, {}).isNull());
+    QCOMPARE(scene.dialog->getThumbnail(40, 30), QString());
     QCOMPARE(scene.dialog->getThumbnailResolution(), QList<int>({0, 0}));
     QCOMPARE(scene.host.handledErrors(), QStringList());
 }
@@ -451,7 +454,7 @@ void TestEditInfoPreview::dialogIsOpened_data()
         row("editComment", "GUI_CommentDialog",
             {"documentKeyOf([1])", "mainWidget()", "translate(\"Comment\")",
              "targetDocKeys(true, 0)"});
-        row("editCustom", "GUI_CustomInfoDialog", {"mainWidget()"});
+        row("editCustom", "GUI_CustomInfoDialog", {"mainWidget()", "selectedDocKeys(true)"});
         row("execTimeCodeSettingDialog", "GUI_TimeCodeCustomDialog",
             {"translate(\"Current Time Setting\")"});
         row("editShutterDispFormat", "GUI_ShutterSpeedFormatDialog", {"mainWidget()"});

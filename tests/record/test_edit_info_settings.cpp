@@ -210,28 +210,33 @@ QStringList writeTogether(int group, int from)
 void TestEditInfoSettings::openingReadsEverything_data()
 {
     QTest::addColumn<bool>("saveForm");
-    QTest::addColumn<bool>("withDocument");
-    QTest::newRow("editor form") << false << false;
-    QTest::newRow("save form") << true << true;
+    QTest::addColumn<int>("document");
+    QTest::addColumn<int>("partition");
+    QTest::addColumn<QStringList>("calls");
+    const QStringList others = {"documentKeyOf([3])", "documentKeyOf([2])"};
+    const QStringList given("documentKeyOf([2])");
+    const QStringList current = {"currentDocument()", "documentKeyOf([1])"};
+    QTest::newRow("all given") << true << 2 << 3 << given + others;
+    QTest::newRow("no partition") << true << 2 << 0
+                                  << given + QStringList("[2].currentPartition()") + others;
+    QTest::newRow("no document") << false << 0 << 3 << current + others;
+    QTest::newRow("neither") << false << 0 << 0
+                             << current + QStringList("[1].currentPartition()") + others;
 }
 
 void TestEditInfoSettings::openingReadsEverything()
 {
     QFETCH(bool, saveForm);
-    QFETCH(bool, withDocument);
+    QFETCH(int, document);
+    QFETCH(int, partition);
+    QFETCH(QStringList, calls);
     EditInfoScene scene;
-    QStringList expected = {"mainWidget()", "translate(\"edit information\")"};
-    if (withDocument) {
-        const GUI_EditInfoDialog dialog(&scene.host, 4, saveForm, scene.document(2), 3,
-                                        {scene.document(3), nullptr, scene.document(2)},
-                                        QDateTime());
-        expected += QStringList({"documentKeyOf([2])", "documentKeyOf([3])", "documentKeyOf([2])"});
-    } else {
-        const GUI_EditInfoDialog dialog(&scene.host);
-        expected +=
-            QStringList({"currentDocument()", "documentKeyOf([1])", "[1].currentPartition()"});
-    }
-    QCOMPARE(scene.host.journal(), expected + initialReads(saveForm));
+    const GUI_EditInfoDialog dialog(
+        &scene.host, 4, saveForm, document ? scene.document(DOCKEY(document)) : nullptr, partition,
+        {scene.document(3), nullptr, scene.document(2)}, QDateTime());
+    QCOMPARE(scene.host.journal(),
+             QStringList({"mainWidget()", "translate(\"edit information\")"}) + calls +
+                 initialReads(saveForm));
 }
 
 void TestEditInfoSettings::failedReadingIsNotWrittenBack()
