@@ -9,6 +9,8 @@ const QVector<Walks::Walk> &Walks::all()
         {"trouble", {3, 2, false, false}, trouble},
         {"pages", {3, 2, false, false}, pages},
         {"note", {3, 2, false, false}, note},
+        {"editinfo", {3, 1, false, false}, editInfo},
+        {"editinfo-dark", {3, 1, true, false}, editInfo},
         {"support", {3, 2, false, false}, support},
         {"style", {3, 2, false, false}, style},
         {"region-dark", {3, 2, true, true}, regionInTheDark},

@@ -14,6 +14,7 @@ void recording(TourStage &stage);       ///< recordings in cameras and files
 void trouble(TourStage &stage);         ///< a tool that fails, and the log
 void pages(TourStage &stage);           ///< panels, dialogs and lists that are pages
 void note(TourStage &stage);            ///< a tool with a dialog beside the window
+void editInfo(TourStage &stage);        ///< what stands over pictures and in saved ones
 void support(TourStage &stage);         ///< the support file
 void style(TourStage &stage);           ///< window and pages in the dark style
 void regionInTheDark(TourStage &stage); ///< panel and dialog of a tool in the dark style
