@@ -1,6 +1,7 @@
 #include "standin/documents/StandInCamera.h"
 
 #include "contract/HostValues.h"
+#include "foundation/Keys.h"
 #include "standin/documents/DocumentOwner.h"
 #include "standin/drawing/SceneRenderer.h"
 #include "standin/journal/StandInEvents.h"
@@ -14,6 +15,18 @@ QRect middleRegion(const QSize &sensor)
     const QSize size = QSize(640, 480).boundedTo(sensor);
     return QRect(QPoint((sensor.width() - size.width()) / 2, (sensor.height() - size.height()) / 2),
                  size);
+}
+
+// Bits of the operating state.
+constexpr int Live = 0;
+constexpr int Recording = 8;
+
+QString statusWord(int bit)
+{
+    const auto found =
+        std::find_if(Keys::statusWords.begin(), Keys::statusWords.end(),
+                     [bit](const Keys::StatusWord &entry) { return entry.bit == bit; });
+    return found != Keys::statusWords.end() ? found->word : QString();
 }
 
 QString numbered(const QString &given, const QString &pattern, int number)
@@ -126,8 +139,7 @@ InfoFacts StandInCamera::infoFacts(quint64 frame, int partitionNo) const
     InfoFacts facts = StandInDocument::infoFacts(frame, partitionNo);
     const bool isLive = owner().viewMode() == HostMode::Live;
     if (isLive) {
-        facts.cameraState =
-            owner().isRecordingNow() ? QStringLiteral("REC") : QStringLiteral("LIVE");
+        facts.cameraState = statusWord(owner().isRecordingNow() ? Recording : Live);
         facts.frameCount = 0;
     }
     if (isLive || facts.recordRate == 0)

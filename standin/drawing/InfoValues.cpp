@@ -1,5 +1,6 @@
 #include "standin/drawing/InfoValues.h"
 
+#include "foundation/Keys.h"
 #include "standin/drawing/TimeCodeFrames.h"
 
 #include <QHash>
@@ -41,7 +42,7 @@ QString timeCodeText(const InfoValues &values, const InfoFacts &facts)
 QStringList commentLines(const QString &comment)
 {
     QString text = comment;
-    text.replace(QLatin1String("{Separator}"), QLatin1String("\n"));
+    text.replace(Keys::texts.separator, QLatin1String("\n"));
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     QStringList lines = text.split(QLatin1Char('\n'));
     while (!lines.isEmpty() && lines.last().trimmed().isEmpty())
