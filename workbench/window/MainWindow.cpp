@@ -214,7 +214,7 @@ void MainWindow::makeActions()
     connect(m_previousView, &QAction::triggered, this, [this] { m_views->stepCurrent(-1); });
 
     m_showInformation =
-        makeAction("showInformation", tr("&Show over the pictures"), QKeySequence("Ctrl+I"));
+        makeAction("showInformation", tr("Show &over the pictures"), QKeySequence("Ctrl+I"));
     m_showInformation->setCheckable(true);
     connect(m_showInformation, &QAction::triggered, this,
             [this](bool show) { m_host.showDisplayInfo(show); });
@@ -276,11 +276,11 @@ void MainWindow::makeMenus()
     view->addSeparator();
     for (QDockWidget *dock : {m_cameraDock, m_deviceDock, m_statusDock, m_logDock, m_callsDock})
         view->addAction(dock->toggleViewAction());
+    m_toolMenu = menuBar()->addMenu(tr("&Tools"));
+    m_toolMenu->setEnabled(false);
     QMenu *information = menuBar()->addMenu(tr("&Information"));
     information->addAction(m_showInformation);
     information->addSeparator();
-    m_toolMenu = menuBar()->addMenu(tr("&Tools"));
-    m_toolMenu->setEnabled(false);
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addActions({m_support, m_inspectPage});
     addPages(help);
