@@ -88,7 +88,7 @@ bool DirectoryView::hasFileBeginning(const QString &letters)
     if (!m_isRead)
         read();
     const int length = letters.size();
-    if (length > m_longest || m_starts.size() < 2)
+    if (length > m_longest)
         return false;
     const QString folded = letters.toCaseFolded();
     const Table &table = tableOf(length);

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -52,6 +53,8 @@ private slots:
     void nothingIsInWhatIsNoDirectory();
     void rightsDecide();
     void manyNamesOfManyLengths();
+    void searchEndsAmongAnyNumberOfFiles();
+    void directoriesAreClosed();
     void directoriesAreAskedOfTheDisk();
 
 private:
@@ -360,6 +363,33 @@ void TestDirectoryView::manyNamesOfManyLengths()
     }
     QVERIFY(view.hasFileBeginning("run_s0001_299"));
     QVERIFY(!view.hasFileBeginning("run_s0001_300"));
+}
+
+void TestDirectoryView::searchEndsAmongAnyNumberOfFiles()
+{
+    for (int count = 0; count <= 70; ++count) {
+        DirectoryView view(m_dir->path());
+        QVERIFY(!view.hasFileBeginning("missing_1"));
+        QCOMPARE(view.hasFileBeginning(QString()), count > 0);
+        QCOMPARE(view.hasFileBeginning("present_1"), count > 1);
+        touch("present_" + QByteArray::number(count));
+    }
+}
+
+void TestDirectoryView::directoriesAreClosed()
+{
+    touch("file");
+    const QByteArray seen = ChildRun::run([&]() -> QByteArray {
+        const rlimit few{64, 64};
+        if (setrlimit(RLIMIT_NOFILE, &few) != 0)
+            return "no limit";
+        for (int i = 0; i < 100; ++i) {
+            if (!DirectoryView(m_dir->path()).hasFileBeginning("file"))
+                return "lost";
+        }
+        return "found";
+    });
+    QCOMPARE(seen, QByteArray("found"));
 }
 
 void TestDirectoryView::directoriesAreAskedOfTheDisk()
