@@ -15,7 +15,8 @@ enum class Type { Text, Flag, NumberAsText, Number, Size };
 
 enum class Offset { None, Group };
 
-/// The columns behind the keys tell the place of the property in each pass, from 1; 0: not in it.
+/// The letters of `places` tell the place of the property in each pass, in the order of Pass: "a"
+/// is the first, "-" is not in it.
 struct Row
 {
     Property property;
@@ -23,10 +24,7 @@ struct Row
     QString editorKey;
     Type type;
     Offset offset; ///< what stands behind the key of the save form
-    int initial;
-    int backup;
-    int collective;
-    int rollback;
+    const char *places;
 };
 
 constexpr int PropertyCount = int(Property::LogoPath) + 1;
@@ -40,28 +38,28 @@ std::array<Row, PropertyCount> makeRows()
     const Offset group = Offset::Group;
     const Offset no = Offset::None;
     return {{
-        {P::FontName, save.fontName, editor.fontName, Type::Text, group, 3, 2, 1, 2},
-        {P::FontSize, save.fontSize, editor.fontSize, Type::Text, group, 4, 3, 2, 3},
-        {P::Bold, save.bold, editor.bold, Type::Flag, group, 5, 4, 3, 4},
-        {P::Italic, save.italic, editor.italic, Type::Flag, group, 6, 5, 4, 5},
-        {P::ForegroundColor, save.foregroundColor, editor.foregroundColor, Type::Text, group, 13, 6,
-         5, 10},
-        {P::Alignment, save.alignment, editor.alignment, Type::NumberAsText, group, 9, 9, 10, 6},
-        {P::Width, save.width, editor.width, Type::NumberAsText, group, 10, 12, 11, 7},
-        {P::FixedFontSizeRatio, save.fixedFontSizeRatio, none, Type::Flag, group, 7, 7, 6, 15},
+        {P::FontName, save.fontName, editor.fontName, Type::Text, group, "cbab"},
+        {P::FontSize, save.fontSize, editor.fontSize, Type::Text, group, "dcbc"},
+        {P::Bold, save.bold, editor.bold, Type::Flag, group, "edcd"},
+        {P::Italic, save.italic, editor.italic, Type::Flag, group, "fede"},
+        {P::ForegroundColor, save.foregroundColor, editor.foregroundColor, Type::Text, group,
+         "mfej"},
+        {P::Alignment, save.alignment, editor.alignment, Type::NumberAsText, group, "iijf"},
+        {P::Width, save.width, editor.width, Type::NumberAsText, group, "jlkg"},
+        {P::FixedFontSizeRatio, save.fixedFontSizeRatio, none, Type::Flag, group, "ggfo"},
         {P::FixedFontSizeRatioBaseResolution, save.fixedFontSizeRatioBaseResolution, none,
-         Type::Size, group, 8, 8, 7, 16},
-        {P::UseBackgroundColor, save.useBackgroundColor, none, Type::Flag, group, 14, 10, 8, 12},
-        {P::BackgroundColor, save.backgroundColor, none, Type::Text, group, 15, 11, 9, 11},
-        {P::ToColumn, save.toColumn, none, Type::Flag, group, 11, 14, 12, 8},
-        {P::ColumnNum, save.columnNum, none, Type::Text, group, 12, 15, 13, 9},
-        {P::ColumnSpacing, save.columnSpacing, none, Type::Number, group, 16, 16, 14, 14},
-        {P::IconSize, none, editor.iconSize, Type::NumberAsText, no, 0, 13, 0, 0},
-        {P::Display, save.display, editor.display, Type::Text, group, 2, 0, 0, 0},
-        {P::WithinImage, save.withinImage, none, Type::Flag, no, 17, 0, 0, 13},
-        {P::CollectiveSetting, save.collectiveSetting, none, Type::Flag, no, 1, 1, 0, 1},
-        {P::BlankLine, editor.blankLine, editor.blankLine, Type::Flag, no, 18, 0, 0, 0},
-        {P::LogoPath, save.logoPath, editor.logoPath, Type::Text, no, 0, 0, 0, 0},
+         Type::Size, group, "hhgp"},
+        {P::UseBackgroundColor, save.useBackgroundColor, none, Type::Flag, group, "njhl"},
+        {P::BackgroundColor, save.backgroundColor, none, Type::Text, group, "okik"},
+        {P::ToColumn, save.toColumn, none, Type::Flag, group, "knlh"},
+        {P::ColumnNum, save.columnNum, none, Type::Text, group, "lomi"},
+        {P::ColumnSpacing, save.columnSpacing, none, Type::Number, group, "ppnn"},
+        {P::IconSize, none, editor.iconSize, Type::NumberAsText, no, "-m--"},
+        {P::Display, save.display, editor.display, Type::Text, group, "b---"},
+        {P::WithinImage, save.withinImage, none, Type::Flag, no, "q--m"},
+        {P::CollectiveSetting, save.collectiveSetting, none, Type::Flag, no, "aa-a"},
+        {P::BlankLine, editor.blankLine, editor.blankLine, Type::Flag, no, "r---"},
+        {P::LogoPath, save.logoPath, editor.logoPath, Type::Text, no, "----"},
     }};
 }
 
@@ -81,19 +79,9 @@ const QString &keyIn(const Row &row, Form form)
     return form == Form::Save ? row.saveKey : row.editorKey;
 }
 
-int placeIn(const Row &row, Pass pass)
+char placeIn(const Row &row, Pass pass)
 {
-    switch (pass) {
-    case Pass::Initial:
-        return row.initial;
-    case Pass::Backup:
-        return row.backup;
-    case Pass::Collective:
-        return row.collective;
-    case Pass::Rollback:
-        break;
-    }
-    return row.rollback;
+    return row.places[int(pass)];
 }
 
 }
@@ -140,7 +128,7 @@ QVector<Property> order(Pass pass, Form form)
 {
     QVector<const Row *> taking;
     for (const Row &row : rows()) {
-        if (placeIn(row, pass) != 0 && !keyIn(row, form).isEmpty())
+        if (placeIn(row, pass) != '-' && !keyIn(row, form).isEmpty())
             taking.append(&row);
     }
     std::sort(taking.begin(), taking.end(),
