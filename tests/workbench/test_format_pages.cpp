@@ -1,4 +1,6 @@
 #include "bridge/page/GUI_WebView.h"
+#include "standin/documents/DocumentOverlay.h"
+#include "standin/documents/StandInCamera.h"
 #include "tests/support/TestLog.h"
 #include "tests/workbench/support/PageVisit.h"
 #include "workbench/tour/PageHand.h"
@@ -6,6 +8,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
+#include <QPainter>
 
 using namespace PageHand;
 
@@ -30,6 +33,8 @@ private slots:
     void escapeLeavesItOpen();
     void cancelThatFailsCanBeTriedAgain();
     void viewsFollowTheRecordingTime();
+    void picturesFollowTheDialog_data();
+    void picturesFollowTheDialog();
     void tellsWhatCouldNotBeStored_data();
     void tellsWhatCouldNotBeStored();
     void isTranslated();
@@ -362,6 +367,45 @@ void TestFormatPages::viewsFollowTheRecordingTime()
     }));
     QCOMPARE(visit.host.commands().mid(0, 2),
              QStringList({"setPrefInt(\"info/RecTimeUnit\", 0)", "refreshDocumentInfo(true)"}));
+}
+
+void TestFormatPages::picturesFollowTheDialog_data()
+{
+    QTest::addColumn<QString>("end");
+    QTest::addColumn<QString>("number");
+    QTest::newRow("OK") << "ok"
+                        << "1,500";
+    QTest::newRow("Cancel") << "cancel"
+                            << "1500";
+}
+
+void TestFormatPages::picturesFollowTheDialog()
+{
+    QFETCH(QString, end);
+    QFETCH(QString, number);
+    PageVisit visit;
+    StandInCamera::Description description;
+    description.partitions = {{1, "A", 2000, 1000}};
+    StandInCamera *camera = visit.host.addCamera(description);
+    visit.host.settings().setValue("info/display", "FrameNumber:true");
+    visit.host.setMode(StandInHost::Mode::Memory);
+    const auto seen = [camera] {
+        QImage picture(400, 300, QImage::Format_RGB32);
+        QPainter painter(&picture);
+        camera->overlay().paint(painter, picture.rect(), 1499);
+        return camera->overlay().shownTexts().value(0).section(' ', -1);
+    };
+    QCOMPARE(seen(), QString("1500"));
+    QVERIFY(visit.open("frameNumber", [&](QDialog &, GUI_WebView *view) {
+        QCOMPARE(seen(), QString("1500")); // drawn since the page has loaded
+        QVERIFY(click(view, "#delimiter"));
+        if (end == "cancel") {
+            visit.host.updateUI(63, true); // something else draws them anew meanwhile
+            QCOMPARE(seen(), QString("1,500"));
+        }
+        QVERIFY(click(view, '#' + end));
+    }));
+    QCOMPARE(seen(), number);
 }
 
 void TestFormatPages::tellsWhatCouldNotBeStored_data()

@@ -129,5 +129,8 @@ int PageDialogs::run(const PageEntry &page)
             },
             Qt::QueuedConnection);
     }
-    return dialog->exec();
+    const int result = dialog->exec();
+    if (page.make) // what it leaves and what it takes back stands over the pictures
+        m_host.refreshDocumentInfo(true);
+    return result;
 }

@@ -1,6 +1,7 @@
 #include "bridge/page/GUI_WebView.h"
 #include "contract/HostTypes.h"
 #include "foundation/Keys.h"
+#include "standin/documents/DocumentOverlay.h"
 #include "standin/documents/StandInCamera.h"
 #include "standin/host/StandInHost.h"
 #include "workbench/pages/PagePanel.h"
@@ -9,6 +10,8 @@
 #include "workbench/tour/TourStage.h"
 #include "workbench/tour/Walks.h"
 #include "workbench/window/MainWindow.h"
+
+#include <QSlider>
 
 namespace {
 
@@ -57,6 +60,28 @@ void setsTheTimeCode(TourStage &stage)
         stage.check(record.timeCodeIndex == 1 && record.oneFrame == 0.5 && record.reset &&
                         record.resetValue == 4.5 && record.displayUnit == "CA",
                     "the settings are stored");
+    });
+}
+
+// What stands over the current picture, which is drawn for it.
+QString timeCodeSeen(TourStage &stage)
+{
+    stage.window().grab();
+    return stage.host().cameras().at(1)->overlay().shownTexts().filter("Current Time: ").join('|');
+}
+
+void seesTheTimeCodeInFrames(TourStage &stage)
+{
+    stage.step("time-code-frames", "The time code counts over the pictures, and restarts", [&] {
+        stage.pressAction("modeMemory");
+        stage.compare(timeCodeSeen(stage), "Current Time: +000.0000 CA", "over the first frame");
+        stage.window().findChild<QSlider *>("frame")->setFocus();
+        stage.check(TourHand::press(Qt::Key_Right), "the key Right on the slider");
+        stage.compare(timeCodeSeen(stage), "Current Time: +000.5000 CA", "over the second frame");
+        stage.addPicture("-second");
+        stage.check(TourHand::press(Qt::Key_PageUp), "the key PgUp on the slider");
+        stage.compare(timeCodeSeen(stage), "Current Time: +001.0000 CA",
+                      "two frames behind the ninth, where it restarts");
     });
 }
 
@@ -157,6 +182,7 @@ void choosesFormats(TourStage &stage)
 void Walks::information(TourStage &stage)
 {
     setsTheTimeCode(stage);
+    seesTheTimeCodeInFrames(stage);
     commentsTwoDocuments(stage);
     choosesFormats(stage);
 }
