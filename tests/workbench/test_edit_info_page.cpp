@@ -665,10 +665,15 @@ void TestEditInfoPage::changesTheFont()
     QVERIFY(isShown(view, '#' + id));
     const int updates = callsOf(*m_host, "updateUI(");
     if (read(view, "document.getElementById('" + id + "').tagName") == "SELECT") {
-        // A list opens a box of the window system; keys choose in it without one.
-        read(view, QString("var box = document.getElementById('%1'); box.value = '%2';"
-                           "box.dispatchEvent(new Event('change', { bubbles: true }))")
-                       .arg(id, value));
+        // A click would open a box of the window system; the arrows choose without it.
+        const int steps =
+            read(view, QString("var box = document.getElementById('%1'); box.focus();"
+                               "Array.from(box.options).findIndex(function (option) {"
+                               "    return option.value === '%2'; }) - box.selectedIndex")
+                           .arg(id, value))
+                .toInt();
+        for (int i = 0; i < qAbs(steps); ++i)
+            QVERIFY(press(view, steps > 0 ? Qt::Key_Down : Qt::Key_Up));
     } else {
         QVERIFY(click(view, '#' + id));
         if (!value.isEmpty()) {
