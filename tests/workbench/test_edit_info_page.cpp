@@ -925,7 +925,7 @@ void TestEditInfoPage::previewsWithAPause()
     m_host->settings().setValue("display/outputLanguage", 2);
     Editor editor(*m_host, 1);
     QVERIFY(editor.open());
-    QVERIFY(isShown(editor.view(), "#preview"));
+    QTRY_VERIFY(isShown(editor.view(), "#preview")); // once it is decoded
     QTRY_VERIFY(
         read(editor.view(), "document.getElementById('preview').naturalWidth > 0").toBool());
     QVERIFY(read(editor.view(), "document.getElementById('preview').src")
@@ -977,7 +977,7 @@ void TestEditInfoPage::previewsTheFontWhileItIsSet()
     Editor editor(*m_host, 1);
     QVERIFY(editor.open());
     QVERIFY(click(editor.view(), "#font"));
-    QVERIFY(isShown(editor.view(), "#preview"));
+    QTRY_VERIFY(isShown(editor.view(), "#preview")); // once it is decoded
     const int before = callsOf(*m_host, "documentThumbnail(");
     QVERIFY(click(editor.view(), "#bold"));
     QTRY_COMPARE(callsOf(*m_host, "documentThumbnail("), before + 1);

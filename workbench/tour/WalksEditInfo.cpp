@@ -153,7 +153,9 @@ void previewsWhatIsSaved(TourStage &stage)
     stage.step("saved", "What is written into saved pictures is seen before", [&] {
         stage.visitDialog(
             "Information", "Information in saved recordings...", "-page", [&](GUI_WebView *page) {
-                stage.check(PageHand::isShown(page, "#preview"), "there is a preview");
+                stage.check(
+                    TourHand::waitFor([page] { return PageHand::isShown(page, "#preview"); }),
+                    "there is a preview");
                 stage.compare(PageHand::text(page, "#resolution"), "Resolution : 640 x 480",
                               "the resolution");
                 QString seen = previewOf(page);
