@@ -53,6 +53,7 @@ private slots:
     void nothingIsInWhatIsNoDirectory();
     void rightsDecide();
     void manyNamesOfManyLengths();
+    void namesAreNotReadTogether();
     void searchEndsAmongAnyNumberOfFiles();
     void directoriesAreClosed();
     void directoriesAreAskedOfTheDisk();
@@ -365,14 +366,24 @@ void TestDirectoryView::manyNamesOfManyLengths()
     QVERIFY(!view.hasFileBeginning("run_s0001_300"));
 }
 
+void TestDirectoryView::namesAreNotReadTogether()
+{
+    touch("ab");
+    touch("cd");
+    touch("longer");
+    DirectoryView view(m_dir->path());
+    for (const char *letters : {"abc", "abcd", "cda", "cdab", "abl", "cdlo"})
+        QVERIFY2(!view.hasFileBeginning(letters), letters);
+}
+
 void TestDirectoryView::searchEndsAmongAnyNumberOfFiles()
 {
     for (int count = 0; count <= 70; ++count) {
         DirectoryView view(m_dir->path());
         QVERIFY(!view.hasFileBeginning("missing_1"));
         QCOMPARE(view.hasFileBeginning(QString()), count > 0);
-        QCOMPARE(view.hasFileBeginning("present_1"), count > 1);
-        touch("present_" + QByteArray::number(count));
+        QCOMPARE(view.hasFileBeginning("1_present"), count > 1);
+        touch(QByteArray::number(count) + "_present");
     }
 }
 
