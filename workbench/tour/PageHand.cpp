@@ -16,11 +16,6 @@ __attribute__((no_sanitize("vptr"))) QWebFrame *mainFrameOf(const QWebView *view
     return view->page()->mainFrame();
 }
 
-QWebElement find(QWebView *view, const QString &selector)
-{
-    return view ? mainFrameOf(view)->findFirstElement(selector) : QWebElement();
-}
-
 // The engine may take up keys and clicks in a later turn.
 constexpr int SettlingTime = 30; // milliseconds
 
@@ -59,6 +54,19 @@ QRect placeOf(QWebElement element)
                           : QRectF(box.at(0).toDouble(), box.at(1).toDouble(), box.at(2).toDouble(),
                                    box.at(3).toDouble())
                                 .toRect();
+}
+
+// Of several the first that is shown: panels that are closed have buttons, too.
+QWebElement find(QWebView *view, const QString &selector)
+{
+    if (!view)
+        return QWebElement();
+    const QWebElementCollection all = mainFrameOf(view)->findAllElements(selector);
+    for (const QWebElement &element : all) {
+        if (!placeOf(element).isEmpty())
+            return element;
+    }
+    return all.first();
 }
 
 }

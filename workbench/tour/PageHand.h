@@ -7,7 +7,7 @@
 class QWebView;
 
 /// A hand on a page: everything is done by the mouse and the keys of the view that shows it.
-/// Elements are named by a CSS selector; the first one counts.
+/// Elements are named by a CSS selector; of several the first that is shown counts.
 namespace PageHand {
 
 /// Whether there is such an element, and it is shown.
