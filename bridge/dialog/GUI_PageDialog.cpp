@@ -30,11 +30,12 @@ GUI_PageDialog::~GUI_PageDialog()
 
 void GUI_PageDialog::showToPage(const QString &name)
 {
-    QWebFrame *frame = m_webView->page()->mainFrame();
+    HostServices *services = m_host; // a call of the host may end the dialog
+    const QPointer<QWebFrame> frame(m_webView->page()->mainFrame());
     frame->addToJavaScriptWindowObject(name, this);
-    QObject *app = guarded(m_host, static_cast<QObject *>(nullptr),
-                           [this] { return m_host->appScriptObject(); });
-    if (app)
+    QObject *app = guarded(services, static_cast<QObject *>(nullptr),
+                           [services] { return services->appScriptObject(); });
+    if (app && frame)
         frame->addToJavaScriptWindowObject(QLatin1String("app"), app);
 }
 

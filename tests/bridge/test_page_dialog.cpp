@@ -23,6 +23,7 @@ private slots:
     void pageFindsTheDialogAndTheApplication();
     void objectsComeBackWithEachPage();
     void missingApplicationIsLeftOut();
+    void hostMayEndItBeforeItsPageFindsTheApplication();
     void pageCallsItsSlots_data();
     void pageCallsItsSlots();
     void styleAndTranslationAreTheHosts();
@@ -172,6 +173,17 @@ void TestPageDialog::missingApplicationIsLeftOut()
     QVERIFY(shown.page->waitLoaded());
     QCOMPARE(shown.host.handledErrors(), QStringList({"appScriptObject failed"}));
     QCOMPARE(shown.page->call("typeof notes + typeof app"), QStringLiteral("\"objectundefined\""));
+}
+
+void TestPageDialog::hostMayEndItBeforeItsPageFindsTheApplication()
+{
+    Shown shown;
+    shown.page.reset();
+    connect(shown.host.events(), &StandInEvents::callJournalled, this,
+            [&](const QString &) { delete shown.dialog; });
+    QVERIFY(QMetaObject::invokeMethod(shown.dialog, "populateJavaScriptWindowObject"));
+    QVERIFY(!shown.dialog);
+    QCOMPARE(shown.host.journal(), QStringList({"appScriptObject()"}));
 }
 
 void TestPageDialog::pageCallsItsSlots_data()
