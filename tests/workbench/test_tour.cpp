@@ -2,18 +2,22 @@
 #include "workbench/pages/PageCatalogue.h"
 #include "workbench/pages/PageEntry.h"
 #include "workbench/tour/Tour.h"
+#include "workbench/tour/TourHand.h"
 #include "workbench/tour/TourPictures.h"
 #include "workbench/tour/TourReport.h"
 #include "workbench/tour/TourStage.h"
 #include "workbench/views/ViewArea.h"
 #include "workbench/window/MainWindow.h"
 
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -75,6 +79,7 @@ private slots:
     void needsNoDisplayForTheHelp();
     void refusesABadArgument();
     void refusesAFolderThatCannotBeWritten();
+    void answersTheDialogThatASlowOneOpens();
     void countsWhatWasNotSeen();
     void tellsWhatWasSeenInstead();
     void refusesABlankPicture();
@@ -239,6 +244,26 @@ void TestTour::refusesAFolderThatCannotBeWritten()
     const Run run = runWorkbench({"--tour", dir.filePath("file/tour")});
     QCOMPARE(run.status, 2);
     QVERIFY(run.errors.contains("cannot be written to"));
+}
+
+void TestTour::answersTheDialogThatASlowOneOpens()
+{
+    QDialog slow;
+    QStringList answered;
+    QTimer::singleShot(0, &slow, [&] {
+        const int answers = TourHand::answerDialogs(
+            [&] {
+                QTest::qWait(400);
+                QDialog opened(&slow);
+                opened.setObjectName("opened");
+                opened.exec();
+            },
+            {[&](QDialog *dialog) { answered.append(dialog->objectName()); }});
+        answered.append(QString::number(answers));
+        slow.accept();
+    });
+    QCOMPARE(slow.exec(), int(QDialog::Accepted));
+    QCOMPARE(answered, QStringList({"opened", "1"}));
 }
 
 void TestTour::countsWhatWasNotSeen()

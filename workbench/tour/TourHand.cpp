@@ -137,7 +137,8 @@ int TourHand::answerDialogs(const std::function<void()> &trigger, const QList<An
     int answered = 0;
     int attempts = 0;
     const QPointer<QWidget> window = QApplication::activeWindow();
-    QPointer<QDialog> last;
+    // The trigger may be in a dialog itself, and take its time until it opens another.
+    QPointer<QDialog> last = qobject_cast<QDialog *>(QApplication::activeModalWidget());
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&] {
         QPointer<QDialog> dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
