@@ -1,6 +1,5 @@
 #include "standin/drawing/TimeCodeFrames.h"
 
-#include "record/timecode/TimeCodeScale.h"
 #include "record/timecode/TimeCodeText.h"
 
 #include <cmath>
@@ -11,13 +10,7 @@ namespace TimeCodeFrames {
 namespace {
 
 constexpr quint64 NanosecondsPerSecond = 1000000000;
-constexpr qint64 MostFrames = std::numeric_limits<qint64>::max();
 constexpr quint64 PartsOfOne = 10000;
-
-double finite(double number)
-{
-    return std::isfinite(number) ? number : 0.0;
-}
 
 QString timeText(quint64 frame, uint framesPerSecond, const TimeCodeRecord &settings)
 {
@@ -25,36 +18,62 @@ QString timeText(quint64 frame, uint framesPerSecond, const TimeCodeRecord &sett
     const quint64 rest = frame % framesPerSecond * NanosecondsPerSecond;
     const quint64 nanoseconds = (rest + framesPerSecond / 2) / framesPerSecond;
     // A second less than there is room for, since the rest may make one.
-    const quint64 furthest = quint64(MostFrames) / NanosecondsPerSecond - 1;
+    const quint64 furthest = quint64(std::numeric_limits<qint64>::max()) / NanosecondsPerSecond - 1;
     return TimeCodeText::timeText(
         qint64(qMin(seconds, furthest) * NanosecondsPerSecond + nanoseconds),
         {settings.scopeDisplayIndex, settings.decimalPlaceIndex, settings.decimalDivide});
 }
 
-// How many frames the scale runs before it begins again; 0 when it never does.
-qint64 period(const TimeCodeRecord &settings, double amount, double start)
+// Ten-thousandths, rounded half away from zero: a whole number of them is met exactly, also below
+// zero, where the dialog's own arithmetic would lose one.
+qint64 parts(double number)
 {
-    const double end = finite(settings.resetValue);
-    const qint64 step = TimeCodeScale::scaled(amount);
-    const qint64 first = TimeCodeScale::scaled(start);
-    const qint64 last = TimeCodeScale::scaled(end);
-    const bool reaches = step > 0 ? first < last : step < 0 && first > last;
-    return settings.reset && reaches ? TimeCodeScale::frameCount(true, amount, end, start) : 0;
+    using Limits = std::numeric_limits<qint64>;
+    if (!std::isfinite(number))
+        return 0;
+    const double whole = std::round(number * double(PartsOfOne));
+    if (whole >= double(Limits::max()))
+        return Limits::max();
+    return whole <= double(Limits::min()) ? Limits::min() : qint64(whole);
+}
+
+quint64 size(qint64 number)
+{
+    return number < 0 ? 0 - quint64(number) : quint64(number);
+}
+
+// How many frames the scale runs before it begins again, one that is begun counted whole; 0 when it
+// never does.
+quint64 period(qint64 start, qint64 step, qint64 end)
+{
+    if (step == 0 || (step > 0 ? start >= end : start <= end))
+        return 0;
+    const quint64 way = step > 0 ? quint64(end) - quint64(start) : quint64(start) - quint64(end);
+    return way / size(step) + (way % size(step) == 0 ? 0 : 1);
+}
+
+// The first or last number there is, where the way leads beyond it.
+qint64 moved(qint64 start, quint64 frames, qint64 step)
+{
+    const qint64 furthest =
+        step < 0 ? std::numeric_limits<qint64>::min() : std::numeric_limits<qint64>::max();
+    const quint64 room =
+        step < 0 ? quint64(start) - quint64(furthest) : quint64(furthest) - quint64(start);
+    if (step != 0 && frames > room / size(step))
+        return furthest;
+    return qint64(quint64(start) + frames * quint64(step));
 }
 
 QString scaleText(quint64 frame, const TimeCodeRecord &settings)
 {
-    const double amount = finite(settings.oneFrame);
-    const double start = finite(settings.startValue);
-    const qint64 frames = qint64(qMin(frame, quint64(MostFrames)));
-    const qint64 wrapsAt = period(settings, amount, start);
-    const qint64 count = wrapsAt > 0 ? frames % wrapsAt : frames;
-    const double value = TimeCodeScale::valueAtCount(count, amount, start);
-    const quint64 parts = quint64(std::round(std::abs(value) * double(PartsOfOne)));
+    const qint64 start = parts(settings.startValue);
+    const qint64 step = parts(settings.oneFrame);
+    const quint64 wrapsAt = settings.reset ? period(start, step, parts(settings.resetValue)) : 0;
+    const qint64 value = moved(start, wrapsAt > 0 ? frame % wrapsAt : frame, step);
     const QLatin1Char zero('0');
-    return QLatin1Char(value < 0.0 ? '-' : '+') +
-           QString::number(parts / PartsOfOne).rightJustified(3, zero) + QLatin1Char('.') +
-           QString::number(parts % PartsOfOne).rightJustified(4, zero) + QLatin1Char(' ') +
+    return QLatin1Char(value < 0 ? '-' : '+') +
+           QString::number(size(value) / PartsOfOne).rightJustified(3, zero) + QLatin1Char('.') +
+           QString::number(size(value) % PartsOfOne).rightJustified(4, zero) + QLatin1Char(' ') +
            settings.displayUnit;
 }
 

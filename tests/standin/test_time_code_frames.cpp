@@ -105,6 +105,12 @@ void TestTimeCodeFrames::scale_data()
     row("below zero", -0.5, 1.0, false, 0.0, 3, "-000.5000 deg");
     row("zero has a plus", -0.5, 1.0, false, 0.0, 2, "+000.0000 deg");
     row("start below zero", 0.5, -1.0, false, 0.0, 1, "-000.5000 deg");
+    row("inexact start below zero", 0.5, -0.57, false, 0.0, 0, "-000.5700 deg");
+    row("inexact amount below zero", -0.57, 0.0, false, 0.0, 1000, "-570.0000 deg");
+    row("inexact amount, last before the end", -0.57, 0.0, true, -5.7, 9, "-005.1300 deg");
+    row("inexact amount, end is reached", -0.57, 0.0, true, -5.7, 10, "+000.0000 deg");
+    row("rounds away from zero", -0.00006, 0.0, false, 0.0, 1, "-000.0001 deg");
+    row("rounds to zero", -0.00004, 0.0, false, 0.0, 1, "+000.0000 deg");
     row("stands still", 0.0, 3.0, true, 9.0, 100, "+003.0000 deg");
     // 0, 2, 4, then 6 would be at 5 or behind it.
     row("before the end", 2.0, 0.0, true, 5.0, 2, "+004.0000 deg");
@@ -127,9 +133,13 @@ void TestTimeCodeFrames::scale_data()
     row("start is infinite", 2.0, -Infinite, false, 0.0, 3, "+006.0000 deg");
     row("end is no number", -2.0, 5.0, true, NotANumber, 3, "+005.0000 deg"); // 5, 3, 1, 5
     row("end is infinite", 2.0, 5.0, true, Infinite, 3, "+011.0000 deg");
-    row("amount beyond 64 bits", 1e300, 0.0, false, 0.0, 2, "+922337203685477.5808 deg");
-    row("frames beyond 64 bits", 1.0, 0.0, false, 0.0, LastFrame, "+922337203685477.5808 deg");
+    row("amount beyond 64 bits", 1e300, 0.0, false, 0.0, 2, "+922337203685477.5807 deg");
+    row("frames beyond 64 bits", 1.0, 0.0, false, 0.0, LastFrame, "+922337203685477.5807 deg");
     row("far below", -1e300, 0.0, false, 0.0, 2, "-922337203685477.5808 deg");
+    row("from end to end", 1e300, -1e300, false, 0.0, 1, "-000.0001 deg");
+    row("from end to end and back", 1e300, -1e300, true, 1e300, 4, "-000.0001 deg");
+    row("wraps behind 64 bits of frames", 0.0001, -1e300, true, 1e300, LastFrame,
+        "-922337203685477.5808 deg");
 }
 
 void TestTimeCodeFrames::scale()
