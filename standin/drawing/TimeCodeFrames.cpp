@@ -64,6 +64,11 @@ qint64 moved(qint64 start, quint64 frames, qint64 step)
     return qint64(quint64(start) + frames * quint64(step));
 }
 
+QLatin1Char sign(qint64 number)
+{
+    return QLatin1Char(number < 0 ? '-' : '+');
+}
+
 QString scaleText(quint64 frame, const TimeCodeRecord &settings)
 {
     const qint64 start = parts(settings.startValue);
@@ -71,10 +76,9 @@ QString scaleText(quint64 frame, const TimeCodeRecord &settings)
     const quint64 wrapsAt = settings.reset ? period(start, step, parts(settings.resetValue)) : 0;
     const qint64 value = moved(start, wrapsAt > 0 ? frame % wrapsAt : frame, step);
     const QLatin1Char zero('0');
-    return QLatin1Char(value < 0 ? '-' : '+') +
-           QString::number(size(value) / PartsOfOne).rightJustified(3, zero) + QLatin1Char('.') +
-           QString::number(size(value) % PartsOfOne).rightJustified(4, zero) + QLatin1Char(' ') +
-           settings.displayUnit;
+    return sign(value) + QString::number(size(value) / PartsOfOne).rightJustified(3, zero) +
+           QLatin1Char('.') + QString::number(size(value) % PartsOfOne).rightJustified(4, zero) +
+           QLatin1Char(' ') + settings.displayUnit;
 }
 
 }
@@ -85,7 +89,7 @@ QString text(quint64 frame, uint framesPerSecond, const TimeCodeRecord &settings
         return scaleText(frame, settings).trimmed();
     if (framesPerSecond == 0)
         return QString();
-    return (QLatin1Char('+') + timeText(frame, framesPerSecond, settings)).trimmed();
+    return (sign(parts(settings.oneFrame)) + timeText(frame, framesPerSecond, settings)).trimmed();
 }
 
 }

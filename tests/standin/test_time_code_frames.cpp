@@ -11,6 +11,8 @@ class TestTimeCodeFrames : public TestBase
 private slots:
     void time_data();
     void time();
+    void timeHasTheSignOfTheAmount_data();
+    void timeHasTheSignOfTheAmount();
     void scale_data();
     void scale();
     void scaleFollowsTheStoredEnd();
@@ -77,12 +79,37 @@ void TestTimeCodeFrames::time()
     record.scopeDisplayIndex = scope;
     record.decimalPlaceIndex = decimals;
     record.decimalDivide = divide;
-    // The scale has no part in it.
-    record.oneFrame = -2.0;
+    // Of the scale, the sign of its amount alone has a part in it.
+    record.oneFrame = 2.0;
     record.startValue = 7.0;
     record.reset = true;
     record.resetValue = -9.0;
     QTEST(TimeCodeFrames::text(frame, rate, record), "text");
+}
+
+void TestTimeCodeFrames::timeHasTheSignOfTheAmount_data()
+{
+    QTest::addColumn<double>("amount");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("above zero") << 0.5 << "+00:00:00.002";
+    QTest::newRow("below zero") << -0.5 << "-00:00:00.002";
+    QTest::newRow("zero") << 0.0 << "+00:00:00.002";
+    QTest::newRow("least amount") << -0.0001 << "-00:00:00.002";
+    QTest::newRow("rounds to zero") << -0.00001 << "+00:00:00.002";
+    QTest::newRow("no number") << NotANumber << "+00:00:00.002";
+    QTest::newRow("infinite below") << -Infinite << "+00:00:00.002";
+}
+
+// As the dialog's sample of 2 milliseconds.
+void TestTimeCodeFrames::timeHasTheSignOfTheAmount()
+{
+    QFETCH(double, amount);
+    TimeCodeRecord record;
+    record.oneFrame = amount;
+    QTEST(TimeCodeFrames::text(2, 1000, record), "text");
+    TimeCodeModel model;
+    model.load(record);
+    QCOMPARE(model.sample.trimmed(), TimeCodeFrames::text(2, 1000, record));
 }
 
 void TestTimeCodeFrames::scale_data()
