@@ -461,9 +461,19 @@ void TestTimeCodePage::doesNotStoreWhatCouldNotBeRead()
         QVERIFY(!isEnabled(view, "#ok"));
         QVERIFY(click(view, "#scale"));
         QVERIFY(!isEnabled(view, "#ok"));
+        for (const char *typed : {"0.5", "0.12345"}) { // stays, and becomes another
+            QVERIFY(typeInto(view, "start", typed));
+            QVERIFY(press(view, Qt::Key_Tab));
+            QCOMPARE(note(view), QString("The settings of the time code could not be read."));
+            QVERIFY(!isEnabled(view, "#ok"));
+        }
         QVERIFY(click(view, "#defaults")); // asked for by the user
         QVERIFY(isEnabled(view, "#ok"));
         QCOMPARE(note(view), QString());
+        QVERIFY(click(view, "#scale"));
+        QVERIFY(typeInto(view, "start", "0.12345"));
+        QVERIFY(press(view, Qt::Key_Tab));
+        QCOMPARE(note(view), QString("0.12345 has become 0.1235."));
     }));
     QCOMPARE(visit.host.handledErrors(), QStringList("getTimeCodeSetting failed"));
     QCOMPARE(told(visit.record()), told(crank()));

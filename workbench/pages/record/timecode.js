@@ -3,6 +3,7 @@
 Page.start('timecode_custom_mediator', function () {
     var bridge = Page.bridge;
     var MostDecimals = 9;
+    var isRead = false; // the user's own settings are shown, or defaults that he asked for
 
     // By the id of each control, what of the time code it shows: a get... and a set... of the dialog.
     var fields = {
@@ -55,12 +56,18 @@ Page.start('timecode_custom_mediator', function () {
         drawSample();
     }
 
+    // Settings that could not be read stay told.
+    function tell(text) {
+        if (isRead)
+            Page.tell('state', 'empty', text);
+    }
+
     // A number that has become another one: one that the scale never reaches, or no number at all.
     function tellSnapped(typed, shown) {
         var text = Page.translate('%1 has become %2.').split(/(%[12])/).map(function (part) {
             return part === '%1' ? typed : part === '%2' ? shown : part;
         }).join('');
-        Page.tell('state', 'empty', Number(typed) === Number(shown) ? '' : text);
+        tell(Number(typed) === Number(shown) ? '' : text);
     }
 
     for (var places = 1; places <= MostDecimals; ++places) {
@@ -106,7 +113,8 @@ Page.start('timecode_custom_mediator', function () {
     });
     Page.listen(Page.get('defaults'), 'click', function () {
         bridge.reset();
-        Page.tell('state', 'empty', '');
+        isRead = true;
+        tell('');
         Page.get('ok').disabled = false;
         draw();
     });
@@ -115,7 +123,8 @@ Page.start('timecode_custom_mediator', function () {
 
     bridge.loadTimeCodeSetting();
     // Settings that have been read have a sample. Others would be stored in place of the user's own.
-    if (get('TimeCodeSample') === '') {
+    isRead = get('TimeCodeSample') !== '';
+    if (!isRead) {
         Page.tellFailure('state', 'The settings of the time code could not be read.');
         Page.get('ok').disabled = true;
     }
