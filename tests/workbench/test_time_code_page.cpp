@@ -136,6 +136,8 @@ private slots:
     void sampleFollowsWhileTheUserTypes();
     void showsWhatAValueHasBecome_data();
     void showsWhatAValueHasBecome();
+    void otherControlTakesTheNoteAway_data();
+    void otherControlTakesTheNoteAway();
     void switchOfTheUnitConverts();
     void offersWhatTheChoiceNeeds();
     void storesEachOption_data();
@@ -286,6 +288,27 @@ void TestTimeCodePage::showsWhatAValueHasBecome()
         QCOMPARE(note(view), told);
         QVERIFY(typeInto(view, "start", "4")); // another field takes the note away
         QVERIFY(press(view, Qt::Key_Tab));
+        QCOMPARE(note(view), QString());
+    }));
+}
+
+void TestTimeCodePage::otherControlTakesTheNoteAway_data()
+{
+    QTest::addColumn<QString>("id");
+    for (const char *id : {"resetUnit", "reset", "usingRih", "time"})
+        QTest::newRow(id) << id;
+}
+
+void TestTimeCodePage::otherControlTakesTheNoteAway()
+{
+    QFETCH(QString, id);
+    TimeCodeVisit visit(crank());
+    QVERIFY(visit.open([&](QDialog &, GUI_WebView *view) {
+        QVERIFY(chooseByKeys(view, "resetUnit", 1));
+        QVERIFY(typeInto(view, "resetValue", "1.35"));
+        QVERIFY(press(view, Qt::Key_Tab));
+        QCOMPARE(note(view), QString("1.35 has become 1.4000."));
+        QVERIFY(isList(id) ? chooseByKeys(view, id, 0) : click(view, '#' + id));
         QCOMPARE(note(view), QString());
     }));
 }
@@ -459,8 +482,10 @@ void TestTimeCodePage::doesNotStoreWhatCouldNotBeRead()
         QCOMPARE(log.texts(QtCriticalMsg),
                  QStringList("[USER][ERROR] \"The settings of the time code could not be read.\""));
         QVERIFY(!isEnabled(view, "#ok"));
+        QVERIFY(work(view, {{"decimals", 3}, {"realTime", {}}}));
         QVERIFY(click(view, "#scale"));
         QVERIFY(!isEnabled(view, "#ok"));
+        QCOMPARE(note(view), QString("The settings of the time code could not be read."));
         for (const char *typed : {"0.5", "0.12345"}) { // stays, and becomes another
             QVERIFY(typeInto(view, "start", typed));
             QVERIFY(press(view, Qt::Key_Tab));

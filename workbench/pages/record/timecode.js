@@ -80,6 +80,7 @@ Page.start('timecode_custom_mediator', function () {
         Page.listen(Page.get(id), 'change', function () {
             set('TimeCodeIndex', Number(Page.get(id).value));
             draw();
+            tell('');
         });
     });
     // While the user types the field is his; what has become of it is shown when it is left.
@@ -103,12 +104,14 @@ Page.start('timecode_custom_mediator', function () {
         Page.listen(Page.get(id), 'change', function () {
             set(lists[id], Number(Page.get(id).value));
             draw();
+            tell('');
         });
     });
     Object.keys(boxes).forEach(function (id) {
         Page.listen(Page.get(id), 'change', function () {
             set(boxes[id], Page.get(id).checked);
             draw();
+            tell('');
         });
     });
     Page.listen(Page.get('defaults'), 'click', function () {
