@@ -43,6 +43,7 @@ private slots:
     void formChangesOnEveryOk();
     void documentThatHasGoneIsPassedOver();
     void newDocumentIsNoneOfTheList();
+    void newDocumentAtAnOldAddressIsNoneOfTheList();
     void failedOkStaysOpen();
     void failuresGiveNeutralValues();
     void failureWhileConstructedReachesTheCaller();
@@ -54,6 +55,24 @@ private slots:
 namespace {
 
 const QString Object = QStringLiteral("comment_mediator.");
+
+// Has another document at the address of each one, on demand.
+class RenumberingHost : public StandInHost
+{
+public:
+    DOCKEY documentKeyOf(DOC_Interface *doc) override
+    {
+        return StandInHost::documentKeyOf(doc) + (isRenumbered ? 70 : 0);
+    }
+    DOC_Interface *deviceByKey(DOCKEY key, bool flag) override
+    {
+        if (!isRenumbered)
+            return StandInHost::deviceByKey(key, flag);
+        return key > 70 ? StandInHost::deviceByKey(key - 70, flag) : nullptr;
+    }
+
+    bool isRenumbered = false;
+};
 
 /// A host with three cameras, of which all are selected.
 struct Cameras
@@ -75,7 +94,7 @@ struct Cameras
     DOC_Interface *document(int number) { return host.camera(keys.at(number - 1))->contract(); }
 
     QWidget mainWidget;
-    StandInHost host;
+    RenumberingHost host;
     QList<DOCKEY> keys;
 };
 
@@ -445,7 +464,6 @@ void TestCommentDialog::documentThatHasGoneIsPassedOver()
     QVERIFY(!shown.dialog->isVisible());
 }
 
-// Not even where it has the address of the one that has gone.
 void TestCommentDialog::newDocumentIsNoneOfTheList()
 {
     Shown shown;
@@ -457,6 +475,23 @@ void TestCommentDialog::newDocumentIsNoneOfTheList()
     QCOMPARE(infos(*shown.dialog).value("Records").toArray().size(), 3);
     shown.call("comment_ok()");
     QCOMPARE(camera->state().comment, QStringLiteral("new"));
+}
+
+void TestCommentDialog::newDocumentAtAnOldAddressIsNoneOfTheList()
+{
+    Cameras cameras;
+    GUI_CommentDialog dialog(&cameras.host, cameras.document(2));
+    QCOMPARE(infos(dialog).value("InitSelect").toInt(), 2);
+    cameras.host.isRenumbered = true;
+    const QJsonObject shown = infos(dialog);
+    QCOMPARE(shown.value("InitSelect").toInt(), 0);
+    for (const QJsonValue &record : shown.value("Records").toArray())
+        QCOMPARE(record.toObject().value("name").toString(), QString());
+    dialog.setSelectedItems({1, 2, 3});
+    dialog.setComment(QStringLiteral("all"));
+    dialog.comment_ok();
+    for (int i = 1; i <= 3; ++i)
+        QCOMPARE(cameras.comment(i), QStringLiteral("Comment %1").arg(i));
 }
 
 void TestCommentDialog::failedOkStaysOpen()

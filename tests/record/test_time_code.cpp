@@ -269,6 +269,8 @@ void TestTimeCode::amountPerFrameTellsTheSign_data()
                           << "0.0000" << false;
     QTest::newRow("rounded") << "0.12346"
                              << "0.1235" << false;
+    QTest::newRow("rounded to zero") << "-0.00001"
+                                     << "-0.0000" << true;
     QTest::newRow("no number") << "deg"
                                << "0.0000" << false;
     QTest::newRow("infinite below") << "-inf"
