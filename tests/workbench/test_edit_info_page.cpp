@@ -173,6 +173,7 @@ private slots:
     void keepsTheFontWithOk();
     void takesTheFontBackWithCancel();
     void takesAllFontsBack();
+    void takesTheFontBackToTheStart();
     void setsFontsOfAllPlaces();
     void namesAMissingFont_data();
     void namesAMissingFont();
@@ -775,6 +776,10 @@ void TestEditInfoPage::takesAllFontsBack()
 {
     Editor editor(*m_host, 1);
     QVERIFY(editor.open());
+    const auto isChecked = [&](const char *id) {
+        return read(editor.view(), QString("document.getElementById('%1').checked").arg(id))
+            .toBool();
+    };
     QVERIFY(click(editor.view(), "#font"));
     QVERIFY(!isShown(editor.view(), "#fontUndo")); // the strip takes no part
     QVERIFY(click(editor.view(), "#fontCancel"));
@@ -785,14 +790,67 @@ void TestEditInfoPage::takesAllFontsBack()
     QVERIFY(click(editor.view(), "#group-5"));
     QVERIFY(click(editor.view(), "#font"));
     QVERIFY(click(editor.view(), "#italic"));
+    QVERIFY(click(editor.view(), "#fontOk"));
+    QVERIFY(click(editor.view(), "#withinImage"));
+    QVERIFY(click(editor.view(), "#font"));
+    QVERIFY(click(editor.view(), "#foreground-ffff00"));
+    const auto fonts = [&] {
+        QStringList values;
+        for (const QString &key :
+             {Keys::saveInfo.bold + "1", Keys::saveInfo.italic + "5",
+              Keys::saveInfo.foregroundColor + "5", QString(Keys::saveInfo.withinImage)})
+            values.append(stored(*m_host, key));
+        return values;
+    };
+    QCOMPARE(read(editor.view(), "fontUndo.title").toString(),
+             QString("The fonts of all places in the picture as they were when this window "
+                     "opened"));
+
+    m_host->answerConfirm(false);
     QVERIFY(click(editor.view(), "#fontUndo"));
-    QCOMPARE(stored(*m_host, Keys::saveInfo.bold + "1"), QString("false"));
-    QCOMPARE(stored(*m_host, Keys::saveInfo.italic + "5"), QString("false"));
-    QVERIFY(!read(editor.view(), "document.getElementById('italic').checked").toBool());
+    QCOMPARE(m_host->messages().size(), 1);
+    QCOMPARE(m_host->messages().at(0).kind, QString("confirm"));
+    QCOMPARE(m_host->messages().at(0).text,
+             QString("Put the fonts of all places in the picture back to how they were when this "
+                     "window opened?"));
+    QCOMPARE(fonts(), QStringList({"true", "true", "#ffff00", "false"}));
+    m_host->answerConfirm(true);
+    QVERIFY(click(editor.view(), "#fontUndo"));
+    QCOMPARE(m_host->messages().size(), 2);
+    QCOMPARE(fonts(), QStringList({"false", "false", "#ffffff", "false"}));
+    QVERIFY(!isChecked("italic"));
     // The next change goes to the group that is shown.
     QVERIFY(click(editor.view(), "#italic"));
     QCOMPARE(stored(*m_host, Keys::saveInfo.italic + "5"), QString("true"));
     QCOMPARE(stored(*m_host, Keys::saveInfo.italic + "6"), QString("false"));
+    // The group that is shown goes back to where its panel opened, the others stay.
+    QVERIFY(click(editor.view(), "#fontCancel"));
+    QCOMPARE(fonts(), QStringList({"false", "true", "#ffffff", "false"}));
+    QVERIFY(!isChecked("withinImage"));
+}
+
+void TestEditInfoPage::takesTheFontBackToTheStart()
+{
+    Editor editor(*m_host);
+    QVERIFY(editor.open());
+    QVERIFY(click(editor.view(), "#font"));
+    QVERIFY(click(editor.view(), "#bold"));
+    QVERIFY(click(editor.view(), "#fontOk"));
+    QVERIFY(click(editor.view(), "#font"));
+    QCOMPARE(read(editor.view(), "fontUndo.title").toString(),
+             QString("The font as it was when this window opened"));
+    m_host->answerConfirm(false);
+    QVERIFY(click(editor.view(), "#fontUndo"));
+    QCOMPARE(m_host->messages().size(), 1);
+    QCOMPARE(m_host->messages().at(0).text,
+             QString("Put the font back to how it was when this window opened?"));
+    QCOMPARE(stored(*m_host, Keys::info.bold), QString("true"));
+    m_host->answerConfirm(true);
+    QVERIFY(click(editor.view(), "#fontUndo"));
+    QCOMPARE(stored(*m_host, Keys::info.bold), QString("false"));
+    QCOMPARE(callsOf(*m_host, "saveinfo"), 0);
+    QVERIFY(click(editor.view(), "#fontCancel"));
+    QCOMPARE(stored(*m_host, Keys::info.bold), QString("true"));
 }
 
 void TestEditInfoPage::setsFontsOfAllPlaces()

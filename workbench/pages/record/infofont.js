@@ -1,8 +1,9 @@
 'use strict';
 
 // The panel of both forms that sets how the information of a group is drawn. Every change goes to
-// the settings at once; Cancel takes back what was changed since the panel opened. `options` tell
-// the form; `changed` comes behind each change, `closed` when the panel has gone.
+// the settings at once; Cancel takes back what was changed in the group since the panel opened, Undo
+// what was changed in all groups since the form opened. `options` tell the form; `changed` comes
+// behind each change, `closed` when the panel has gone.
 var InfoFont = function (options) {
     var editInfo = Page.bridge;
     var panel = Page.get('fontPanel');
@@ -240,8 +241,18 @@ var InfoFont = function (options) {
         close();
     }
 
+    // Cancel brings other groups not back from it. The slot also puts back whether the information
+    // stands in the picture, which is no matter of the font.
     function undo() {
+        if (!editInfo.confirm(Page.translate(options.form === 'save' ?
+                'Put the fonts of all places in the picture back to how they were when this ' +
+                    'window opened?' :
+                'Put the font back to how it was when this window opened?')))
+            return;
+        var isWithin = editInfo.getWithinImage();
         editInfo.writeFontCancel();
+        if (options.form === 'save')
+            editInfo.setWithinImage(isWithin, true);
         draw();
         options.changed();
     }
@@ -257,8 +268,9 @@ var InfoFont = function (options) {
         addButton(buttons, 'fontUndo', '', 'Undo all', undo);
         addButton(buttons, 'fontCancel', '', 'Cancel', cancel);
         addButton(buttons, 'fontOk', 'main', 'OK', confirm);
-        Page.get('fontUndo').title =
-            Page.translate('All fonts as they were when this window opened');
+        Page.get('fontUndo').title = Page.translate(options.form === 'save' ?
+            'The fonts of all places in the picture as they were when this window opened' :
+            'The font as it was when this window opened');
     }
 
     make();
