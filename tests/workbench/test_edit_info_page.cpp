@@ -160,6 +160,8 @@ private slots:
     void goesThroughTheRowsByKeys();
     void keepsLinesOfTheSaveForm();
     void scrollsWhereARowIsMoved();
+    void ordersOnlyWholeLists_data();
+    void ordersOnlyWholeLists();
     void tellsWhatCouldNotBeStored();
 
     void opensTheEditors_data();
@@ -527,6 +529,37 @@ void TestEditInfoPage::scrollsWhereARowIsMoved()
                     .toBool());
     editor.letGo(edge);
     QVERIFY(stored(*m_host, Keys::info.display).endsWith(",FrameRate:true"));
+}
+
+void TestEditInfoPage::ordersOnlyWholeLists_data()
+{
+    QTest::addColumn<bool>("isSaved");
+    QTest::newRow("editor") << false;
+    QTest::newRow("saved") << true;
+}
+
+// A list that failed in its middle shows its first rows.
+void TestEditInfoPage::ordersOnlyWholeLists()
+{
+    QFETCH(bool, isSaved);
+    const QString key = isSaved ? Keys::saveInfo.display + "0" : QString(Keys::info.display);
+    const std::unique_ptr<Editor> editor =
+        isSaved ? std::make_unique<Editor>(*m_host, 1) : std::make_unique<Editor>(*m_host);
+    LogCapture log;
+    m_host->failOn("infoItemLabel", 3);
+    QVERIFY(editor->open());
+    QCOMPARE(editor->rows().size(), 2);
+    editor->focusRow(0);
+    QVERIFY(press(editor->view(), Qt::Key_End, Qt::AltModifier));
+    QCOMPARE(stored(*m_host, key), FourItems);
+    QCOMPARE(text(editor->view(), "#failure"),
+             QString("The list has changed. Please move the row again."));
+    QCOMPARE(editor->rows().size(), 5);
+    QCOMPARE(editor->focusedRow(), 0);
+    QVERIFY(press(editor->view(), Qt::Key_End, Qt::AltModifier));
+    QCOMPARE(stored(*m_host, key),
+             QString("Date:true,Comment:false,<hr>,Resolution:true,FrameRate:true"));
+    QVERIFY(!isShown(editor->view(), "#failure"));
 }
 
 void TestEditInfoPage::tellsWhatCouldNotBeStored()

@@ -130,14 +130,19 @@ var InfoList = function (options) {
         Page.tell('state', 'empty', read.length === 0 ? options.withoutItems() : '');
     }
 
-    // What is stored now, beside what is shown.
-    function isStored() {
-        var read = parse(options.read());
+    // Whether these entries are the ones in the rows.
+    function isShown(read) {
         var shown = rows().map(function (row) { return entries.get(row); });
-        var isSame = read.length === shown.length && read.every(function (entry, at) {
+        return read.length === shown.length && read.every(function (entry, at) {
             return entry.isLine === shown[at].isLine && entry.id === shown[at].id &&
                 entry.isChecked === shown[at].isChecked;
         });
+    }
+
+    // What is stored now, beside what is shown.
+    function isStored() {
+        var read = parse(options.read());
+        var isSame = isShown(read);
         if (!isSame)
             fill(read);
         return isSame;
@@ -174,6 +179,14 @@ var InfoList = function (options) {
             return;
         }
         if (before !== row && before !== row.nextElementSibling) {
+            // An order is stored as a whole: what is not among the rows would leave the setting.
+            var read = parse(options.read());
+            if (!isShown(read)) {
+                fill(read);
+                Page.tell('failure', 'error',
+                    Page.translate('The list has changed. Please move the row again.'));
+                return;
+            }
             list.insertBefore(row, before);
             options.order(rows().map(function (one) {
                 return entries.get(one).isLine ? 'HR' : entries.get(one).id;
