@@ -6,6 +6,7 @@
 #include "standin/documents/StandInCamera.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
+#include "tests/workbench/support/PageVisit.h"
 #include "workbench/pages/Pages.h"
 #include "workbench/tour/PageHand.h"
 
@@ -149,6 +150,11 @@ private slots:
     void endsLongLabelsInAnEllipsis();
     void tellsThatThereIsNoDocument();
     void tellsThatNothingIsListed();
+
+    void tellsAChangeBehindItsDocument_data();
+    void tellsAChangeBehindItsDocument();
+    void followsItsDocument_data();
+    void followsItsDocument();
 
     void ticksByClicksAndKeys();
     void keepsItemsOfOtherModes();
@@ -307,6 +313,79 @@ void TestEditInfoPage::tellsThatNothingIsListed()
     QVERIFY(editor.open());
     QCOMPARE(text(editor.view(), "#state"),
              QString("Nothing is listed. Reset brings back all items."));
+}
+
+void TestEditInfoPage::tellsAChangeBehindItsDocument_data()
+{
+    QTest::addColumn<bool>("isSaved");
+    QTest::addColumn<bool>("isMove");
+    QTest::newRow("tick") << false << false;
+    QTest::newRow("tick, saved") << true << false;
+    QTest::newRow("move") << false << true;
+    QTest::newRow("move, saved") << true << true;
+}
+
+// The document goes before the page is told.
+void TestEditInfoPage::tellsAChangeBehindItsDocument()
+{
+    QFETCH(bool, isSaved);
+    QFETCH(bool, isMove);
+    const QString key = isSaved ? Keys::saveInfo.display + "0" : QString(Keys::info.display);
+    const std::unique_ptr<Editor> editor =
+        isSaved ? std::make_unique<Editor>(*m_host, 1) : std::make_unique<Editor>(*m_host);
+    QVERIFY(editor->open());
+    m_host->closeDocument(1);
+    if (isMove) {
+        editor->focusRow(0);
+        QVERIFY(press(editor->view(), Qt::Key_End, Qt::AltModifier));
+    } else {
+        QVERIFY(click(editor->view(), "#item-FrameRate .label"));
+    }
+    QCOMPARE(stored(*m_host, key),
+             isMove ? FourItems
+                    : QString("FrameRate:false,Date:true,Comment:false,<hr>,Resolution:true"));
+    QCOMPARE(text(editor->view(), "#state"),
+             QString("What this list belongs to is no longer open."));
+    QVERIFY(!isShown(editor->view(), "#failure") && !isShown(editor->view(), "#list"));
+    QVERIFY(click(editor->view(), "#cancel"));
+    QCOMPARE(stored(*m_host, key), FourItems);
+    QCOMPARE(m_host->handledErrors(), QStringList());
+}
+
+void TestEditInfoPage::followsItsDocument_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::newRow("editor") << "editinfo";
+    QTest::newRow("saved") << "saveinfo";
+}
+
+void TestEditInfoPage::followsItsDocument()
+{
+    QFETCH(QString, page);
+    const bool isSaved = page == "saveinfo";
+    PageVisit visit;
+    visit.host.addCamera();
+    QVERIFY(visit.open(page, [&](QDialog &, GUI_WebView *view) {
+        QVERIFY(isShown(view, "#list"));
+        if (isSaved)
+            QTRY_VERIFY(isShown(view, "#preview"));
+        const QString asked =
+            isSaved ? "getPref(\"saveinfo/display0\"" : "getPref(\"info/display\"";
+        const int reads = callsOf(visit.host, asked);
+        visit.host.addCamera(); // others come and go
+        visit.host.closeDocument(2);
+        QTest::qWait(400);
+        QCOMPARE(callsOf(visit.host, asked), reads);
+        visit.host.closeDocument(1);
+        QTRY_COMPARE(text(view, "#state"), QString("What this list belongs to is no longer open."));
+        QVERIFY(!isShown(view, "#list") && !isShown(view, "#failure"));
+        if (isSaved) {
+            QTRY_COMPARE(text(view, "#noPreview"), QString("No picture to show."));
+            QVERIFY(!isShown(view, "#preview"));
+            QCOMPARE(text(view, "#resolution"), QString());
+        }
+    }));
+    QCOMPARE(visit.host.handledErrors(), QStringList());
 }
 
 void TestEditInfoPage::ticksByClicksAndKeys()

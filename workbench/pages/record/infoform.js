@@ -6,6 +6,8 @@
 var InfoForm = function (options) {
     var editInfo = Page.bridge;
     var group = 0;
+    var hadRows = false;
+    var isOpen = false; // the document
     // What the links of the items open.
     var editors = {
         edit_comment: 'editComment',
@@ -20,7 +22,11 @@ var InfoForm = function (options) {
 
     var list = InfoList({
         reason: options.reason,
-        read: function () { return editInfo.getInfoSettingsHtml(group); },
+        read: function () {
+            var markup = editInfo.getInfoSettingsHtml(group);
+            hadRows = hadRows || markup !== '';
+            return markup;
+        },
         tick: function (id, isChecked) { editInfo.changeDisp(id, isChecked, group); },
         order: function (ids) { editInfo.changeOrder(ids, group); },
         edit: function (link) {
@@ -31,14 +37,19 @@ var InfoForm = function (options) {
             list.load();
             options.changed();
         },
-        // Only a document has a resolution.
         withoutItems: function () {
-            return Page.translate(editInfo.getResolutionStr() === '' ?
-                'Open a camera or a recording: its information is listed here.' :
-                'Nothing is listed. Reset brings back all items.');
+            return Page.translate(hasDocument() ?
+                'Nothing is listed. Reset brings back all items.' : hadRows ?
+                'What this list belongs to is no longer open.' :
+                'Open a camera or a recording: its information is listed here.');
         },
         changed: options.changed
     });
+
+    // Only a document has a resolution.
+    function hasDocument() {
+        return editInfo.getResolutionStr() !== '';
+    }
 
     function showPanel(isShown) {
         Page.get('items').hidden = isShown;
@@ -46,9 +57,17 @@ var InfoForm = function (options) {
     }
 
     function draw() {
+        isOpen = hasDocument();
         list.load();
         font.summarize(group);
     }
+
+    Page.followDocuments = Page.guard(function () {
+        if (hasDocument() === isOpen)
+            return;
+        draw();
+        options.changed();
+    });
 
     var font = InfoFont({
         form: options.form,

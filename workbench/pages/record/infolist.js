@@ -139,13 +139,14 @@ var InfoList = function (options) {
         });
     }
 
-    // What is stored now, beside what is shown.
+    // What is stored now, beside what is shown. Where nothing can be listed any longer, the change
+    // is stored nevertheless.
     function isStored() {
         var read = parse(options.read());
         var isSame = isShown(read);
         if (!isSame)
             fill(read);
-        return isSame;
+        return isSame || read.length === 0;
     }
 
     function afterChange() {
@@ -183,7 +184,7 @@ var InfoList = function (options) {
             var read = parse(options.read());
             if (!isShown(read)) {
                 fill(read);
-                Page.tell('failure', 'error',
+                Page.tell('failure', 'error', read.length === 0 ? '' :
                     Page.translate('The list has changed. Please move the row again.'));
                 return;
             }
