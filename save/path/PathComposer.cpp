@@ -91,7 +91,7 @@ QString composeDirectory(HostServices *host, int mode, DOC_Interface *doc)
 QString composeFileName(HostServices *host, int mode, DOC_Interface *doc, int partitionNo,
                         bool withAdditions, const QDateTime &time)
 {
-    return PathComposition(host, doc, time).fileName(mode, partitionNo, withAdditions).text;
+    return PathComposition(host, doc, time).fileName(mode, partitionNo, withAdditions, {}).text;
 }
 
 QString composeGroupDir(HostServices *host, int mode, DOC_Interface *doc, const QString &baseName,

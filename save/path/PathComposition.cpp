@@ -84,7 +84,8 @@ QString PathComposition::composeBase(int mode)
     return getString(keys.dir);
 }
 
-ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAdditions)
+ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAdditions,
+                                       const Target &target)
 {
     ComposedName result;
     if (const std::optional<QString> &number = testNumber(mode)) {
@@ -92,7 +93,7 @@ ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAddit
         result.text = *number;
         return result;
     }
-    result.name = bareName(mode, partitionNo, withAdditions);
+    result.name = bareName(mode, partitionNo, withAdditions, target);
     result.text = result.name;
     if (!withAdditions)
         return result;
@@ -102,6 +103,7 @@ ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAddit
         result.time = DateTexts::formatDateTime(m_time, settings.timeFormat);
     std::optional<QString> bare;
     QString directory;
+    QString other;
     DirectoryView *files = nullptr;
     bool movesWithName = false;
     QString before;
@@ -119,17 +121,24 @@ ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAddit
         before = result.number;
 
         if (!bare) {
-            bare = bareName(mode, partitionNo, false);
+            bare = bareName(mode, partitionNo, false, target);
+            other = alternativeDir(target);
             movesWithName = dependsOnFileName(mode);
         }
-        if (!files || movesWithName) {
+        if (!files || movesWithName)
             directory = fileDirectory(mode, *bare, result.text);
-            files = &view(directory);
+        QString path = directory + result.text;
+        int nameStart = directory.size();
+        if (!other.isEmpty()) {
+            path = PathRules::movedPath(path, directory, result.text, other);
+            nameStart = path.lastIndexOf(QLatin1Char('/')) + 1;
         }
+        if (!files || movesWithName || !other.isEmpty())
+            files = &view(path.left(nameStart));
         result.search.number = sequence;
-        if (files->hasFileBeginning(result.text))
+        if (files->hasFileBeginning(path.mid(nameStart)))
             ++result.search.onDisk;
-        else if (m_host->isPlannedFile(directory + result.text))
+        else if (m_host->isPlannedFile(path))
             ++result.search.planned;
         else
             return result;
@@ -138,12 +147,13 @@ ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAddit
     }
 }
 
-QString PathComposition::bareName(int mode, int partitionNo, bool withAdditions)
+QString PathComposition::bareName(int mode, int partitionNo, bool withAdditions,
+                                  const Target &target)
 {
     const FileNameSettings &settings = fileNameSettings(mode);
     PathRules::NameFacts facts;
     if (settings.asOriginal)
-        facts.originalName = originalName(mode, partitionNo, withAdditions);
+        facts.originalName = originalName(mode, partitionNo, withAdditions, target);
     if (settings.asPartitionName && m_doc && !isFileMode())
         facts.partitionName = m_doc->partitionName(partitionNo);
     if (settings.usesCustomInfo)
@@ -152,14 +162,25 @@ QString PathComposition::bareName(int mode, int partitionNo, bool withAdditions)
 }
 
 // What is converted from a camera's memory has no file yet, and is named as its export.
-QString PathComposition::originalName(int mode, int partitionNo, bool withAdditions)
+QString PathComposition::originalName(int mode, int partitionNo, bool withAdditions,
+                                      const Target &target)
 {
     if (!m_doc)
         return QString();
     if (SaveModes::family(mode) == Family::Convert && m_doc->isCameraRecord() &&
         m_host->isMemoryMode())
-        return fileName(SaveModes::ExportMode, partitionNo, withAdditions).text;
+        return fileName(SaveModes::ExportMode, partitionNo, withAdditions, target).text;
     return m_doc->originalFileName();
+}
+
+// Empty where the composed directory stays.
+QString PathComposition::alternativeDir(const Target &target)
+{
+    if (!target.useAlternativeDir)
+        return QString();
+    if (!m_alternativeDir)
+        m_alternativeDir = m_host->plannedTargetDir();
+    return *m_alternativeDir;
 }
 
 QString PathComposition::fileDirectory(int mode, const QString &bareName, const QString &fullName)
@@ -272,8 +293,8 @@ void PathComposition::compose(int mode, int partitionNo, const Target &target, C
     const bool extends = target.plan == Plan::Extend;
     result.base = directory(mode);
     QString directory = result.base;
-    ComposedName bare = fileName(mode, partitionNo, false);
-    result.file = fileName(mode, partitionNo, true);
+    ComposedName bare = fileName(mode, partitionNo, false, target);
+    result.file = fileName(mode, partitionNo, true, target);
     if (isWithoutBrackets) {
         bracketsToParens(bare);
         bracketsToParens(result.file);
@@ -296,12 +317,10 @@ void PathComposition::compose(int mode, int partitionNo, const Target &target, C
     }
     PathText::ensureTrailingSlash(directory);
     QString path = directory + full;
-    if (target.useAlternativeDir) {
-        const QString other = m_host->plannedTargetDir();
-        if (!other.isEmpty()) {
-            path = PathRules::movedPath(path, directory, full, other);
-            directory = other;
-        }
+    const QString other = alternativeDir(target);
+    if (!other.isEmpty()) {
+        path = PathRules::movedPath(path, directory, full, other);
+        directory = other;
     }
     result.directory = directory;
     result.path = path;

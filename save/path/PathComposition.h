@@ -50,8 +50,9 @@ public:
     /// The base directory, with a trailing "/" unless empty.
     QString directory(int mode);
 
-    /// The file name with its additions, or without.
-    ComposedName fileName(int mode, int partitionNo, bool withAdditions);
+    /// The file name with its additions, or without. Its number is free where `target` has the
+    /// file.
+    ComposedName fileName(int mode, int partitionNo, bool withAdditions, const Target &target);
 
     /// The group directory, without text when there is none. One that the batch has fixed has its
     /// text alone.
@@ -91,8 +92,9 @@ private:
     const std::optional<QString> &testNumber(int mode);
     const std::optional<QVariantList> &customInfo(int mode);
     QString composeBase(int mode);
-    QString bareName(int mode, int partitionNo, bool withAdditions);
-    QString originalName(int mode, int partitionNo, bool withAdditions);
+    QString bareName(int mode, int partitionNo, bool withAdditions, const Target &target);
+    QString originalName(int mode, int partitionNo, bool withAdditions, const Target &target);
+    QString alternativeDir(const Target &target);
     QString fileDirectory(int mode, const QString &bareName, const QString &fullName);
     bool dependsOnFileName(int mode);
     ComposedName folder(int mode, const FolderSettings &settings, const QString &baseName);
@@ -107,6 +109,7 @@ private:
     QDateTime m_time;
     int m_firstNumber;
     std::optional<bool> m_isFileMode;
+    std::optional<QString> m_alternativeDir;
     std::map<int, ModeState> m_modes;
     std::map<QString, DirectoryView> m_views;
     QHash<QString, NumberSearch> m_searches; ///< the number taken last, by what stands before it

@@ -129,7 +129,7 @@ QString LiteralComposer::directory(int mode, DOC_Interface *doc)
 }
 
 QString LiteralComposer::fileName(int mode, DOC_Interface *doc, int partitionNo, bool withAdditions,
-                                  const QDateTime &time)
+                                  const QDateTime &time, bool useAlternativeDir)
 {
     const QString family = familyOf(mode);
     if (text("export/media") == "file" && (family == "export" || family == "convert") &&
@@ -151,7 +151,7 @@ QString LiteralComposer::fileName(int mode, DOC_Interface *doc, int partitionNo,
         if (doc)
             name = doc->originalFileName();
         if (doc && family == "convert" && doc->isCameraRecord() && m_host->isMemoryMode())
-            name = fileName(1, doc, partitionNo, withAdditions, time);
+            name = fileName(1, doc, partitionNo, withAdditions, time, useAlternativeDir);
     }
     if (!m_host->isFileMode() && on(family + "/filenameaspartitionname"))
         name = cleaned(doc ? doc->partitionName(partitionNo) : QString());
@@ -205,7 +205,7 @@ QString LiteralComposer::fileName(int mode, DOC_Interface *doc, int partitionNo,
             throw UTL_Exception("Invalid filename.", 0);
         additionBefore = addition;
 
-        const QString bare = fileName(mode, doc, partitionNo, false, time);
+        const QString bare = fileName(mode, doc, partitionNo, false, time, useAlternativeDir);
         QString optionFamily = "export";
         if (family == "snap")
             optionFamily = "snap";
@@ -217,10 +217,22 @@ QString LiteralComposer::fileName(int mode, DOC_Interface *doc, int partitionNo,
             directory(mode, doc) +
             withSlash(groupDir(mode, doc, groupOption ? candidate : bare, time)) +
             withSlash(subDir(mode, doc, subOption ? candidate : bare, time));
+        QString listed = folder;
+        QString beginning = candidate;
+        QString path = folder + candidate;
+        const QString other = useAlternativeDir ? m_host->plannedTargetDir() : QString();
+        if (!other.isEmpty()) {
+            if (folder.isEmpty())
+                path = withSlash(other) + candidate;
+            else
+                path.replace(folder, other);
+            listed = path.left(path.lastIndexOf('/') + 1);
+            beginning = path.mid(listed.size());
+        }
         bool isTaken = false;
-        for (const QString &file : QDir(folder).entryList(QDir::Files, QDir::Unsorted))
-            isTaken = isTaken || file.startsWith(candidate, Qt::CaseInsensitive);
-        if (!isTaken && !m_host->isPlannedFile(folder + candidate))
+        for (const QString &file : QDir(listed).entryList(QDir::Files, QDir::Unsorted))
+            isTaken = isTaken || file.startsWith(beginning, Qt::CaseInsensitive);
+        if (!isTaken && !m_host->isPlannedFile(path))
             return candidate;
     }
 }
@@ -310,8 +322,8 @@ void LiteralComposer::targetPaths(int mode, DOC_Interface *doc, bool useAlternat
     const QString baseDir = directory(mode, doc);
     for (int partitionNo : doc->partitionNumbers()) {
         QString dir = baseDir;
-        QString bare = fileName(mode, doc, partitionNo, false, time);
-        QString full = fileName(mode, doc, partitionNo, true, time);
+        QString bare = fileName(mode, doc, partitionNo, false, time, useAlternativeDir);
+        QString full = fileName(mode, doc, partitionNo, true, time, useAlternativeDir);
         if (mode == 16 && reportVariant == 1) {
             bare = inRoundBrackets(bare);
             full = inRoundBrackets(full);

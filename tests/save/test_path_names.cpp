@@ -509,12 +509,13 @@ void TestPathNames::numberPastTheLastIsRefused()
     constexpr int Last = std::numeric_limits<int>::max();
     m_camera->addition = numbered("");
     touch("Shot_S2147483646.x");
-    QCOMPARE(
-        PathComposition(m_host.get(), m_camera.get(), moment(), Last - 1).fileName(1, 1, true).text,
-        QString("Shot_S2147483647"));
+    QCOMPARE(PathComposition(m_host.get(), m_camera.get(), moment(), Last - 1)
+                 .fileName(1, 1, true, {})
+                 .text,
+             QString("Shot_S2147483647"));
     touch("Shot_S2147483647.x");
     QVERIFY_EXCEPTION_THROWN(
-        PathComposition(m_host.get(), m_camera.get(), moment(), Last - 1).fileName(1, 1, true),
+        PathComposition(m_host.get(), m_camera.get(), moment(), Last - 1).fileName(1, 1, true, {}),
         UTL_Exception);
     QCOMPARE(log.texts(), QStringList(refusal("Invalid filename.")));
 }

@@ -285,7 +285,8 @@ void TestPathRandom::choosePlan()
     if (chance(15))
         m_plan.setGroupDir(someName());
     if (chance(30))
-        m_plan.setTargetDir(oneOf({"/x", "/x/", m_base + "/", "rel"}));
+        m_plan.setTargetDir(
+            oneOf({"/x", "/x/", m_base + "/", m_base + "/sub/", m_base + "/sub", "rel"}));
     for (int i = below(4); i > 0; --i)
         m_plan.addDir(m_base + "/" +
                       oneOf({"Run_S1/", "Run_S2/", "Shot_S01/", "S1/", "Shot_C1S1/"}));

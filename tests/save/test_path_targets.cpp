@@ -27,6 +27,8 @@ private slots:
     void alternativeDirectoryTakesOver_data();
     void alternativeDirectoryTakesOver();
     void alternativeOfNoDirectory();
+    void numberIsFreeInTheAlternative_data();
+    void numberIsFreeInTheAlternative();
     void unnamedFileIsRefused_data();
     void unnamedFileIsRefused();
     void pathHasALongestLength_data();
@@ -253,6 +255,56 @@ void TestPathTargets::alternativeOfNoDirectory()
     composeAll(1, maps, true);
     QCOMPARE(maps.dirs.value(1), QString("/x"));
     QCOMPARE(maps.paths.value(1), QString("/x/Shot"));
+}
+
+void TestPathTargets::numberIsFreeInTheAlternative_data()
+{
+    QTest::addColumn<bool>("isUsed");
+    QTest::addColumn<QString>("other"); // below the base
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("planned");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    const auto row = [](const char *name, bool isUsed, const char *other, const char *file,
+                        const char *planned, const char *first, const char *second) {
+        QTest::newRow(name) << isUsed << QString(other) << QString(file) << QString(planned)
+                            << QString(first) << QString(second);
+    };
+    row("nothing there", true, "x/", "", "", "x/Shot_S0001", "x/Shot_S0002");
+    row("file", true, "x/", "x/Shot_S0001.x", "", "x/Shot_S0002", "x/Shot_S0003");
+    row("file between", true, "x/", "x/Shot_S0002.x", "", "x/Shot_S0001", "x/Shot_S0003");
+    row("plan", true, "x/", "", "x/Shot_S0001", "x/Shot_S0002", "x/Shot_S0003");
+    row("file where it does not lie", true, "x/", "G/Shot_S0001.x", "", "x/Shot_S0001",
+        "x/Shot_S0002");
+    row("plan where it does not lie", true, "x/", "", "G/Shot_S0001", "x/Shot_S0001",
+        "x/Shot_S0002");
+    row("without a slash", true, "x", "xShot_S0001.x", "", "xShot_S0002", "xShot_S0003");
+    row("not the directory of that name", true, "x", "x/Shot_S0001.x", "", "xShot_S0001",
+        "xShot_S0002");
+    row("not used", false, "x/", "x/Shot_S0001.x", "", "G/Shot_S0001", "G/Shot_S0002");
+    row("none", true, "", "G/Shot_S0001.x", "", "G/Shot_S0002", "G/Shot_S0003");
+}
+
+void TestPathTargets::numberIsFreeInTheAlternative()
+{
+    QFETCH(bool, isUsed);
+    QFETCH(QString, other);
+    QFETCH(QString, file);
+    QFETCH(QString, planned);
+    QFETCH(QString, first);
+    QFETCH(QString, second);
+    m_camera->state().partitions = {{1, "A", 1, 0}, {2, "B", 1, 0}};
+    m_camera->addition = numbered("");
+    set({{"export/groupdir", true}, {"export/groupdirname", "G"}});
+    if (!file.isEmpty())
+        touch(file);
+    if (!planned.isEmpty())
+        m_host->savePlan().addFile(base() + planned);
+    if (!other.isEmpty())
+        m_host->savePlan().setTargetDir(base() + other);
+    Maps maps;
+    composeAll(1, maps, isUsed);
+    QCOMPARE(maps.paths, (Files{{1, base() + first}, {2, base() + second}}));
 }
 
 void TestPathTargets::unnamedFileIsRefused_data()
