@@ -34,6 +34,16 @@ void appendDirectory(QString &path, const QString &name)
     path += name;
 }
 
+bool isWithoutBrackets(int mode, const PathComposition::Target &target)
+{
+    return mode == SaveModes::ReportMode && target.reportVariant == 1;
+}
+
+QString asWritten(int mode, const PathComposition::Target &target, const QString &text)
+{
+    return isWithoutBrackets(mode, target) ? PathText::bracketsToParens(text) : text;
+}
+
 void bracketsToParens(ComposedName &name)
 {
     for (QString *text : {&name.text, &name.name, &name.number, &name.time})
@@ -121,16 +131,17 @@ ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAddit
         before = result.number;
 
         if (!bare) {
-            bare = bareName(mode, partitionNo, false, target);
+            bare = asWritten(mode, target, bareName(mode, partitionNo, false, target));
             other = alternativeDir(target);
             movesWithName = dependsOnFileName(mode);
         }
+        const QString name = asWritten(mode, target, result.text);
         if (!files || movesWithName)
-            directory = fileDirectory(mode, *bare, result.text);
-        QString path = directory + result.text;
+            directory = fileDirectory(mode, target, *bare, name);
+        QString path = directory + name;
         int nameStart = directory.size();
         if (!other.isEmpty()) {
-            path = PathRules::movedPath(path, directory, result.text, other);
+            path = PathRules::movedPath(path, directory, name, other);
             nameStart = path.lastIndexOf(QLatin1Char('/')) + 1;
         }
         if (!files || movesWithName || !other.isEmpty())
@@ -183,13 +194,15 @@ QString PathComposition::alternativeDir(const Target &target)
     return *m_alternativeDir;
 }
 
-QString PathComposition::fileDirectory(int mode, const QString &bareName, const QString &fullName)
+QString PathComposition::fileDirectory(int mode, const Target &target, const QString &bareName,
+                                       const QString &fullName)
 {
     QString path = directory(mode);
     appendDirectory(
         path, groupDir(mode, groupDirSettings(mode).takesFullFileName ? fullName : bareName).text);
-    appendDirectory(
-        path, subDir(mode, subDirSettings(mode).takesFullFileName ? fullName : bareName).text);
+    const ComposedName sub =
+        subDir(mode, subDirSettings(mode).takesFullFileName ? fullName : bareName);
+    appendDirectory(path, asWritten(mode, target, sub.text));
     PathText::ensureTrailingSlash(path);
     return path;
 }
@@ -289,13 +302,12 @@ QString PathComposition::thumbnailPath(int mode, const QString &path)
 
 void PathComposition::compose(int mode, int partitionNo, const Target &target, ComposedPath &result)
 {
-    const bool isWithoutBrackets = mode == SaveModes::ReportMode && target.reportVariant == 1;
     const bool extends = target.plan == Plan::Extend;
     result.base = directory(mode);
     QString directory = result.base;
     ComposedName bare = fileName(mode, partitionNo, false, target);
     result.file = fileName(mode, partitionNo, true, target);
-    if (isWithoutBrackets) {
+    if (isWithoutBrackets(mode, target)) {
         bracketsToParens(bare);
         bracketsToParens(result.file);
     }
@@ -306,7 +318,7 @@ void PathComposition::compose(int mode, int partitionNo, const Target &target, C
         m_host->setPlannedGroupDir(result.group.text);
     appendDirectory(directory, result.group.text);
     result.sub = subDir(mode, subDirSettings(mode).takesFullFileName ? full : bare.text);
-    if (isWithoutBrackets)
+    if (isWithoutBrackets(mode, target))
         bracketsToParens(result.sub);
     appendDirectory(directory, result.sub.text);
 

@@ -95,7 +95,8 @@ private:
     QString bareName(int mode, int partitionNo, bool withAdditions, const Target &target);
     QString originalName(int mode, int partitionNo, bool withAdditions, const Target &target);
     QString alternativeDir(const Target &target);
-    QString fileDirectory(int mode, const QString &bareName, const QString &fullName);
+    QString fileDirectory(int mode, const Target &target, const QString &bareName,
+                          const QString &fullName);
     bool dependsOnFileName(int mode);
     ComposedName folder(int mode, const FolderSettings &settings, const QString &baseName);
     void searchFolderNumber(int mode, const PathRules::FolderNumber &number, ComposedName &result);

@@ -129,7 +129,7 @@ QString LiteralComposer::directory(int mode, DOC_Interface *doc)
 }
 
 QString LiteralComposer::fileName(int mode, DOC_Interface *doc, int partitionNo, bool withAdditions,
-                                  const QDateTime &time, bool useAlternativeDir)
+                                  const QDateTime &time, bool useAlternativeDir, int reportVariant)
 {
     const QString family = familyOf(mode);
     if (text("export/media") == "file" && (family == "export" || family == "convert") &&
@@ -151,7 +151,8 @@ QString LiteralComposer::fileName(int mode, DOC_Interface *doc, int partitionNo,
         if (doc)
             name = doc->originalFileName();
         if (doc && family == "convert" && doc->isCameraRecord() && m_host->isMemoryMode())
-            name = fileName(1, doc, partitionNo, withAdditions, time, useAlternativeDir);
+            name = fileName(1, doc, partitionNo, withAdditions, time, useAlternativeDir,
+                            reportVariant);
     }
     if (!m_host->isFileMode() && on(family + "/filenameaspartitionname"))
         name = cleaned(doc ? doc->partitionName(partitionNo) : QString());
@@ -205,7 +206,14 @@ QString LiteralComposer::fileName(int mode, DOC_Interface *doc, int partitionNo,
             throw UTL_Exception("Invalid filename.", 0);
         additionBefore = addition;
 
-        const QString bare = fileName(mode, doc, partitionNo, false, time, useAlternativeDir);
+        QString bare =
+            fileName(mode, doc, partitionNo, false, time, useAlternativeDir, reportVariant);
+        QString written = candidate;
+        const bool isRound = mode == 16 && reportVariant == 1;
+        if (isRound) {
+            bare = inRoundBrackets(bare);
+            written = inRoundBrackets(written);
+        }
         QString optionFamily = "export";
         if (family == "snap")
             optionFamily = "snap";
@@ -213,17 +221,18 @@ QString LiteralComposer::fileName(int mode, DOC_Interface *doc, int partitionNo,
             optionFamily = "convert";
         const bool groupOption = on(optionFamily + "/groupdirasfilenameincludeoption");
         const bool subOption = on(family + "/subdirasfilenameincludeoption");
-        const QString folder =
-            directory(mode, doc) +
-            withSlash(groupDir(mode, doc, groupOption ? candidate : bare, time)) +
-            withSlash(subDir(mode, doc, subOption ? candidate : bare, time));
+        const QString group = groupDir(mode, doc, groupOption ? written : bare, time);
+        QString sub = subDir(mode, doc, subOption ? written : bare, time);
+        if (isRound)
+            sub = inRoundBrackets(sub);
+        const QString folder = directory(mode, doc) + withSlash(group) + withSlash(sub);
         QString listed = folder;
-        QString beginning = candidate;
-        QString path = folder + candidate;
+        QString beginning = written;
+        QString path = folder + written;
         const QString other = useAlternativeDir ? m_host->plannedTargetDir() : QString();
         if (!other.isEmpty()) {
             if (folder.isEmpty())
-                path = withSlash(other) + candidate;
+                path = withSlash(other) + written;
             else
                 path.replace(folder, other);
             listed = path.left(path.lastIndexOf('/') + 1);
@@ -322,8 +331,10 @@ void LiteralComposer::targetPaths(int mode, DOC_Interface *doc, bool useAlternat
     const QString baseDir = directory(mode, doc);
     for (int partitionNo : doc->partitionNumbers()) {
         QString dir = baseDir;
-        QString bare = fileName(mode, doc, partitionNo, false, time, useAlternativeDir);
-        QString full = fileName(mode, doc, partitionNo, true, time, useAlternativeDir);
+        QString bare =
+            fileName(mode, doc, partitionNo, false, time, useAlternativeDir, reportVariant);
+        QString full =
+            fileName(mode, doc, partitionNo, true, time, useAlternativeDir, reportVariant);
         if (mode == 16 && reportVariant == 1) {
             bare = inRoundBrackets(bare);
             full = inRoundBrackets(full);

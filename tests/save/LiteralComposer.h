@@ -21,7 +21,7 @@ public:
                      QMap<int, QString> &paths, const QDateTime &time, int reportVariant);
     QString directory(int mode, DOC_Interface *doc);
     QString fileName(int mode, DOC_Interface *doc, int partitionNo, bool withAdditions,
-                     const QDateTime &time, bool useAlternativeDir = false);
+                     const QDateTime &time, bool useAlternativeDir = false, int reportVariant = 0);
     QString groupDir(int mode, DOC_Interface *doc, const QString &baseName, const QDateTime &time);
     QString subDir(int mode, DOC_Interface *doc, const QString &baseName, const QDateTime &time);
     QString thumbnailPath(int mode, const QString &path);

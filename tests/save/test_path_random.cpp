@@ -112,6 +112,7 @@ QString TestPathRandom::someName()
                                    "x/y",
                                    "a:b",
                                    "[1]",
+                                   "(1)",
                                    "%1",
                                    "*",
                                    "Tab\tx",

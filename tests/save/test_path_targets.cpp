@@ -24,6 +24,8 @@ private slots:
     void optionDecidesForTheFullName();
     void reportsGetRoundBrackets_data();
     void reportsGetRoundBrackets();
+    void numberOfAReportIsFreeAsWritten_data();
+    void numberOfAReportIsFreeAsWritten();
     void alternativeDirectoryTakesOver_data();
     void alternativeDirectoryTakesOver();
     void alternativeOfNoDirectory();
@@ -208,6 +210,64 @@ void TestPathTargets::reportsGetRoundBrackets()
         PathComposer::composePath(m_host.get(), mode, m_camera.get(), 1, false, moment(), variant);
     QTEST(inBase(parts.path), "path");
     QCOMPARE(parts.file.name, variant == 1 && mode == 16 ? "Shot (1)" : "Shot [1]");
+}
+
+void TestPathTargets::numberOfAReportIsFreeAsWritten_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("variant");
+    QTest::addColumn<Settings>("settings");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("path");
+    const Settings none;
+    const Settings sub{{"report/subdir", true}, {"report/subdirname", "Sub [2]"}};
+    const Settings group{{"report/groupdir", true}, {"report/groupdirname", "Group [3]"}};
+    const Settings named{{"report/groupdir", true},
+                         {"report/groupdirasfilename", true},
+                         {"report/subdir", true},
+                         {"report/subdirasfilename", true},
+                         {"report/subdirasfilenameincludeoption", true}};
+    QTest::newRow("round") << 16 << 1 << none << "Shot (1)_S0001.x"
+                           << "Shot (1)_S0002";
+    QTest::newRow("square") << 16 << 1 << none << "Shot [1]_S0001.x"
+                            << "Shot (1)_S0001";
+    QTest::newRow("variant 0, round") << 16 << 0 << none << "Shot (1)_S0001.x"
+                                      << "Shot [1]_S0001";
+    QTest::newRow("variant 0, square") << 16 << 0 << none << "Shot [1]_S0001.x"
+                                       << "Shot [1]_S0002";
+    QTest::newRow("preview, square") << 17 << 1 << none << "Shot [1]_S0001.x"
+                                     << "Shot [1]_S0002";
+    QTest::newRow("sub directory, round") << 16 << 1 << sub << "Sub (2)/Shot (1)_S0001.x"
+                                          << "Sub (2)/Shot (1)_S0002";
+    QTest::newRow("sub directory, square") << 16 << 1 << sub << "Sub [2]/Shot (1)_S0001.x"
+                                           << "Sub (2)/Shot (1)_S0001";
+    QTest::newRow("own name of the group") << 16 << 1 << group << "Group [3]/Shot (1)_S0001.x"
+                                           << "Group [3]/Shot (1)_S0002";
+    QTest::newRow("directories of the file's name")
+        << 16 << 1 << named << "Shot (1)/Shot (1)_S0001/Shot (1)_S0001.x"
+        << "Shot (1)/Shot (1)_S0002/Shot (1)_S0002";
+}
+
+// The plan is left alone by reports but heeded.
+void TestPathTargets::numberOfAReportIsFreeAsWritten()
+{
+    QFETCH(int, mode);
+    QFETCH(int, variant);
+    QFETCH(Settings, settings);
+    QFETCH(QString, file);
+    set("report/filename", "Shot [1]");
+    set(settings);
+    m_camera->addition = numbered("");
+    touch(file);
+    Maps maps;
+    composeAll(mode, maps, false, variant);
+    QTEST(inBase(maps.paths.value(1)), "path");
+
+    QVERIFY(QFile::remove(base() + file));
+    m_host->savePlan() = SavePlan();
+    m_host->savePlan().addFile(base() + file.chopped(2));
+    composeAll(mode, maps, false, variant);
+    QTEST(inBase(maps.paths.value(1)), "path");
 }
 
 void TestPathTargets::alternativeDirectoryTakesOver_data()
