@@ -68,6 +68,9 @@ private slots:
     void tellsWhatIsEmpty_data();
     void tellsWhatIsEmpty();
     void tellsAFailure();
+    void tellsItemsThatCouldNotBeRead_data();
+    void tellsItemsThatCouldNotBeRead();
+    void writesNothingWhileItemsAreNotRead();
     void showsWhatTheDocumentsHoldBehindAFailure();
     void tellsTheUserLog();
     void keepsManyItemsAtHand();
@@ -939,6 +942,66 @@ void TestCustomInfoPage::tellsAFailure()
     emit shown.dialog->mediator()->update();
     QCOMPARE(shown.selection(), QString("2"));
     QCOMPARE(shown.items().size(), 2);
+}
+
+void TestCustomInfoPage::tellsItemsThatCouldNotBeRead_data()
+{
+    QTest::addColumn<bool>("isWithOthers");
+    QTest::addColumn<int>("failed");
+    QTest::newRow("the only document") << false << 1;
+    QTest::newRow("first of three") << true << 1;
+    QTest::newRow("last of three") << true << 3;
+}
+
+// Items that are not known are not none.
+void TestCustomInfoPage::tellsItemsThatCouldNotBeRead()
+{
+    QFETCH(bool, isWithOthers);
+    QFETCH(int, failed);
+    const QStringList inputs = {"#search", "#newName", "#newValue", "#newUnit",
+                                "#add",    "#load",    "#save"};
+    Shown shown;
+    QVERIFY(shown.open());
+    QVERIFY(!isWithOthers || shown.selectAll());
+    const QString selection = shown.selection();
+    const QStringList items = shown.items();
+    shown.host.failOn("customInfoList", failed);
+    emit shown.dialog->mediator()->update();
+    QCOMPARE(text(shown.view(), "#state"), QString("The documents could not be read."));
+    QVERIFY(read(shown.view(), "document.getElementById('state').classList.contains('error')")
+                .toBool());
+    QCOMPARE(shown.items(), QStringList());
+    for (const QString &input : inputs)
+        QVERIFY2(!isEnabled(shown.view(), input), qPrintable(input));
+    QCOMPARE(shown.host.handledErrors(), QStringList("customInfoList failed"));
+    shown.host.clearJournal();
+    emit shown.dialog->mediator()->update();
+    QVERIFY(!isShown(shown.view(), "#state"));
+    QCOMPARE(shown.selection(), selection);
+    QCOMPARE(shown.items(), items);
+    for (const QString &input : inputs)
+        QVERIFY2(isEnabled(shown.view(), input), qPrintable(input));
+    QCOMPARE(shown.host.commands(), QStringList());
+}
+
+void TestCustomInfoPage::writesNothingWhileItemsAreNotRead()
+{
+    Shown shown;
+    QVERIFY(shown.open());
+    QVERIFY(shown.selectAll());
+    QVERIFY(click(shown.view(), "#newName"));
+    QVERIFY(type(shown.view(), "Speed")); // there is one, which cannot be seen now
+    shown.host.failOn("customInfoList", 2);
+    emit shown.dialog->mediator()->update();
+    shown.host.clearJournal();
+    QVERIFY(press(shown.view(), Qt::Key_Return));
+    QVERIFY(click(shown.view(), "#ok"));
+    QVERIFY(shown.dialog->isVisible());
+    QCOMPARE(shown.host.commands(), QStringList());
+    emit shown.dialog->mediator()->update();
+    QVERIFY(click(shown.view(), "#add"));
+    QCOMPARE(text(shown.view(), "#addReason"), QString("There is an item of this name already."));
+    QCOMPARE(shown.host.commands(), QStringList());
 }
 
 void TestCustomInfoPage::showsWhatTheDocumentsHoldBehindAFailure()

@@ -10,7 +10,8 @@ Page.start('CustomInfoDialog', function () {
     var items = [];
     var shown = [];       // of the items, those that match the search
     var currentItem = null;
-    var isRead = true;
+    var isListed = true;
+    var isRead = true;    // and so are the items of those that are selected
     var isFirst = true;
 
     var list = Page.list(Page.get('documents'), pickDocument);
@@ -64,18 +65,19 @@ Page.start('CustomInfoDialog', function () {
             }).map(function (each) { return each.key; });
             anchor = selected[0] || '';
         }
-        isFirst = isFirst && info === null;
+        isListed = info !== null;
+        isFirst = isFirst && !isListed;
         selected = selectedDocuments().map(function (each) { return each.key; });
-        return info !== null;
     }
 
     function readItems() {
         bridge.setSelectedDeviceItems(selectedDocuments().map(function (each) { return each.id; }));
         var chosen = selectedDocuments();
         chosen.forEach(function (each) {
-            each.records = parsed(bridge.getCustomInfo(each.key), []);
+            each.records = parsed(bridge.getCustomInfo(each.key), null);
         });
-        items = CustomItems.merge(chosen, currentDocument());
+        isRead = isListed && chosen.every(function (each) { return each.records !== null; });
+        items = isRead ? CustomItems.merge(chosen, currentDocument()) : [];
     }
 
     function documentRow(each) {
@@ -118,9 +120,9 @@ Page.start('CustomInfoDialog', function () {
             items.length === 0 ? 'There are no items. Add one below, or load a file.' :
             shown.length === 0 ? 'No item matches the search.' : ''));
         ['search', 'newName', 'newValue', 'newUnit', 'add', 'load'].forEach(function (id) {
-            Page.get(id).disabled = selected.length === 0;
+            Page.get(id).disabled = !isRead || selected.length === 0;
         });
-        Page.get('save').disabled = currentDocument() === null;
+        Page.get('save').disabled = !isRead || currentDocument() === null;
         Page.get('head').style.paddingRight =
             Page.get('items').offsetWidth - Page.get('items').clientWidth + 'px';
     }
@@ -138,7 +140,7 @@ Page.start('CustomInfoDialog', function () {
     function draw() {
         Page.get('flag').textContent = Page.translate(
             bridge.getCallbackType() === DisplayView ? 'Display' : 'File name');
-        isRead = readDocuments();
+        readDocuments();
         var rows = JSON.stringify(documents.map(function (each) { return [each.id, each.name]; }));
         if (rows !== drawn)
             list.fill(documents.map(documentRow));
@@ -235,6 +237,8 @@ Page.start('CustomInfoDialog', function () {
 
     // Whether the new item could be added.
     function add() {
+        if (!isRead)
+            return false; // the name may be taken
         var name = Page.get('newName');
         var reason = CustomItems.reasonAgainst(name.value, items, null);
         tellAddReason(reason);
