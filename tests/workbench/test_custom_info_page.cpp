@@ -54,6 +54,8 @@ private slots:
     void addsWhatStandsThereOnOk();
     void deletesFromThoseThatHaveIt();
     void searches();
+    void keepsRowsInPlaceWhileASearchHolds_data();
+    void keepsRowsInPlaceWhileASearchHolds();
     void asksBeforeItemsAreReplaced();
     void loadsIntoEmptyDocumentsAtOnce();
     void savesTheCurrentDocument();
@@ -695,6 +697,58 @@ void TestCustomInfoPage::searches()
     QCOMPARE(shown.items().size(), 4);
     QVERIFY(!isShown(shown.view(), "#state"));
     QCOMPARE(shown.host.commands(), QStringList());
+}
+
+void TestCustomInfoPage::keepsRowsInPlaceWhileASearchHolds_data()
+{
+    QTest::addColumn<QString>("search");
+    QTest::addColumn<QString>("cell");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<QString>("first");
+    QTest::newRow("name") << "s"
+                          << "#nameCell0"
+                          << "Way"
+                          << "Way=1km/h D F";
+    QTest::newRow("value") << "1"
+                           << "#valueCell0"
+                           << "7"
+                           << "Speed=7km/h D F";
+    QTest::newRow("unit") << "m"
+                          << "#unitCell0"
+                          << "kn"
+                          << "Speed=1kn D F";
+}
+
+// What the mouse presses is what it clicks, also where the press takes what was written.
+void TestCustomInfoPage::keepsRowsInPlaceWhileASearchHolds()
+{
+    QFETCH(QString, search);
+    QFETCH(QString, cell);
+    QFETCH(QString, written);
+    QFETCH(QString, first);
+    Shown shown;
+    shown.list(2) = {stored("Speed", "1", "km/h", "on", "on"), stored("Angle", "3", "", "", ""),
+                     stored("Distance", "100", "mm", "on", "on"),
+                     stored("Mass", "12", "t", "on", "on")};
+    QVERIFY(shown.open());
+    QVERIFY(click(shown.view(), "#search"));
+    QVERIFY(type(shown.view(), search));
+    QCOMPARE(shown.items().size(), 3);
+    QVERIFY(click(shown.view(), cell));
+    QVERIFY(type(shown.view(), written));
+    QVERIFY(click(shown.view(), "#tick1"));
+    QCOMPARE(shown.records(2), first + ", Angle=3, Distance=100mm F, Mass=12t D F");
+    QVERIFY(click(shown.view(), "#valueCell1"));
+    QVERIFY(type(shown.view(), "200"));
+    QVERIFY(click(shown.view(), "#tick2"));
+    QCOMPARE(shown.records(2), first + ", Angle=3, Distance=200mm F, Mass=12t F");
+    QCOMPARE(shown.items().size(), 3);
+    // Another search shows what matches it.
+    QVERIFY(click(shown.view(), "#search"));
+    QVERIFY(press(shown.view(), Qt::Key_Backspace));
+    QCOMPARE(shown.items().size(), 4);
+    QVERIFY(type(shown.view(), "mass"));
+    QCOMPARE(shown.items(), QStringList("[ ] Mass|12|t"));
 }
 
 void TestCustomInfoPage::asksBeforeItemsAreReplaced()

@@ -9,6 +9,7 @@ Page.start('CustomInfoDialog', function () {
     var anchor = '';      // key of the row from which Shift selects
     var items = [];
     var shown = [];       // of the items, those that match the search
+    var held = new Set(); // names that were written since, and are shown where they do not match
     var currentItem = null;
     var isListed = true;
     var isRead = true;    // and so are the items of those that are selected
@@ -130,7 +131,7 @@ Page.start('CustomInfoDialog', function () {
     function show() {
         var text = Page.get('search').value.trim().toLowerCase();
         shown = text === '' ? items : items.filter(function (item) {
-            return cells.isEditing(item) || CustomItems.matches(item, text);
+            return cells.isEditing(item) || held.has(item.name) || CustomItems.matches(item, text);
         });
         cells.show(shown);
         showState();
@@ -206,6 +207,8 @@ Page.start('CustomInfoDialog', function () {
     // Items. What is shown behind an operation is what the documents hold then.
 
     function write(item, field, text) {
+        // The press that took the text is still a click in the row where it began.
+        held.add(field === 'name' ? text : item.name);
         var change = CustomItems.write(item, field, text);
         change.edits.forEach(function (edit) { bridge.editCustomData(edit.targets, edit.told); });
         change.additions.forEach(function (addition) {
@@ -290,7 +293,10 @@ Page.start('CustomInfoDialog', function () {
     });
 
     Page.get('search').placeholder = Page.translate('Search');
-    Page.listen(Page.get('search'), 'input', show);
+    Page.listen(Page.get('search'), 'input', function () {
+        held.clear();
+        show();
+    });
     Page.listen(Page.get('search'), 'keydown', function (event) {
         if (event.keyCode === 27) {
             Page.get('search').value = '';
