@@ -56,6 +56,8 @@ private slots:
     void searches();
     void keepsRowsInPlaceWhileASearchHolds_data();
     void keepsRowsInPlaceWhileASearchHolds();
+    void staysAtTheOnlyMatchByKeys_data();
+    void staysAtTheOnlyMatchByKeys();
     void asksBeforeItemsAreReplaced();
     void loadsIntoEmptyDocumentsAtOnce();
     void savesTheCurrentDocument();
@@ -66,6 +68,8 @@ private slots:
     void textsStayAsTheyAre();
     void writesLines();
     void followsDocumentsThatGo();
+    void leavesAnEditorWhoseDocumentHasGone_data();
+    void leavesAnEditorWhoseDocumentHasGone();
     void keepsAnEditorThroughARefresh();
     void tellsWhatIsEmpty_data();
     void tellsWhatIsEmpty();
@@ -751,6 +755,30 @@ void TestCustomInfoPage::keepsRowsInPlaceWhileASearchHolds()
     QCOMPARE(shown.items(), QStringList("[ ] Mass|12|t"));
 }
 
+void TestCustomInfoPage::staysAtTheOnlyMatchByKeys_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("focused");
+    QTest::newRow("Enter") << int(Qt::Key_Return) << "valueCell0";
+    QTest::newRow("Tab") << int(Qt::Key_Tab) << "editor";
+}
+
+void TestCustomInfoPage::staysAtTheOnlyMatchByKeys()
+{
+    QFETCH(int, key);
+    QFETCH(QString, focused);
+    Shown shown;
+    QVERIFY(shown.open());
+    QVERIFY(click(shown.view(), "#search"));
+    QVERIFY(type(shown.view(), "10"));
+    QCOMPARE(shown.items(), QStringList("[ ] TestNo|10|"));
+    QVERIFY(click(shown.view(), "#valueCell0"));
+    QVERIFY(type(shown.view(), "7"));
+    QVERIFY(press(shown.view(), key));
+    QCOMPARE(shown.focused(), focused);
+    QCOMPARE(shown.records(2), QString("TestNo=7 F, Speed=2km/h D"));
+}
+
 void TestCustomInfoPage::asksBeforeItemsAreReplaced()
 {
     QTemporaryDir folder;
@@ -943,6 +971,36 @@ void TestCustomInfoPage::followsDocumentsThatGo()
     QVERIFY(text(shown.view(), "#state").startsWith("No document is selected"));
     QVERIFY(click(shown.view(), "#ok"));
     QVERIFY(!shown.dialog->isVisible());
+}
+
+void TestCustomInfoPage::leavesAnEditorWhoseDocumentHasGone_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::newRow("Enter") << int(Qt::Key_Return) << int(Qt::NoModifier);
+    QTest::newRow("Tab") << int(Qt::Key_Tab) << int(Qt::NoModifier);
+    QTest::newRow("Shift+Tab") << int(Qt::Key_Backtab) << int(Qt::ShiftModifier);
+}
+
+// A script error would be in the log, which fails the test.
+void TestCustomInfoPage::leavesAnEditorWhoseDocumentHasGone()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    Shown shown;
+    const QString before = shown.records(1);
+    QVERIFY(shown.open());
+    QVERIFY(click(shown.view(), "#valueCell0"));
+    QVERIFY(type(shown.view(), "12"));
+    shown.host.closeDocument(2);
+    QVERIFY(press(shown.view(), key, Qt::KeyboardModifiers(modifiers)));
+    QVERIFY(!isShown(shown.view(), "#editor"));
+    QCOMPARE(shown.items(), QStringList());
+    QVERIFY(text(shown.view(), "#state").startsWith("Select the documents"));
+    QCOMPARE(shown.records(1), before);
+    QCOMPARE(shown.host.handledErrors(), QStringList());
+    QVERIFY(click(shown.view(), "#document1"));
+    QCOMPARE(shown.items().size(), 3);
 }
 
 void TestCustomInfoPage::keepsAnEditorThroughARefresh()

@@ -147,7 +147,11 @@ var CustomCells = function (body, handlers) {
             body.scrollTop = top + Height - body.clientHeight;
     }
 
+    // Goes to this place, or to the last one before it.
     function goTo(place, column) {
+        if (items.length === 0)
+            return; // what was written took them away
+        place = Math.min(place, items.length - 1);
         scrollTo(place);
         setStop(place, column);
         layOut(false);
@@ -268,11 +272,11 @@ var CustomCells = function (body, handlers) {
             goTo(place, column);
         } else if (event.keyCode === 13 && !event.shiftKey && !event.ctrlKey) {
             if (commit())
-                goTo(Math.min(place, items.length - 1), column);
+                goTo(place, column);
         } else if (event.keyCode === 9) {
             if (commit()) {
                 var next = nextCell(place, column, event.shiftKey ? -1 : 1);
-                goTo(Math.min(place, items.length - 1), column);
+                goTo(place, column);
                 if (!next)
                     return; // on to what stands beside the table
                 edit(next.place, next.column);
@@ -376,10 +380,7 @@ var CustomCells = function (body, handlers) {
                 elementOf(stop.place, stop.column).focus();
         },
         // Goes to the row of this place, or to the last one before it.
-        goToPlace: function (place) {
-            if (items.length > 0)
-                goTo(Math.min(place, items.length - 1), stop.column);
-        },
+        goToPlace: function (place) { goTo(place, stop.column); },
         // The item that is being written is shown whatever the search says.
         isEditing: function (item) {
             return editing !== null && items[editing.place] === item;
