@@ -8,6 +8,7 @@
 #include "standin/documents/StandInCamera.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
+#include "workbench/pages/PageCatalogue.h"
 #include "workbench/pages/PageDialogs.h"
 #include "workbench/pages/PageEntry.h"
 #include "workbench/tour/PageHand.h"
@@ -86,6 +87,7 @@ private slots:
     void takesTheStyle_data();
     void takesTheStyle();
     void takesTheStyleToAnOwnPage();
+    void followsDocumentsThatComeAndGo();
     void choosesTheStyle();
     void choosesTheUnitSystem();
     void switchesSettings_data();
@@ -179,6 +181,25 @@ void TestPageDialogs::takesTheStyleToAnOwnPage()
     look.start(5);
     dialogs.open(page, commands);
     QCOMPARE(styles, QStringList({"light", "dark", "light"}));
+}
+
+void TestPageDialogs::followsDocumentsThatComeAndGo()
+{
+    StandInHost host;
+    for (int i = 1; i <= 3; ++i)
+        host.select(host.addCamera()->key(), true);
+    PageDialogs dialogs(host);
+    JS_Mediator_Page commands(&host, "x");
+    QVERIFY(visit([&] { dialogs.open(PageCatalogue::page("custominfo"), commands); },
+                  [&](GUI_WebViewDialog &, GUI_WebView *view) {
+                      QCOMPARE(count(view, ".document"), 3);
+                      host.closeDocument(2);
+                      QTRY_COMPARE(count(view, ".document"), 2);
+                      host.closeDocument(3);
+                      QTRY_COMPARE(count(view, ".document"), 1);
+                      host.select(host.addCamera()->key(), true);
+                      QTRY_COMPARE(count(view, ".document"), 2);
+                  }));
 }
 
 void TestPageDialogs::choosesTheStyle()

@@ -120,14 +120,14 @@ int PageDialogs::run(const PageEntry &page)
     auto *shown = dynamic_cast<GUI_WebViewDialog *>(dialog.get());
     if (JS_Mediator *mediator = shown ? shown->mediator() : nullptr) {
         // Behind the slot that caused the refresh, as the panels.
-        QObject::connect(
-            m_host.events(), &StandInEvents::updated, mediator,
-            [this, mediator] {
-                guarded(&m_host, [&] {
-                    PageSignal::send(mediator, [mediator] { emit mediator->update(); });
-                });
-            },
-            Qt::QueuedConnection);
+        const auto update = [this, mediator] {
+            guarded(&m_host,
+                    [&] { PageSignal::send(mediator, [mediator] { emit mediator->update(); }); });
+        };
+        QObject::connect(m_host.events(), &StandInEvents::updated, mediator, update,
+                         Qt::QueuedConnection);
+        QObject::connect(m_host.events(), &StandInEvents::documentsChanged, mediator, update,
+                         Qt::QueuedConnection);
     }
     const int result = dialog->exec();
     if (page.make) // what it leaves and what it takes back stands over the pictures
