@@ -71,6 +71,11 @@ private slots:
     void leavesAnEditorWhoseDocumentHasGone_data();
     void leavesAnEditorWhoseDocumentHasGone();
     void keepsAnEditorThroughARefresh();
+    void takesAnEditorAlongWithItsItem();
+    void takesARefusedNameAlongWithItsItem();
+    void keepsAnEditorWhateverTheSearchSays();
+    void leavesTheFocusBesideAnEditorThatMoves();
+    void givesUpAnEditorWhoseItemHasGone();
     void tellsWhatIsEmpty_data();
     void tellsWhatIsEmpty();
     void tellsAFailure();
@@ -1013,6 +1018,104 @@ void TestCustomInfoPage::keepsAnEditorThroughARefresh()
     QVERIFY(type(shown.view(), "34"));
     QVERIFY(press(shown.view(), Qt::Key_Return));
     QCOMPARE(shown.records(2), QString("TestNo=1234 F, Speed=2km/h D"));
+}
+
+void TestCustomInfoPage::takesAnEditorAlongWithItsItem()
+{
+    Shown shown;
+    QVERIFY(shown.open());
+    GUI_WebView *view = shown.view();
+    QVERIFY(click(view, "#valueCell0"));
+    QVERIFY(type(view, "12"));
+    QVERIFY(press(view, Qt::Key_Left));
+    shown.list(2).prepend(stored("Angle", "30", "", "", ""));
+    emit shown.dialog->mediator()->update();
+    QVERIFY(isShown(view, "#valueCell1 #editor"));
+    QCOMPARE(shown.items().at(0), QString("[ ] Angle|30|"));
+    QCOMPARE(shown.focused(), QString("editor"));
+    QVERIFY(type(view, "3"));
+    shown.list(2).removeFirst();
+    emit shown.dialog->mediator()->update();
+    QVERIFY(isShown(view, "#valueCell0 #editor"));
+    QCOMPARE(shown.items().at(1), QString("[x] Speed|2|km/h"));
+    QCOMPARE(shown.host.commands(), QStringList());
+    QVERIFY(press(view, Qt::Key_Return));
+    QCOMPARE(shown.records(2), QString("TestNo=132 F, Speed=2km/h D"));
+    QCOMPARE(shown.focused(), QString("valueCell0"));
+    // And nothing where nobody wrote.
+    QVERIFY(click(view, "#valueCell1"));
+    shown.list(2).prepend(stored("Angle", "30", "", "", ""));
+    shown.host.clearJournal();
+    emit shown.dialog->mediator()->update();
+    QVERIFY(press(view, Qt::Key_Return));
+    QCOMPARE(shown.focused(), QString("valueCell2"));
+    QCOMPARE(shown.host.commands(), QStringList());
+}
+
+void TestCustomInfoPage::takesARefusedNameAlongWithItsItem()
+{
+    Shown shown;
+    QVERIFY(shown.open());
+    GUI_WebView *view = shown.view();
+    QVERIFY(click(view, "#nameCell0"));
+    QVERIFY(type(view, "Speed"));
+    QVERIFY(press(view, Qt::Key_Return));
+    QVERIFY(isShown(view, "#reason"));
+    shown.list(2).prepend(stored("Angle", "30", "", "", ""));
+    emit shown.dialog->mediator()->update();
+    QVERIFY(isShown(view, "#nameCell1 #editor"));
+    QVERIFY(read(view, "var reason = document.getElementById('reason');"
+                       "var editor = document.getElementById('editor');"
+                       "Math.abs(reason.getBoundingClientRect().top -"
+                       "    editor.getBoundingClientRect().bottom) <= 2")
+                .toBool());
+    QVERIFY(type(view, "2"));
+    QVERIFY(press(view, Qt::Key_Return));
+    QCOMPARE(shown.records(2), QString("Angle=30, Speed2=10 F, Speed=2km/h D"));
+}
+
+void TestCustomInfoPage::keepsAnEditorWhateverTheSearchSays()
+{
+    Shown shown;
+    QVERIFY(shown.open());
+    QVERIFY(click(shown.view(), "#search"));
+    QVERIFY(type(shown.view(), "10"));
+    QVERIFY(click(shown.view(), "#unitCell0"));
+    QVERIFY(type(shown.view(), "p"));
+    shown.list(2)[0] = stored("TestNo", "99", "", "", "on");
+    emit shown.dialog->mediator()->update();
+    QVERIFY(type(shown.view(), "cs"));
+    QVERIFY(press(shown.view(), Qt::Key_Return));
+    QCOMPARE(shown.records(2), QString("TestNo=99pcs F, Speed=2km/h D"));
+}
+
+void TestCustomInfoPage::leavesTheFocusBesideAnEditorThatMoves()
+{
+    Shown shown;
+    QVERIFY(shown.open());
+    QVERIFY(click(shown.view(), "#nameCell0"));
+    QVERIFY(type(shown.view(), "Speed"));
+    QVERIFY(click(shown.view(), "#newValue")); // the name is refused
+    QVERIFY(isShown(shown.view(), "#nameCell0 #editor"));
+    QCOMPARE(shown.focused(), QString("newValue"));
+    shown.list(2).prepend(stored("Angle", "30", "", "", ""));
+    emit shown.dialog->mediator()->update();
+    QVERIFY(isShown(shown.view(), "#nameCell1 #editor"));
+    QCOMPARE(shown.focused(), QString("newValue"));
+}
+
+void TestCustomInfoPage::givesUpAnEditorWhoseItemHasGone()
+{
+    Shown shown;
+    QVERIFY(shown.open());
+    QVERIFY(click(shown.view(), "#valueCell0"));
+    QVERIFY(type(shown.view(), "12"));
+    shown.list(2).removeFirst();
+    emit shown.dialog->mediator()->update();
+    QVERIFY(!isShown(shown.view(), "#editor"));
+    QCOMPARE(shown.items(), QStringList("[x] Speed|2|km/h"));
+    QCOMPARE(shown.focused(), QString("valueCell0"));
+    QCOMPARE(shown.host.commands(), QStringList());
 }
 
 void TestCustomInfoPage::tellsWhatIsEmpty_data()

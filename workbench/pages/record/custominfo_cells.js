@@ -172,6 +172,38 @@ var CustomCells = function (body, handlers) {
         editing.editor.setAttribute('aria-describedby', 'reason');
     }
 
+    function openCell(cell, editor) {
+        cell.textContent = '';
+        cell.title = '';
+        cell.classList.remove('mixed');
+        cell.classList.add('editing');
+        cell.appendChild(editor);
+    }
+
+    // Takes the editor out of its row, for another place of its item. Gives what puts it in there,
+    // with its caret and the focus, once the rows are laid out.
+    function liftEditor(place) {
+        var editor = editing.editor;
+        var hadFocus = document.activeElement === editor;
+        var from = editor.selectionStart;
+        var to = editor.selectionEnd;
+        if (stop.place === editing.place)
+            setStop(place, stop.column);
+        editor.parentNode.classList.remove('editing');
+        editor.parentNode.removeChild(editor);
+        editing.place = place;
+        return function () {
+            openCell(rows.get(place).cells[Columns.indexOf(editing.field)], editor);
+            if (editing.reason)
+                editing.reason.style.top = (place + 1) * Height + 'px';
+            if (!hadFocus)
+                return;
+            scrollTo(place);
+            editor.focus();
+            editor.setSelectionRange(from, to);
+        };
+    }
+
     // Gives up what was written.
     function closeEditor() {
         var was = editing;
@@ -225,11 +257,7 @@ var CustomCells = function (body, handlers) {
             Page.translate({ name: 'Name', value: 'Value', unit: 'Unit' }[field]));
         editor.value = text || '';
         editor.placeholder = text === null ? Page.translate('mixed') : '';
-        cell.textContent = '';
-        cell.title = '';
-        cell.classList.remove('mixed');
-        cell.classList.add('editing');
-        cell.appendChild(editor);
+        openCell(cell, editor);
         editing = { place: place, field: field, editor: editor, before: editor.value,
             isMixed: text === null, isTouched: false, reason: null };
         Page.listen(editor, 'input', function () {
@@ -362,19 +390,25 @@ var CustomCells = function (body, handlers) {
 
     return {
         // Shows these items in place of those before. A cell keeps the focus, and an editor what is
-        // being written in it while its item stays in its place.
+        // being written in it as long as its item is there.
         show: function (shown) {
             var hadFocus = whereIs(document.activeElement) !== null;
+            var putEditor = null;
             if (editing) {
-                var item = shown[editing.place];
-                if (!item || item.name !== items[editing.place].name)
+                var name = items[editing.place].name;
+                var place = shown.findIndex(function (each) { return each.name === name; });
+                if (place < 0)
                     closeEditor();
+                else if (place !== editing.place)
+                    putEditor = liftEditor(place);
             }
             items = shown;
             space.style.height = items.length * Height + 'px';
             body.parentNode.setAttribute('aria-rowcount', items.length + 1);
             setStop(Math.max(0, Math.min(stop.place, items.length - 1)), stop.column);
             layOut(true);
+            if (putEditor)
+                putEditor();
             setCurrent(items.find(function (each) { return each.name === current; }) || null);
             if (hadFocus && !body.contains(document.activeElement) && items.length > 0)
                 elementOf(stop.place, stop.column).focus();
@@ -383,7 +417,7 @@ var CustomCells = function (body, handlers) {
         goToPlace: function (place) { goTo(place, stop.column); },
         // The item that is being written is shown whatever the search says.
         isEditing: function (item) {
-            return editing !== null && items[editing.place] === item;
+            return editing !== null && items[editing.place].name === item.name;
         },
         // Takes what is being written. Where it cannot be taken the editor stays, gets the focus,
         // and the answer is no.
