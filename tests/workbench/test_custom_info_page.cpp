@@ -53,6 +53,7 @@ private slots:
     void refusesNewNames();
     void addsWhatStandsThereOnOk();
     void deletesFromThoseThatHaveIt();
+    void deletesWhatWasRenamedJustNow();
     void searches();
     void keepsRowsInPlaceWhileASearchHolds_data();
     void keepsRowsInPlaceWhileASearchHolds();
@@ -689,6 +690,20 @@ void TestCustomInfoPage::deletesFromThoseThatHaveIt()
     QVERIFY(press(shown.view(), Qt::Key_Delete));
     QCOMPARE(shown.records(3), QString("Speed=3m/s F, TestNo=10 F"));
     QCOMPARE(shown.focused(), QString("valueCell1"));
+}
+
+void TestCustomInfoPage::deletesWhatWasRenamedJustNow()
+{
+    Shown shown;
+    QVERIFY(shown.open());
+    QVERIFY(click(shown.view(), "#nameCell0"));
+    QVERIFY(type(shown.view(), "Run"));
+    QVERIFY(click(shown.view(), "#delete"));
+    QCOMPARE(shown.host.commands(),
+             QStringList({"[2].renameCustomInfo(\"TestNo\", \"Run\")",
+                          "[2].setCustomInfo(\"Run\", \"10\", \"\", false, true)", Refresh,
+                          "[2].removeCustomInfo(\"Run\")", Refresh}));
+    QCOMPARE(shown.records(2), QString("Speed=2km/h D"));
 }
 
 void TestCustomInfoPage::searches()

@@ -230,8 +230,11 @@ var CustomCells = function (body, handlers) {
             return false;
         }
         closeEditor();
-        if (isWritten)
-            handlers.write(item, field, text);
+        if (!isWritten)
+            return true;
+        if (field === 'name' && current === item.name)
+            current = text; // it stays the current one
+        handlers.write(item, field, text);
         return true;
     }
 
