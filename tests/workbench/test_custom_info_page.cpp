@@ -60,6 +60,7 @@ private slots:
     void staysAtTheOnlyMatchByKeys_data();
     void staysAtTheOnlyMatchByKeys();
     void asksBeforeItemsAreReplaced();
+    void asksBeforeItemsOfOneAreReplaced();
     void loadsIntoEmptyDocumentsAtOnce();
     void savesTheCurrentDocument();
     void okKeepsTheEdits();
@@ -817,7 +818,9 @@ void TestCustomInfoPage::asksBeforeItemsAreReplaced()
     QVERIFY(shown.selectAll());
     QVERIFY(click(shown.view(), "#load"));
     QCOMPARE(text(shown.view(), "#questionText"),
-             QString("Loading a file replaces the items of 3 documents."));
+             QString("Loading a file replaces the items of 3 documents. A comment in the file "
+                     "replaces theirs for good."));
+    QCOMPARE(cutTexts(shown.view()), QStringList());
     QCOMPARE(shown.focused(), QString("yes"));
     QVERIFY(press(shown.view(), Qt::Key_Tab));
     QCOMPARE(shown.focused(), QString("no"));
@@ -835,6 +838,18 @@ void TestCustomInfoPage::asksBeforeItemsAreReplaced()
     for (int i = 1; i <= 3; ++i)
         QCOMPARE(shown.records(i), QString("TestNo=77 D F"));
     QCOMPARE(shown.items(), QStringList({"[x] TestNo|77|"}));
+}
+
+void TestCustomInfoPage::asksBeforeItemsOfOneAreReplaced()
+{
+    Shown shown;
+    QVERIFY(shown.open());
+    QVERIFY(click(shown.view(), "#load"));
+    QCOMPARE(text(shown.view(), "#questionText"),
+             QString("Loading a file replaces the items of the document. A comment in the file "
+                     "replaces its own for good."));
+    QVERIFY(click(shown.view(), "#no"));
+    QCOMPARE(shown.host.commands(), QStringList());
 }
 
 void TestCustomInfoPage::loadsIntoEmptyDocumentsAtOnce()

@@ -333,8 +333,10 @@ Page.start('CustomInfoDialog', function () {
             load();
         else
             ask(full.length === 1 ?
-                Page.translate('Loading a file replaces the items of the document.') :
-                Page.fill('Loading a file replaces the items of %1 documents.', full.length));
+                Page.translate('Loading a file replaces the items of the document. ' +
+                    'A comment in the file replaces its own for good.') :
+                Page.fill('Loading a file replaces the items of %1 documents. ' +
+                    'A comment in the file replaces theirs for good.', full.length));
     });
     Page.listen(Page.get('yes'), 'click', function () {
         closeQuestion();
