@@ -59,6 +59,7 @@ private slots:
     void keepsRowsInPlaceWhileASearchHolds();
     void staysAtTheOnlyMatchByKeys_data();
     void staysAtTheOnlyMatchByKeys();
+    void keepsRowsInPlaceWhereAnItemIsAdded();
     void asksBeforeItemsAreReplaced();
     void asksBeforeItemsOfOneAreReplaced();
     void loadsIntoEmptyDocumentsAtOnce();
@@ -800,6 +801,41 @@ void TestCustomInfoPage::staysAtTheOnlyMatchByKeys()
     QCOMPARE(shown.records(2), QString("TestNo=7 F, Speed=2km/h D"));
 }
 
+// The current document, which gives the order, gets the item behind its others.
+void TestCustomInfoPage::keepsRowsInPlaceWhereAnItemIsAdded()
+{
+    Shown shown;
+    QVERIFY(shown.open());
+    QVERIFY(click(shown.view(), "#document3"));
+    QVERIFY(shown.clickWith("#document2", Qt::ControlModifier));
+    QCOMPARE(shown.items(),
+             QStringList({"[ ] TestNo|10|", "[-] Speed|(mixed)|(mixed)",
+                          "[x] (Distance)|(mixed)|(mixed)", "[x] (Angle)|(mixed)|(mixed)"}));
+    QVERIFY(click(shown.view(), "#nameCell0"));
+    QVERIFY(type(shown.view(), "Run"));
+    QVERIFY(click(shown.view(), "#valueCell3"));
+    QVERIFY(type(shown.view(), "7"));
+    QVERIFY(click(shown.view(), "#tick2"));
+    QCOMPARE(shown.records(2), QString("Run=10 F, Speed=2km/h D, Angle=7deg D F"));
+    QCOMPARE(shown.records(3), QString("Speed=3m/s F, Run=10 F, Distance=100mm F, Angle=7deg D F"));
+    QCOMPARE(shown.items(), QStringList({"[ ] Run|10|", "[-] Speed|(mixed)|(mixed)",
+                                         "[ ] (Distance)|(mixed)|(mixed)", "[x] Angle|7|deg"}));
+    // One that is added again is a new one.
+    QVERIFY(click(shown.view(), "#valueCell0"));
+    QVERIFY(click(shown.view(), "#delete"));
+    QVERIFY(click(shown.view(), "#newName"));
+    QVERIFY(type(shown.view(), "Run"));
+    QVERIFY(press(shown.view(), Qt::Key_Return));
+    QCOMPARE(shown.items(),
+             QStringList({"[-] Speed|(mixed)|(mixed)", "[ ] (Distance)|(mixed)|(mixed)",
+                          "[x] Angle|7|deg", "[x] Run||"}));
+    QVERIFY(click(shown.view(), "#document2"));
+    QVERIFY(shown.clickWith("#document3", Qt::ControlModifier));
+    QCOMPARE(shown.items(),
+             QStringList({"[-] Speed|(mixed)|(mixed)", "[ ] (Distance)|(mixed)|(mixed)",
+                          "[x] Angle|7|deg", "[x] Run||"}));
+}
+
 void TestCustomInfoPage::asksBeforeItemsAreReplaced()
 {
     QTemporaryDir folder;
@@ -1074,11 +1110,11 @@ void TestCustomInfoPage::takesAnEditorAlongWithItsItem()
     QCOMPARE(shown.focused(), QString("valueCell0"));
     // And nothing where nobody wrote.
     QVERIFY(click(view, "#valueCell1"));
-    shown.list(2).prepend(stored("Angle", "30", "", "", ""));
+    shown.list(2).removeFirst();
     shown.host.clearJournal();
     emit shown.dialog->mediator()->update();
     QVERIFY(press(view, Qt::Key_Return));
-    QCOMPARE(shown.focused(), QString("valueCell2"));
+    QCOMPARE(shown.focused(), QString("valueCell0"));
     QCOMPARE(shown.host.commands(), QStringList());
 }
 

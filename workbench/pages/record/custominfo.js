@@ -10,6 +10,7 @@ Page.start('CustomInfoDialog', function () {
     var items = [];
     var shown = [];       // of the items, those that match the search
     var held = new Set(); // names that were written since, and are shown where they do not match
+    var order = [];       // names as they stood when one of them was written, which is kept
     var currentItem = null;
     var isListed = true;
     var isRead = true;    // and so are the items of those that are selected
@@ -78,7 +79,7 @@ Page.start('CustomInfoDialog', function () {
             each.records = parsed(bridge.getCustomInfo(each.key), null);
         });
         isRead = isListed && chosen.every(function (each) { return each.records !== null; });
-        items = isRead ? CustomItems.merge(chosen, currentDocument()) : [];
+        items = isRead ? CustomItems.merge(chosen, currentDocument(), order) : [];
     }
 
     function documentRow(each) {
@@ -157,6 +158,7 @@ Page.start('CustomInfoDialog', function () {
     function select(keys) {
         if (!cells.commit())
             return;
+        order = [];
         selected = keys;
         selected = selectedDocuments().map(function (each) { return each.key; });
         readItems();
@@ -208,7 +210,9 @@ Page.start('CustomInfoDialog', function () {
 
     function write(item, field, text) {
         // The press that took the text is still a click in the row where it began.
-        held.add(field === 'name' ? text : item.name);
+        var name = field === 'name' ? text : item.name;
+        held.add(name);
+        order = items.map(function (each) { return each === item ? name : each.name; });
         var change = CustomItems.write(item, field, text);
         change.edits.forEach(function (edit) { bridge.editCustomData(edit.targets, edit.told); });
         change.additions.forEach(function (addition) {
@@ -226,6 +230,7 @@ Page.start('CustomInfoDialog', function () {
 
     function remove(item) {
         var place = shown.indexOf(item);
+        order = order.filter(function (name) { return name !== item.name; });
         bridge.deleteCustomData(item.holders.map(function (holder) { return holder.key; }),
             [{ name: item.name }]);
         draw();
@@ -322,6 +327,7 @@ Page.start('CustomInfoDialog', function () {
 
     function load() {
         bridge.load(selected);
+        order = [];
         draw();
     }
 

@@ -45,20 +45,23 @@ var CustomItems = (function () {
     }
 
     return {
-        // The items of the documents, in the order of `first`, one of them, and then as they come:
+        // The items of the documents, in the order of `names`, a list of names that may be there,
+        // then in that of `first`, one of the documents, and then as they come:
         // { name, value, unit, selected, holders: [{ key, record }], missing: [key] }. What differs,
         // or is missing somewhere, is null; a tick counts where the item is.
-        merge: function (documents, first) {
+        merge: function (documents, first, names) {
             var byName = new Map();
-            function comeUp(document) {
-                document.records.forEach(function (record) {
-                    if (!byName.has(record.name))
-                        byName.set(record.name, { name: record.name, holders: [], missing: [] });
-                });
+            function comeUp(name) {
+                if (!byName.has(name))
+                    byName.set(name, { name: name, holders: [], missing: [] });
             }
+            function allComeUp(document) {
+                document.records.forEach(function (record) { comeUp(record.name); });
+            }
+            names.forEach(comeUp);
             if (first)
-                comeUp(first);
-            documents.forEach(comeUp);
+                allComeUp(first);
+            documents.forEach(allComeUp);
             documents.forEach(function (document) {
                 var own = new Map();
                 document.records.forEach(function (record) {
@@ -72,7 +75,9 @@ var CustomItems = (function () {
                         item.missing.push(document.key);
                 });
             });
-            return Array.from(byName.values()).map(described);
+            return Array.from(byName.values()).filter(function (item) {
+                return item.holders.length > 0;
+            }).map(described);
         },
 
         // A new text for one field: { edits, additions }, each a list of { targets, told }. A name
