@@ -80,6 +80,8 @@ bool choose(GUI_WebView *view, const QString &rows)
     return rows.at(1) == '-' || press(view, Qt::Key_Space, Qt::ControlModifier);
 }
 
+const char *const Nameless = "No name, or no longer open";
+const char *const StillOpen = "Only what is still open is stored.";
 const char *const Differ = "The comments differ. What is written here replaces all of them.";
 
 }
@@ -106,6 +108,7 @@ private slots:
     void textsPassUnchanged();
     void markupInNamesRunsNothing();
     void marksDocumentsThatVanish();
+    void storesTheCommentOfADocumentWithoutAName();
     void goesOnWhenAllDocumentsVanish();
     void tellsThatNothingIsSelected();
     void tellsWhatCouldNotBeRead();
@@ -347,11 +350,11 @@ void TestCommentPage::marksDocumentsThatVanish()
         QVERIFY(click(view, "#comment"));
         QVERIFY(type(view, "new"));
         visit.host.closeDocument(visit.keys.at(1));
-        QTRY_COMPARE(shownRows(view, "li.gone"), QString("No longer open"));
-        QCOMPARE(shownRows(view, "li"), QString("Camera 1,No longer open,Camera 3"));
-        QCOMPARE(chosenRows(view), QString("No longer open,Camera 3"));
+        QTRY_COMPARE(shownRows(view, "li.nameless"), QString(Nameless));
+        QCOMPARE(shownRows(view, "li"), QString("Camera 1,%1,Camera 3").arg(Nameless));
+        QCOMPARE(chosenRows(view), QString("%1,Camera 3").arg(Nameless));
         QCOMPARE(editor(view), QString("new")); // not lost
-        QCOMPARE(text(view, "#note"), QString("What is no longer open is not stored."));
+        QCOMPARE(text(view, "#note"), QString(StillOpen));
         QVERIFY(type(view, "er")); // and the focus stays
         QVERIFY(click(view, "#ok"));
         QVERIFY(!dialog.isVisible());
@@ -360,16 +363,34 @@ void TestCommentPage::marksDocumentsThatVanish()
     QCOMPARE(visit.host.handledErrors(), QStringList());
 }
 
+// The page cannot tell it from one that has gone, and says so.
+void TestCommentPage::storesTheCommentOfADocumentWithoutAName()
+{
+    CommentVisit visit({"one", "two"});
+    visit.host.camera(visit.keys.at(1))->state().documentName.clear();
+    QVERIFY(visit.open([&](QDialog &, GUI_WebView *view) {
+        QCOMPARE(shownRows(view, "li"), QString("Camera 1,%1").arg(Nameless));
+        QVERIFY(read(view, "Page.get('row-2').scrollWidth <= Page.get('row-2').clientWidth")
+                    .toBool()); // not cut
+        QVERIFY(choose(view, "2"));
+        QCOMPARE(editor(view), QString("two"));
+        QCOMPARE(text(view, "#note"), QString(StillOpen));
+        QVERIFY(typeInto(view, "comment", "new"));
+        QVERIFY(click(view, "#ok"));
+    }));
+    QCOMPARE(visit.comments(), QStringList({"one", "new"}));
+}
+
 void TestCommentPage::goesOnWhenAllDocumentsVanish()
 {
     CommentVisit visit({"one", "two"});
     QVERIFY(visit.open([&](QDialog &dialog, GUI_WebView *view) {
         for (const DOCKEY key : qAsConst(visit.keys))
             visit.host.closeDocument(key);
-        QTRY_COMPARE(count(view, "#documents li.gone"), 2);
+        QTRY_COMPARE(count(view, "#documents li.nameless"), 2);
         visit.host.addCamera(); // none of the list
         QTest::qWait(50);
-        QCOMPARE(count(view, "#documents li.gone"), 2);
+        QCOMPARE(count(view, "#documents li.nameless"), 2);
         QVERIFY(choose(view, "1-2"));
         QVERIFY(typeInto(view, "comment", "new"));
         QVERIFY(click(view, "#ok"));
@@ -402,7 +423,7 @@ void TestCommentPage::tellsWhatCouldNotBeRead()
                  QStringList("[USER][ERROR] \"The documents could not be read.\""));
         QVERIFY(!isEnabled(view, "#comment"));
         visit.host.closeDocument(visit.keys.at(1)); // tells it of documents again
-        QTRY_COMPARE(shownRows(view, "li"), QString("Camera 1,No longer open"));
+        QTRY_COMPARE(shownRows(view, "li"), QString("Camera 1,%1").arg(Nameless));
         QVERIFY(!isShown(view, "#state"));
         QCOMPARE(editor(view), QString("one"));
     }));

@@ -36,15 +36,16 @@ Page.start('comment_mediator', function () {
             Page.translate('The comments differ. What is written here replaces all of them.') : '';
         var note = mixed ? Page.fill('%1 documents, mixed comments', rows.length) :
             rows.length > 1 ? Page.fill('One comment for %1 documents', rows.length) : '';
-        if (rows.some(function (row) { return row.classList.contains('gone'); }))
-            note = Page.translate('What is no longer open is not stored.');
+        if (rows.some(function (row) { return row.classList.contains('nameless'); }))
+            note = Page.translate('Only what is still open is stored.');
         Page.get('note').textContent = note;
     }
 
+    // A document that has gone is told without a name, as is one that has none.
     function makeRow(record, isChosen) {
-        var gone = record.name === '';
-        var row = Page.make('li', gone ? 'gone' : '',
-            gone ? Page.translate('No longer open') : record.name);
+        var nameless = record.name === '';
+        var row = Page.make('li', nameless ? 'nameless' : '',
+            nameless ? Page.translate('No name, or no longer open') : record.name);
         row.id = 'row-' + record.recid;
         row.dataset.number = record.recid;
         row.title = row.textContent;
