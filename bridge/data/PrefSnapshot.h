@@ -15,8 +15,8 @@ public:
     /// How the host is asked for a setting, and given it back; plain: as it is stored.
     enum class Type { Int, Bool, Plain };
 
-    /// Reads a setting now. A failure goes to the host's
-    /// errorHandler(), and the setting stays out of the snapshot: what is not known is not written.
+    /// Reads a setting now. A failure goes to the host's errorHandler(), and the setting stays out
+    /// of the snapshot: what is not known is not written.
     void read(HostServices *host, const QString &key, Type type);
 
     /// Writes the settings back, in the order in which they were read. A failure of the host passes
