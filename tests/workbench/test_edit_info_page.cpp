@@ -312,7 +312,19 @@ void TestEditInfoPage::tellsThatNothingIsListed()
     Editor editor(*m_host);
     QVERIFY(editor.open());
     QCOMPARE(text(editor.view(), "#state"),
-             QString("Nothing is listed. Reset brings back all items."));
+             QString("Nothing is listed, or the list could not be read. Open this window again, "
+                     "or reset all items."));
+
+    Editor saved(*m_host, 1);
+    QVERIFY(saved.open());
+    LogCapture log;
+    m_host->failOn("getPref");
+    QVERIFY(click(saved.view(), "#group-1"));
+    QCOMPARE(m_host->handledErrors(), QStringList("getPref failed"));
+    QVERIFY(saved.rows().isEmpty());
+    QCOMPARE(text(saved.view(), "#state"),
+             QString("Nothing is listed, or the list could not be read. Open this window again, "
+                     "or reset all items."));
 }
 
 void TestEditInfoPage::tellsAChangeBehindItsDocument_data()

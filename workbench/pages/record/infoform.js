@@ -39,7 +39,8 @@ var InfoForm = function (options) {
         },
         withoutItems: function () {
             return Page.translate(hasDocument() ?
-                'Nothing is listed. Reset brings back all items.' : hadRows ?
+                'Nothing is listed, or the list could not be read. Open this window again, or ' +
+                    'reset all items.' : hadRows ?
                 'What this list belongs to is no longer open.' :
                 'Open a camera or a recording: its information is listed here.');
         },
