@@ -178,6 +178,9 @@ private slots:
     void changesTheFont();
     void refusesWrongValues_data();
     void refusesWrongValues();
+    void staysWithAWrongValue();
+    void forgetsAWrongValueThatHasNoEffect_data();
+    void forgetsAWrongValueThatHasNoEffect();
     void keepsTheFontWithOk();
     void takesTheFontBackWithCancel();
     void takesAllFontsBack();
@@ -848,6 +851,75 @@ void TestEditInfoPage::refusesWrongValues()
     QVERIFY(click(editor.view(), "#bold"));
     QCOMPARE(stored(*m_host, Keys::info.bold), QString("true"));
     QVERIFY(isShown(editor.view(), "#fontState"));
+}
+
+void TestEditInfoPage::staysWithAWrongValue()
+{
+    m_host->settings().setValue(Keys::info.width, "200");
+    Editor editor(*m_host);
+    QVERIFY(editor.open());
+    QVERIFY(click(editor.view(), "#font"));
+    QVERIFY(typeInto(editor.view(), "width", "30x"));
+    QVERIFY(click(editor.view(), "#bold"));
+    QVERIFY(click(editor.view(), "#fontOk"));
+    QVERIFY(isShown(editor.view(), "#fontPanel") && !isShown(editor.view(), "#list"));
+    QCOMPARE(text(editor.view(), "#fontState"),
+             QString("A length is a whole number from 0 to 9999."));
+    QCOMPARE(read(editor.view(), "document.activeElement.id").toString(), QString("width"));
+    QVERIFY(typeInto(editor.view(), "width", "300"));
+    QVERIFY(click(editor.view(), "#fontOk"));
+    QVERIFY(!isShown(editor.view(), "#fontPanel") && isShown(editor.view(), "#list"));
+    QCOMPARE(stored(*m_host, Keys::info.width), QString("300"));
+    // Cancel takes it back with all else.
+    QVERIFY(click(editor.view(), "#font"));
+    QVERIFY(typeInto(editor.view(), "width", "x"));
+    QVERIFY(click(editor.view(), "#fontCancel"));
+    QVERIFY(isShown(editor.view(), "#list"));
+    QVERIFY(click(editor.view(), "#font"));
+    QCOMPARE(shownIn(editor.view(), "width").toString(), QString("300"));
+    QCOMPARE(count(editor.view(), ".wrong"), 0);
+}
+
+void TestEditInfoPage::forgetsAWrongValueThatHasNoEffect_data()
+{
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<QString>("needs");
+    QTest::addColumn<QString>("kept");
+    QTest::newRow("background") << "background"
+                                << "useBackground"
+                                << "#102030";
+    QTest::newRow("column spacing") << "columnSpacing"
+                                    << "toColumn"
+                                    << "17";
+}
+
+void TestEditInfoPage::forgetsAWrongValueThatHasNoEffect()
+{
+    QFETCH(QString, id);
+    QFETCH(QString, needs);
+    QFETCH(QString, kept);
+    m_host->settings().setValue(Keys::saveInfo.useBackgroundColor + "2", true);
+    m_host->settings().setValue(Keys::saveInfo.backgroundColor + "2", "#102030");
+    m_host->settings().setValue(Keys::saveInfo.toColumn + "2", true);
+    m_host->settings().setValue(Keys::saveInfo.columnSpacing + "2", 17);
+    Editor editor(*m_host, 1);
+    QVERIFY(editor.open());
+    QVERIFY(click(editor.view(), "#group-2"));
+    QVERIFY(click(editor.view(), "#font"));
+    QVERIFY(typeInto(editor.view(), id, "x"));
+    QVERIFY(isShown(editor.view(), "#fontState"));
+    QVERIFY(click(editor.view(), '#' + needs));
+    QVERIFY(!isShown(editor.view(), "#fontState"));
+    QVERIFY(!isEnabled(editor.view(), '#' + id));
+    QCOMPARE(count(editor.view(), ".wrong"), 0);
+    QCOMPARE(shownIn(editor.view(), id).toString(), kept);
+    // A wrong value elsewhere stays told.
+    QVERIFY(typeInto(editor.view(), "width", "x"));
+    QVERIFY(click(editor.view(), '#' + needs));
+    QVERIFY(isShown(editor.view(), "#fontState"));
+    QVERIFY(typeInto(editor.view(), "width", "100"));
+    QVERIFY(click(editor.view(), "#fontOk"));
+    QVERIFY(isShown(editor.view(), "#list"));
 }
 
 void TestEditInfoPage::keepsTheFontWithOk()

@@ -162,10 +162,15 @@ var InfoFont = function (options) {
         return control.value;
     }
 
-    function tellWrong() {
-        var wrong = fields.find(function (field) {
+    // The first one that says what cannot be stored.
+    function findWrong() {
+        return fields.find(function (field) {
             return Page.get(field.id).classList.contains('wrong');
         });
+    }
+
+    function tellWrong() {
+        var wrong = findWrong();
         Page.tell('fontState', 'error', !wrong ? '' : Page.translate(wrong.kind === 'colour' ?
             'A colour is written as #rrggbb, such as #ffcc00.' :
             'A length is a whole number from 0 to 9999.'));
@@ -177,6 +182,10 @@ var InfoFont = function (options) {
         fields.forEach(function (field) {
             var control = Page.get(field.id);
             control.disabled = field.needs !== undefined && !Page.get(field.needs).checked;
+            if (control.disabled && control.classList.contains('wrong')) {
+                control.value = String(read(field)); // nobody could mend it
+                control.classList.remove('wrong');
+            }
             if (field.kind !== 'colour')
                 return;
             swatchesOf(field.id).forEach(function (swatch) {
@@ -211,14 +220,15 @@ var InfoFont = function (options) {
     function store(field) {
         var value = valueOf(field);
         Page.get(field.id).classList[value === undefined ? 'add' : 'remove']('wrong');
-        var isWrong = tellWrong();
-        if (value === undefined)
+        if (value === undefined) {
+            tellWrong();
             return;
+        }
         read(field); // the setters take the group that was read last
         editInfo['set' + field.property](value, true);
-        if (!isWrong)
-            Page.tellStored('fontState', read(field) === value);
         follow();
+        if (!tellWrong())
+            Page.tellStored('fontState', read(field) === value);
         options.changed();
     }
 
@@ -228,6 +238,11 @@ var InfoFont = function (options) {
     }
 
     function confirm() {
+        var wrong = findWrong();
+        if (wrong) {
+            Page.get(wrong.id).focus();
+            return;
+        }
         editInfo.getBold(group);
         editInfo.writeFontOK();
         close();
