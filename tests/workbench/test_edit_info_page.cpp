@@ -198,6 +198,8 @@ private slots:
     void previewsTheKindOfTheFile();
     void previewsTheFontWhileItIsSet();
     void writesIntoThePictureOrBesideIt();
+    void tellsThatThePlaceWasNotStored_data();
+    void tellsThatThePlaceWasNotStored();
 
     void setsEmptyLines();
     void asksBeforeAReset_data();
@@ -1249,6 +1251,32 @@ void TestEditInfoPage::writesIntoThePictureOrBesideIt()
     QTRY_COMPARE(callsOf(*m_host, "documentThumbnail("), before + 1);
     QVERIFY(click(editor.view(), "#cancel"));
     QCOMPARE(stored(*m_host, Keys::saveInfo.withinImage), QString("true"));
+}
+
+void TestEditInfoPage::tellsThatThePlaceWasNotStored_data()
+{
+    QTest::addColumn<bool>("isFontOpen");
+    QTest::newRow("beside the list") << false;
+    QTest::newRow("beside the font") << true;
+}
+
+void TestEditInfoPage::tellsThatThePlaceWasNotStored()
+{
+    QFETCH(bool, isFontOpen);
+    Editor editor(*m_host, 1);
+    QVERIFY(editor.open());
+    if (isFontOpen)
+        QVERIFY(click(editor.view(), "#font"));
+    LogCapture log;
+    m_host->failOn("setPref");
+    QVERIFY(click(editor.view(), "#withinImage"));
+    QVERIFY(isShown(editor.view(), "#choiceState"));
+    QCOMPARE(text(editor.view(), "#choiceState"), QString("The setting could not be stored."));
+    QVERIFY(shownIn(editor.view(), "withinImage", "checked").toBool()); // as it is stored
+    QVERIFY(read(editor.view(), "document.documentElement.scrollHeight <= innerHeight").toBool());
+    QVERIFY(click(editor.view(), "#withinImage"));
+    QVERIFY(!isShown(editor.view(), "#choiceState"));
+    QCOMPARE(stored(*m_host, Keys::saveInfo.withinImage), QString("false"));
 }
 
 void TestEditInfoPage::setsEmptyLines()

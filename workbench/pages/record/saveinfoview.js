@@ -80,7 +80,7 @@ Page.start('editInfo', function () {
         var wanted = this.checked;
         editInfo.setWithinImage(wanted, true);
         changed();
-        Page.tellStored('failure', editInfo.getWithinImage() === wanted);
+        Page.tellStored('choiceState', editInfo.getWithinImage() === wanted);
     });
 
     return function () {
