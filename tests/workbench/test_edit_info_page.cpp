@@ -1073,6 +1073,8 @@ void TestEditInfoPage::namesAMissingFont_data()
     QTest::addColumn<bool>("withSamples");
     QTest::addColumn<QString>("told");
     QTest::newRow("there") << "DejaVu Sans" << true << "";
+    QTest::newRow("there, in other letters") << "dejavu sans" << true << "";
+    QTest::newRow("there, beside nobody who knows") << "DejaVu Sans" << false << "";
     QTest::newRow("missing") << "Gone Sans" << true
                              << "The font Gone Sans is missing; DejaVu Sans is used.";
     QTest::newRow("missing, beside nobody who knows")

@@ -54,8 +54,8 @@ var InfoFont = function (options) {
         var samples = window.informationSamples;
         var substitute = samples ? samples.substituteFont(family) : '';
         var installed = Array.from(editInfo.getFontNameList());
-        var isMissing = substitute !== '' || (family !== '' && installed.length > 0 &&
-            installed.indexOf(family) < 0);
+        var isMissing = samples ? substitute !== '' :
+            family !== '' && installed.length > 0 && installed.indexOf(family) < 0;
         var text = Page.translate(substitute === '' ?
             'The font %1 is missing; another one is used.' :
             'The font %1 is missing; %2 is used.');
