@@ -194,6 +194,7 @@ private slots:
     void readsAGroupAnewWhenItIsEntered();
     void storesForItsGroup();
     void previewsWithAPause();
+    void previewsInTheSizeOfItsPlace();
     void previewsTheKindOfTheFile_data();
     void previewsTheKindOfTheFile();
     void previewsTheFontWhileItIsSet();
@@ -1208,6 +1209,19 @@ void TestEditInfoPage::previewsWithAPause()
     QTRY_COMPARE(callsOf(*m_host, "documentThumbnail("), before + 1);
     QTest::qWait(500);
     QCOMPARE(callsOf(*m_host, "documentThumbnail("), before + 1);
+}
+
+void TestEditInfoPage::previewsInTheSizeOfItsPlace()
+{
+    Editor editor(*m_host, 1);
+    QVERIFY(editor.open());
+    QCOMPARE(callsOf(*m_host, "documentThumbnail("), 1);
+    const QVariantList size =
+        read(editor.view(), "[frame.clientWidth, frame.clientHeight]").toList();
+    QCOMPARE(callsOf(*m_host, QString("documentThumbnail(10, %1, %2, ")
+                                  .arg(size.at(0).toInt())
+                                  .arg(size.at(1).toInt())),
+             1);
 }
 
 void TestEditInfoPage::previewsTheKindOfTheFile_data()

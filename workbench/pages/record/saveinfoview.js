@@ -12,6 +12,9 @@ Page.start('editInfo', function () {
 
     function preview() {
         var frame = Page.get('frame');
+        // They leave the frame its height.
+        Page.get('resolution').textContent = editInfo.getResolutionStr();
+        Page.get('language').textContent = editInfo.getExportLanguage();
         var scale = window.devicePixelRatio || 1;
         var data = editInfo.getThumbnail(Math.floor(frame.clientWidth * scale),
             Math.floor(frame.clientHeight * scale));
@@ -22,8 +25,6 @@ Page.start('editInfo', function () {
             picture.src = 'data:image/png;base64,' + data;
         Page.tell('noPreview', 'empty', data !== '' ? '' :
             Page.translate('No picture to show.'));
-        Page.get('resolution').textContent = editInfo.getResolutionStr();
-        Page.get('language').textContent = editInfo.getExportLanguage();
     }
 
     function drawChoices() {
