@@ -2,6 +2,8 @@
 #include "foundation/InfoItems.h"
 #include "tests/support/TestLog.h"
 
+#include <algorithm>
+
 Q_DECLARE_METATYPE(StandInHost::Mode)
 
 // The items of the information display: the list that the page gets, and what it sends back.
@@ -391,7 +393,7 @@ void TestEditInfoItems::brokenEntryIsDropped()
     QCOMPARE(scene.setting("saveinfo/display0"), QVariant("Date:true,Time:true"));
 }
 
-// Read by the page, sent back by it in its order.
+// Read by the page, sent back by it in the opposite order.
 void TestEditInfoItems::everyItemPassesThroughThePage()
 {
     EditInfoScene scene(false);
@@ -403,8 +405,10 @@ void TestEditInfoItems::everyItemPassesThroughThePage()
         "list.innerHTML = editInfo.getInfoSettingsHtml();"
         "var ids = Array.from(list.children).map(function (child) {"
         "  return child.tagName === 'HR' ? 'HR' : child.querySelector('input').id; });"
-        "editInfo.changeOrder(ids.join(','));");
-    QCOMPARE(scene.setting("info/display"), QVariant(shipped));
+        "editInfo.changeOrder(ids.reverse().join(','));");
+    QStringList reversed = shipped.split(',');
+    std::reverse(reversed.begin(), reversed.end());
+    QCOMPARE(scene.setting("info/display"), QVariant(reversed.join(',')));
 }
 
 int main(int argc, char **argv)
