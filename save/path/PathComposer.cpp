@@ -76,11 +76,22 @@ void composeTargetPaths(HostServices *host, int mode, DOC_Interface *doc, bool u
 ComposedPath composePath(HostServices *host, int mode, DOC_Interface *doc, int partitionNo,
                          bool useAlternativeDir, const QDateTime &time, int reportVariant)
 {
-    ComposedPath path;
-    PathComposition(host, doc, time)
-        .compose(mode, partitionNo,
-                 {useAlternativeDir, reportVariant, PathComposition::Plan::Leave}, path);
-    return path;
+    QList<int> partitions = doc ? doc->partitionNumbers() : QList<int>();
+    if (!partitions.contains(partitionNo))
+        partitions = {partitionNo};
+    PathComposition composition(host, doc, time);
+    ComposedPath result;
+    for (int number : qAsConst(partitions)) {
+        ComposedPath path;
+        composition.compose(mode, number,
+                            {useAlternativeDir, reportVariant, PathComposition::Plan::Leave}, path);
+        if (number == partitionNo)
+            return path;
+        result.refusal = path.refusal;
+        if (result.refusal != ComposedPath::Refusal::None)
+            break;
+    }
+    return result;
 }
 
 QString composeDirectory(HostServices *host, int mode, DOC_Interface *doc)

@@ -36,7 +36,9 @@ void composeTargetPaths(HostServices *host, int mode, DOC_Interface *doc, bool u
                         QMap<int, QString> &paths, const QDateTime &time, int reportVariant);
 
 /// The path that composeTargetPaths() would give one partition now, with its parts, or why it would
-/// refuse it. The plan stays as it is.
+/// refuse it; of one that it would not come to, why it refuses an earlier one, and nothing else. A
+/// partition that `doc` does not have, or that there is no `doc` for, is composed as if it were the
+/// only one. The host's plan stays as it is.
 ComposedPath composePath(HostServices *host, int mode, DOC_Interface *doc, int partitionNo,
                          bool useAlternativeDir, const QDateTime &time, int reportVariant);
 

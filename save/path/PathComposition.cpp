@@ -149,7 +149,7 @@ ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAddit
         result.search.number = sequence;
         if (files->hasFileBeginning(path.mid(nameStart)))
             ++result.search.onDisk;
-        else if (m_host->isPlannedFile(path))
+        else if (isPlannedFile(path))
             ++result.search.planned;
         else
             return result;
@@ -224,7 +224,7 @@ ComposedName PathComposition::groupDir(int mode, const QString &baseName)
     if (!settings.isUsed)
         return {};
     ComposedName fixed;
-    fixed.text = m_host->plannedGroupDir();
+    fixed.text = plannedGroupDir();
     return fixed.text.isEmpty() ? folder(mode, settings, baseName) : fixed;
 }
 
@@ -277,7 +277,7 @@ void PathComposition::searchFolderNumber(int mode, const PathRules::FolderNumber
         path += NumberText::compose(0, 0, search.number, {0, 0, digits.session});
         path += QLatin1Char('/');
         const bool exists = DirectoryView::isDirectory(path);
-        if (!exists && !m_host->isPlannedDir(path))
+        if (!exists && !isPlannedDir(path))
             break;
         LogLines::warning() << "exists" << path;
         if (search.number == LastNumber)
@@ -302,7 +302,6 @@ QString PathComposition::thumbnailPath(int mode, const QString &path)
 
 void PathComposition::compose(int mode, int partitionNo, const Target &target, ComposedPath &result)
 {
-    const bool extends = target.plan == Plan::Extend;
     result.base = directory(mode);
     QString directory = result.base;
     ComposedName bare = fileName(mode, partitionNo, false, target);
@@ -314,8 +313,8 @@ void PathComposition::compose(int mode, int partitionNo, const Target &target, C
     const QString &full = result.file.text;
 
     result.group = groupDir(mode, groupDirSettings(mode).takesFullFileName ? full : bare.text);
-    if (!result.group.text.isEmpty() && extends)
-        m_host->setPlannedGroupDir(result.group.text);
+    if (!result.group.text.isEmpty())
+        planGroupDir(target.plan, result.group.text);
     appendDirectory(directory, result.group.text);
     result.sub = subDir(mode, subDirSettings(mode).takesFullFileName ? full : bare.text);
     if (isWithoutBrackets(mode, target))
@@ -340,10 +339,7 @@ void PathComposition::compose(int mode, int partitionNo, const Target &target, C
     result.isPlaced = true;
     if (!PathRules::isPlanned(mode))
         return;
-    if (extends) {
-        m_host->addPlannedDir(directory);
-        m_host->addPlannedFile(path);
-    }
+    planFile(target.plan, directory, path);
     result.thumbnail = thumbnailPath(mode, path);
     if (PathRules::isTooLong(path))
         result.refusal = ComposedPath::Refusal::TooLong;
@@ -355,6 +351,40 @@ int PathComposition::listedDirectories() const
 {
     return int(std::count_if(m_views.cbegin(), m_views.cend(),
                              [](const auto &entry) { return entry.second.isRead(); }));
+}
+
+QString PathComposition::plannedGroupDir()
+{
+    return m_plan.groupDir.isEmpty() ? m_host->plannedGroupDir() : m_plan.groupDir;
+}
+
+bool PathComposition::isPlannedDir(const QString &path)
+{
+    return m_plan.dirs.contains(path) || m_host->isPlannedDir(path);
+}
+
+bool PathComposition::isPlannedFile(const QString &path)
+{
+    return m_plan.files.contains(path) || m_host->isPlannedFile(path);
+}
+
+void PathComposition::planGroupDir(Plan plan, const QString &name)
+{
+    if (plan == Plan::Extend)
+        m_host->setPlannedGroupDir(name);
+    else
+        m_plan.groupDir = name;
+}
+
+void PathComposition::planFile(Plan plan, const QString &directory, const QString &path)
+{
+    if (plan == Plan::Extend) {
+        m_host->addPlannedDir(directory);
+        m_host->addPlannedFile(path);
+    } else {
+        m_plan.dirs.insert(directory);
+        m_plan.files.insert(path);
+    }
 }
 
 bool PathComposition::isFileMode()

@@ -8,6 +8,7 @@
 
 #include <QDateTime>
 #include <QHash>
+#include <QSet>
 
 #include <map>
 #include <optional>
@@ -29,7 +30,7 @@ public:
     /// What becomes of the save's plan.
     enum class Plan {
         Extend, ///< directories and files take their places in it
-        Leave,
+        Leave,  ///< they take them in this composition's own, for its later partitions
     };
 
     /// What a path depends on beside mode and partition.
@@ -83,7 +84,20 @@ private:
         std::optional<std::optional<QVariantList>> customInfo; ///< inner: nothing to take it from
     };
 
+    // What the host's plan is not told.
+    struct OwnPlan
+    {
+        QString groupDir;
+        QSet<QString> dirs;
+        QSet<QString> files;
+    };
+
     bool isFileMode();
+    QString plannedGroupDir();
+    bool isPlannedDir(const QString &path);
+    bool isPlannedFile(const QString &path);
+    void planGroupDir(Plan plan, const QString &name);
+    void planFile(Plan plan, const QString &directory, const QString &path);
     PathRules::NumberFacts numberFacts(bool withCounts);
     const FileNameSettings &fileNameSettings(int mode);
     const FolderSettings &groupDirSettings(int mode);
@@ -109,6 +123,7 @@ private:
     DOC_Interface *m_doc;
     QDateTime m_time;
     int m_firstNumber;
+    OwnPlan m_plan;
     std::optional<bool> m_isFileMode;
     std::optional<QString> m_alternativeDir;
     std::map<int, ModeState> m_modes;

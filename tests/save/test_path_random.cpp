@@ -1,3 +1,4 @@
+#include "contract/DOC_Interface.h"
 #include "foundation/exceptions/APP_Exception.h"
 #include "save/path/PathComposer.h"
 #include "tests/save/LiteralComposer.h"
@@ -73,6 +74,8 @@ private:
     void clearTree();
     Outcome run(const std::function<QString(Maps &)> &compose);
     QString compare(int mode, bool alternative, int variant);
+    QString compareParts(int mode, DOC_Interface *doc, int partitionNo, bool alternative,
+                         int variant);
 
     std::mt19937 m_random;
     SavePlan m_plan;
@@ -354,7 +357,52 @@ QString TestPathRandom::compare(int mode, bool alternative, int variant)
             return QString("function %1, mode %2\nfast:\n%3\nliteral:\n%4")
                 .arg(QString::number(i), QString::number(mode), fast, slow);
     }
-    return QString();
+    return compareParts(mode, doc, partitionNo, alternative, variant);
+}
+
+// Empty, or how the path that is handed out with its parts differs from the one in the maps.
+QString TestPathRandom::compareParts(int mode, DOC_Interface *doc, int partitionNo,
+                                     bool alternative, int variant)
+{
+    if (!doc || doc->partitionNumbers().count(partitionNo) != 1)
+        return QString();
+    StandInHost *host = m_host.get();
+    const Outcome all = run([&](Maps &maps) {
+        PathComposer::composeTargetPaths(host, mode, doc, alternative, maps.groups, maps.dirs,
+                                         maps.paths, moment(), variant);
+        return QString();
+    });
+    ComposedPath path;
+    const Outcome one = run([&](Maps &) {
+        path =
+            PathComposer::composePath(host, mode, doc, partitionNo, alternative, moment(), variant);
+        return QString();
+    });
+    QStringList differences = one.changes;
+    const auto hold = [&](const char *what, const QString &actual, const QString &expected) {
+        if (actual != expected)
+            differences.append(QString("%1: %2, not %3").arg(what, actual, expected));
+    };
+    if (!one.result.isEmpty()) {
+        hold("thrown", one.result, all.result);
+    } else {
+        hold("directory", path.directory, all.maps.dirs.value(partitionNo));
+        hold("path", path.path, all.maps.paths.value(partitionNo));
+        hold("group", path.group.text, all.maps.groups.value(partitionNo));
+        if (path.refusal != ComposedPath::Refusal::None && all.result.isEmpty())
+            differences.append("refused");
+    }
+    if (path.isGroupFixed())
+        path.group.name = path.group.text;
+    for (const ComposedName &name : {path.group, path.sub, path.file}) {
+        QStringList parts{name.name, name.number, name.time};
+        parts.removeAll(QString());
+        hold("parts", parts.join('_'), name.text);
+    }
+    return differences.isEmpty() ? QString()
+                                 : QString("partition %1, mode %2\n%3")
+                                       .arg(QString::number(partitionNo), QString::number(mode),
+                                            differences.join('\n'));
 }
 
 void TestPathRandom::fastAndLiteralAgree()

@@ -43,6 +43,9 @@ private slots:
     void partsOfAFixedGroup();
     void refusalIsHandedOut();
     void handingOutLeavesThePlan();
+    void handedOutPathIsThatOfTheMaps_data();
+    void handedOutPathIsThatOfTheMaps();
+    void earlierRefusalIsHandedOut();
     void directoryIsListedOnce();
     void everyCallMayFail();
     void nothingIsWritten();
@@ -615,6 +618,75 @@ void TestPathTargets::handingOutLeavesThePlan()
         PathComposer::composePath(m_host.get(), mode, m_camera.get(), 1, true, moment(), 1);
     }
     QCOMPARE(m_host->commands(), QStringList());
+}
+
+void TestPathTargets::handedOutPathIsThatOfTheMaps_data()
+{
+    QTest::addColumn<Settings>("settings");
+    QTest::addColumn<Files>("paths");
+    QTest::newRow("one directory")
+        << Settings() << Files{{3, "Shot_S0001"}, {1, "Shot_S0002"}, {7, "Shot_S0003"}};
+    QTest::newRow("group of the first partition")
+        << Settings{{"export/groupdir", true},
+                    {"export/groupdirasfilename", true},
+                    {"export/filenameaspartitionname", true}}
+        << Files{{3, "A/A_S0001"}, {1, "A/B_S0001"}, {7, "A/A_S0002"}};
+    QTest::newRow("numbered sub directory")
+        << Settings{{"export/subdir", true},
+                    {"export/subdirname", "Sub"},
+                    {"export/subdiraddnumber", true},
+                    {"export/subdiraddnumberformat", ""},
+                    {"export/subdiraddnumbercameranodigits", 0},
+                    {"export/subdiraddnumberheadnodigits", 0},
+                    {"export/subdiraddnumbersessionnodigits", 2}}
+        << Files{{3, "Sub_S01/Shot_S0001"}, {1, "Sub_S02/Shot_S0001"}, {7, "Sub_S03/Shot_S0001"}};
+}
+
+void TestPathTargets::handedOutPathIsThatOfTheMaps()
+{
+    QFETCH(Settings, settings);
+    QFETCH(Files, paths);
+    m_camera->state().partitions = {{3, "A", 1, 0}, {1, "B", 1, 0}, {7, "A", 1, 0}};
+    m_camera->addition = numbered("");
+    set(settings);
+    LogCapture log;
+    m_host->clearJournal();
+    for (const int partitionNo : paths.keys()) {
+        const ComposedPath path = PathComposer::composePath(m_host.get(), 1, m_camera.get(),
+                                                            partitionNo, false, moment(), 0);
+        QCOMPARE(inBase(path.path), paths.value(partitionNo));
+    }
+    QCOMPARE(m_host->commands(), QStringList());
+    Maps maps;
+    composeAll(1, maps);
+    for (const int partitionNo : paths.keys())
+        QCOMPARE(inBase(maps.paths.value(partitionNo)), paths.value(partitionNo));
+
+    m_host->savePlan() = SavePlan();
+    const ComposedPath other =
+        PathComposer::composePath(m_host.get(), 1, m_camera.get(), 5, false, moment(), 0);
+    QVERIFY(other.isPlaced);
+    QCOMPARE(other.file.search.number, 1);
+}
+
+// A save does not come to the partitions behind one that it refuses.
+void TestPathTargets::earlierRefusalIsHandedOut()
+{
+    m_camera->state().partitions = {{1, "A", 1, 0}, {2, "", 1, 0}, {3, "C", 1, 0}};
+    set("export/filenameaspartitionname", true);
+    const auto compose = [&](int partitionNo) {
+        return PathComposer::composePath(m_host.get(), 1, m_camera.get(), partitionNo, false,
+                                         moment(), 0);
+    };
+    QVERIFY(compose(1).refusal == Refusal::None);
+    QCOMPARE(inBase(compose(1).path), QString("A"));
+    QVERIFY(compose(2).refusal == Refusal::NoName);
+    QVERIFY(compose(3).refusal == Refusal::NoName);
+    QVERIFY(!compose(3).isPlaced);
+    QCOMPARE(compose(3).file.text, QString());
+    m_camera->state().partitions[1].name = "B";
+    QVERIFY(compose(3).refusal == Refusal::None);
+    QCOMPARE(inBase(compose(3).path), QString("C"));
 }
 
 void TestPathTargets::directoryIsListedOnce()
