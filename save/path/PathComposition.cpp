@@ -117,8 +117,8 @@ ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAddit
     DirectoryView *files = nullptr;
     bool movesWithName = false;
     QString before;
+    bool usesSequence = false;
     for (int sequence = m_firstNumber;; ++sequence) {
-        bool usesSequence = false;
         if (m_doc)
             result.number = PathText::replaceInvalidChars(
                 m_doc->fileNameAddition(mode, partitionNo, sequence, usesSequence, m_time),

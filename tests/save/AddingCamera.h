@@ -17,9 +17,11 @@ public:
                              const QDateTime &time) override
     {
         asked("fileNameAddition", mode, partitionNo, sequence, time);
+        if (addition)
+            return addition(mode, partitionNo, sequence, usesSequence);
         usesSequence = false;
-        return addition ? addition(mode, partitionNo, sequence, usesSequence) : QString();
+        return QString();
     }
 
-    Addition addition; ///< without one nothing is added
+    Addition addition; ///< without one nothing is added; may leave the flag as it was
 };

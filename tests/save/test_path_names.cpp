@@ -36,6 +36,7 @@ private slots:
     void additionsAreJoined();
     void freeNumberIsTaken_data();
     void freeNumberIsTaken();
+    void sequenceStaysUsed();
     void plannedFileIsPassedOver();
     void fileIsLookedForWhereItWillLie_data();
     void fileIsLookedForWhereItWillLie();
@@ -399,6 +400,21 @@ void TestPathNames::freeNumberIsTaken()
     QCOMPARE(fileName(1), QString("Shot_S0001"));
     QVERIFY(m_host->journal().filter("isPlanned").isEmpty());
     QVERIFY(m_host->journal().filter("/dir\"").isEmpty());
+}
+
+// The flag is the document's from its first number on.
+void TestPathNames::sequenceStaysUsed()
+{
+    touch("Shot_S0001.x");
+    touch("Shot_S0002.x");
+    m_camera->addition = [](int, int, int sequence, bool &usesSequence) {
+        if (sequence == 1)
+            usesSequence = true;
+        return QString("S%1").arg(sequence, 4, 10, QChar('0'));
+    };
+    QCOMPARE(fileName(1), QString("Shot_S0003"));
+    m_camera->addition = [](int, int, int, bool &) { return QString("S0001"); };
+    QCOMPARE(fileName(1), QString("Shot_S0001"));
 }
 
 void TestPathNames::plannedFileIsPassedOver()
