@@ -124,8 +124,10 @@ ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAddit
                 m_doc->fileNameAddition(mode, partitionNo, sequence, usesSequence, m_time),
                 Replacement);
         join(result);
-        if (result.text.isEmpty() || !usesSequence || settings.sessionDigits < 1)
+        if (result.text.isEmpty() || !usesSequence || settings.sessionDigits < 1) {
+            result.search = {};
             return result;
+        }
         if (sequence != m_firstNumber && result.number == before)
             refuseName();
         before = result.number;

@@ -37,6 +37,7 @@ private slots:
     void freeNumberIsTaken_data();
     void freeNumberIsTaken();
     void sequenceStaysUsed();
+    void nameWithoutANumberHasNoSearch();
     void plannedFileIsPassedOver();
     void fileIsLookedForWhereItWillLie_data();
     void fileIsLookedForWhereItWillLie();
@@ -415,6 +416,22 @@ void TestPathNames::sequenceStaysUsed()
     QCOMPARE(fileName(1), QString("Shot_S0003"));
     m_camera->addition = [](int, int, int, bool &) { return QString("S0001"); };
     QCOMPARE(fileName(1), QString("Shot_S0001"));
+}
+
+void TestPathNames::nameWithoutANumberHasNoSearch()
+{
+    touch("Shot_S1.x");
+    m_host->savePlan().addFile(base() + "Shot_S2");
+    m_camera->addition = [](int, int, int sequence, bool &usesSequence) {
+        usesSequence = sequence < 3;
+        return QString("S%1").arg(sequence);
+    };
+    const ComposedName name =
+        PathComposition(m_host.get(), m_camera.get(), moment()).fileName(1, 1, true, {});
+    QCOMPARE(name.text, QString("Shot_S3"));
+    QCOMPARE(name.search.number, 0);
+    QCOMPARE(name.search.onDisk, 0);
+    QCOMPARE(name.search.planned, 0);
 }
 
 void TestPathNames::plannedFileIsPassedOver()
