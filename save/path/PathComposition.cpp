@@ -119,18 +119,18 @@ ComposedName PathComposition::fileName(int mode, int partitionNo, bool withAddit
     QString before;
     bool usesSequence = false;
     for (int sequence = m_firstNumber;; ++sequence) {
+        QString addition;
         if (m_doc)
-            result.number = PathText::replaceInvalidChars(
-                m_doc->fileNameAddition(mode, partitionNo, sequence, usesSequence, m_time),
-                Replacement);
+            addition = m_doc->fileNameAddition(mode, partitionNo, sequence, usesSequence, m_time);
+        result.number = PathText::replaceInvalidChars(addition, Replacement);
         join(result);
         if (result.text.isEmpty() || !usesSequence || settings.sessionDigits < 1) {
             result.search = {};
             return result;
         }
-        if (sequence != m_firstNumber && result.number == before)
+        if (sequence != m_firstNumber && addition == before)
             refuseName();
-        before = result.number;
+        before = addition;
 
         if (!bare) {
             bare = asWritten(mode, target, bareName(mode, partitionNo, false, target));

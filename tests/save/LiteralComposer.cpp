@@ -194,9 +194,8 @@ QString LiteralComposer::fileName(int mode, DOC_Interface *doc, int partitionNo,
         QString candidate = name;
         QString addition;
         if (doc)
-            addition =
-                cleaned(doc->fileNameAddition(mode, partitionNo, sequence, usesSequence, time));
-        candidate = appended(candidate, addition);
+            addition = doc->fileNameAddition(mode, partitionNo, sequence, usesSequence, time);
+        candidate = appended(candidate, cleaned(addition));
         if (on(family + "/filenameaddtime"))
             candidate =
                 appended(candidate, timeText(time, text(family + "/filenameaddtimeformat")));

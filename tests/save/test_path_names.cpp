@@ -43,6 +43,7 @@ private slots:
     void fileIsLookedForWhereItWillLie();
     void bareNameOfAConversionIsThatOfItsExport();
     void additionThatNeverChangesIsRefused();
+    void additionThatReadsTheSameIsPassedOver();
     void numberPastTheLastIsRefused();
 };
 
@@ -534,6 +535,17 @@ void TestPathNames::additionThatNeverChangesIsRefused()
         return QString("same");
     };
     QCOMPARE(fileName(1), QString("Shot_same"));
+}
+
+// What the document gives counts, not what is left of it in a name.
+void TestPathNames::additionThatReadsTheSameIsPassedOver()
+{
+    touch("Shot_a_b.x");
+    m_camera->addition = [](int, int, int sequence, bool &usesSequence) {
+        usesSequence = true;
+        return QStringList({"a:b", "a*b", "a3"}).at(sequence - 1);
+    };
+    QCOMPARE(fileName(1), QString("Shot_a3"));
 }
 
 void TestPathNames::numberPastTheLastIsRefused()
