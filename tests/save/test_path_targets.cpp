@@ -47,6 +47,7 @@ private slots:
     void handedOutPathIsThatOfTheMaps();
     void earlierRefusalIsHandedOut();
     void directoryIsListedOnce();
+    void partitionsAreOneComposition();
     void everyCallMayFail();
     void nothingIsWritten();
 };
@@ -712,6 +713,42 @@ void TestPathTargets::directoryIsListedOnce()
                  QString("G/%1/%1_S%2").arg(name).arg(number, 4, 10, QChar('0')));
     }
     QCOMPARE(composition.listedDirectories(), 2);
+}
+
+// A setting is read once and a warning written once, however many partitions there are.
+void TestPathTargets::partitionsAreOneComposition()
+{
+    set({{"export/groupdir", true},
+         {"export/groupdirname", "Run"},
+         {"export/groupdiraddnumber", true},
+         {"export/groupdiraddnumberformat", ""},
+         {"export/groupdiraddnumbercameranodigits", 0},
+         {"export/groupdiraddnumberheadnodigits", 0},
+         {"export/groupdiraddnumbersessionnodigits", 2},
+         {"export/subdir", true},
+         {"export/subdirname", "Sub"},
+         {"export/subdiraddnumber", true},
+         {"export/subdiraddnumberformat", ""},
+         {"export/subdiraddnumbercameranodigits", 0},
+         {"export/subdiraddnumberheadnodigits", 0},
+         {"export/subdiraddnumbersessionnodigits", 2}});
+    makeDir("Run_S01");
+    makeDir("Sub_S01");
+    m_camera->addition = numbered("");
+    m_camera->state().partitions.clear();
+    Files paths;
+    for (int i = 1; i <= 16; ++i) {
+        m_camera->state().partitions.append({i, "A", 1, 0});
+        paths.insert(i, base() + QString("Run_S02/Sub_S02/Shot_S%1").arg(i, 4, 10, QChar('0')));
+    }
+    LogCapture log;
+    m_host->clearJournal();
+    Maps maps;
+    composeAll(1, maps);
+    QCOMPARE(maps.paths, paths);
+    QCOMPARE(m_host->journal().count("getPrefString(\"export/filename\", invalid)"), 1);
+    QCOMPARE(log.texts(), QStringList({"exists \"" + base() + "Run_S01/\"",
+                                       "exists \"" + base() + "Sub_S01/\""}));
 }
 
 // What host and document throw comes through, and the plan stays as far as it came.
