@@ -798,26 +798,60 @@ void TestPathTargets::nothingIsWritten()
                           QDirIterator::Subdirectories);
         while (walk.hasNext()) {
             walk.next();
-            entries.append(walk.filePath() + walk.fileInfo().lastModified().toString(Qt::ISODate));
+            const QFileInfo info = walk.fileInfo();
+            entries.append(QString("%1 %2 %3")
+                               .arg(info.filePath(),
+                                    info.lastModified().toString(Qt::ISODateWithMs),
+                                    QString::number(info.size())));
         }
         entries.sort();
         return entries;
     };
-    touch("Shot_S0001.x");
-    touch("Run_S0001/x");
-    set({{"export/groupdir", true},
-         {"export/groupdirname", "Run"},
-         {"export/groupdiraddnumber", true},
-         {"export/subdir", true},
-         {"export/subdirname", "Sub"}});
+    for (const QString name : {"Shot_S0001.x", "Run_S0001/x", "Run_S0002/Sub_S0001/Shot_S0001.x"}) {
+        touch(name);
+        QFile file(base() + name);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(moment(), QFileDevice::FileModificationTime));
+    }
+    for (const QString family : {"export", "convert", "snap", "report", "layout"}) {
+        set(family + "/filename", "Shot");
+        set(family + "/filenameaddtime", true);
+        set(family + "/filenameaddtimeformat", "yyyy");
+        for (const QString level : {"/groupdir", "/subdir"}) {
+            const QString prefix = family + level;
+            if (prefix == "layout/groupdir")
+                continue;
+            set({{prefix, true},
+                 {prefix + "name", level == "/subdir" ? "Sub" : "Run"},
+                 {prefix + "addnumber", true},
+                 {prefix + "addtime", true},
+                 {prefix + "addtimeformat", "HHmm"}});
+        }
+    }
+    for (const QString family : {"export", "convert"})
+        set({{family + "/savethumbnail", true}, {family + "/savethumbnailaddtextvalue", "_t"}});
     m_camera->addition = numbered("");
+    SavePlan plan;
+    plan.setTargetDir(base() + "other/");
     const QStringList before = tree();
-    Maps maps;
-    composeAll(1, maps);
-    fileName(1);
-    groupDir(1);
-    subDir(1);
-    PathComposer::composePath(m_host.get(), 1, m_camera.get(), 1, false, moment(), 0);
+    QCOMPARE(before.filter("2017-06-05T07:08:09.000 0").size(), 3);
+    LogCapture log;
+    for (int mode = -1; mode <= 20; ++mode) {
+        for (const bool alternative : {false, true}) {
+            m_host->savePlan() = plan;
+            Maps maps;
+            composeAll(mode, maps, alternative, 1);
+            QCOMPARE(maps.paths.size(), 1);
+            PathComposer::composePath(m_host.get(), mode, m_camera.get(), 1, alternative, moment(),
+                                      1);
+        }
+        m_host->savePlan() = plan;
+        fileName(mode);
+        groupDir(mode);
+        subDir(mode);
+        PathComposer::composeDirectory(m_host.get(), mode, m_camera.get());
+        PathComposer::composeThumbnailPath(m_host.get(), mode, base() + "Shot");
+    }
     QCOMPARE(tree(), before);
 }
 
