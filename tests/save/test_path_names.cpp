@@ -225,6 +225,11 @@ void TestPathNames::fileIsNamed_data()
     QTest::newRow("items without unit")
         << 16 << Mode::File << Settings{{"report/filenameusecustom", true}} << "12.5_300"
         << "";
+    const Settings layout{{"layout/filename", "Lay"}, {"export/filename", "Shot"}};
+    for (const int mode : {4, 5, 18})
+        QTest::newRow(qPrintable(QString("layout, mode %1").arg(mode)))
+            << mode << Mode::Live << layout << "Lay"
+            << "Lay";
     QTest::newRow("missing settings") << 4 << Mode::Live << Settings() << ""
                                       << "";
     QTest::newRow("wrong types") << 1 << Mode::Memory

@@ -18,6 +18,7 @@ class TestPathTargets : public PathTest
 
 private slots:
     void camerasShareTheGroupOfABatch();
+    void layoutPreviewHasTheGroupOfAnExport();
     void secondNameOfABatchMovesOn();
     void partitionsShareAPlan();
     void optionDecidesForTheFullName_data();
@@ -86,6 +87,24 @@ void TestPathTargets::camerasShareTheGroupOfABatch()
     composeAll(1, other, &second);
     QCOMPARE(other.groups.value(1), QString("Run_C1S01"));
     QCOMPARE(other.paths.value(1), base() + "Run_C1S01/Shot/Shot_C2S0001");
+}
+
+void TestPathTargets::layoutPreviewHasTheGroupOfAnExport()
+{
+    set({{"export/groupdir", true},
+         {"export/groupdirname", "Group"},
+         {"export/subdir", true},
+         {"export/subdirname", "ExportSub"},
+         {"layout/subdir", true},
+         {"layout/subdirname", "LayoutSub"},
+         {"layout/filename", "Lay"}});
+    for (const int mode : {4, 5, 18}) {
+        Maps maps;
+        composeAll(mode, maps);
+        QCOMPARE(maps.groups, mode == 18 ? Files({{1, "Group"}}) : Files());
+        QCOMPARE(inBase(maps.paths.value(1)),
+                 QString(mode == 18 ? "Group/LayoutSub/Lay" : "LayoutSub/Lay"));
+    }
 }
 
 void TestPathTargets::secondNameOfABatchMovesOn()
