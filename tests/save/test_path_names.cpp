@@ -41,6 +41,8 @@ private slots:
     void plannedFileIsPassedOver();
     void fileIsLookedForWhereItWillLie_data();
     void fileIsLookedForWhereItWillLie();
+    void optionOfTheModeTellsWhereAFileWillLie_data();
+    void optionOfTheModeTellsWhereAFileWillLie();
     void bareNameOfAConversionIsThatOfItsExport();
     void additionThatNeverChangesIsRefused();
     void additionThatReadsTheSameIsPassedOver();
@@ -504,6 +506,58 @@ void TestPathNames::fileIsLookedForWhereItWillLie()
     composeAll(1, maps);
     QVERIFY(maps.paths.value(1).endsWith("/" + full));
     QVERIFY(!QDir(maps.dirs.value(1)).entryList(QDir::Files).contains(full + ".x"));
+}
+
+void TestPathNames::optionOfTheModeTellsWhereAFileWillLie_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("level"); // named as the file
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("full");
+    const auto row = [](const char *name, int mode, const char *level, const char *option,
+                        const char *full) {
+        QTest::newRow(name) << mode << QString(level) << QString(option) << QString(full);
+    };
+    const char *moved = "Shot_S0002";
+    const char *first = "Shot_S0001";
+    row("export", 1, "export/groupdir", "export/groupdir", moved);
+    row("conversion", 6, "convert/groupdir", "convert/groupdir", moved);
+    row("conversion, not the export's", 6, "convert/groupdir", "export/groupdir", first);
+    row("snapshot", 7, "snap/groupdir", "snap/groupdir", moved);
+    row("snapshot, not the export's", 7, "snap/groupdir", "export/groupdir", first);
+    row("report has the conversion's", 16, "report/groupdir", "convert/groupdir", moved);
+    row("report, not its own", 16, "report/groupdir", "report/groupdir", first);
+    row("layout preview has the export's", 18, "export/groupdir", "export/groupdir", moved);
+    row("layout preview, not the sub directory's", 18, "export/groupdir", "layout/subdir", first);
+    row("conversion's sub directory", 6, "convert/subdir", "convert/subdir", moved);
+    row("snapshot's sub directory", 7, "snap/subdir", "snap/subdir", moved);
+    row("report's sub directory", 16, "report/subdir", "report/subdir", moved);
+    row("report's sub directory, not the conversion's", 16, "report/subdir", "convert/subdir",
+        first);
+    row("layout's sub directory", 18, "layout/subdir", "layout/subdir", moved);
+    row("layout's sub directory, not the export's", 18, "layout/subdir", "export/subdir", first);
+}
+
+// All other options are off.
+void TestPathNames::optionOfTheModeTellsWhereAFileWillLie()
+{
+    QFETCH(int, mode);
+    QFETCH(QString, level);
+    QFETCH(QString, option);
+    QFETCH(QString, full);
+    for (const QString family : {"export", "convert", "snap", "report", "layout"}) {
+        set(family + "/filename", "Shot");
+        for (const QString one : {"/groupdir", "/subdir"}) {
+            if (family + one != "layout/groupdir")
+                set(family + one + "asfilenameincludeoption", family + one == option);
+        }
+    }
+    set({{level, true}, {level + "asfilename", true}});
+    m_camera->addition = numbered("");
+    touch("Shot_S0001/Shot_S0001.x");
+    QTEST(fileName(mode), "full");
+    touch("Shot/Shot_S0001.x");
+    QCOMPARE(fileName(mode), QString("Shot_S0002"));
 }
 
 // The group directory is that of the bare name, which has no number of the export either.
