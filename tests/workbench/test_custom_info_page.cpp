@@ -1135,6 +1135,9 @@ void TestCustomInfoPage::takesARefusedNameAlongWithItsItem()
                        "Math.abs(reason.getBoundingClientRect().top -"
                        "    editor.getBoundingClientRect().bottom) <= 2")
                 .toBool());
+    QVERIFY(read(view, "var box = document.getElementById('reason').getBoundingClientRect();"
+                       "document.elementFromPoint(box.left + 20, box.top + 12).id === 'reason'")
+                .toBool()); // over the row below, which is newer
     QVERIFY(type(view, "2"));
     QVERIFY(press(view, Qt::Key_Return));
     QCOMPARE(shown.records(2), QString("Angle=30, Speed2=10 F, Speed=2km/h D"));
