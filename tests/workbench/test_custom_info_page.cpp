@@ -75,6 +75,7 @@ private slots:
     void leavesAnEditorWhoseDocumentHasGone();
     void keepsAnEditorThroughARefresh();
     void takesAnEditorAlongWithItsItem();
+    void keepsAnEditorInViewThatMoves();
     void takesARefusedNameAlongWithItsItem();
     void keepsAnEditorWhateverTheSearchSays();
     void leavesTheFocusBesideAnEditorThatMoves();
@@ -1116,6 +1117,31 @@ void TestCustomInfoPage::takesAnEditorAlongWithItsItem()
     QVERIFY(press(view, Qt::Key_Return));
     QCOMPARE(shown.focused(), QString("valueCell0"));
     QCOMPARE(shown.host.commands(), QStringList());
+}
+
+void TestCustomInfoPage::keepsAnEditorInViewThatMoves()
+{
+    const QString isInView = "var list = document.getElementById('items').getBoundingClientRect();"
+                             "var editor = document.getElementById('editor')"
+                             "    .getBoundingClientRect();"
+                             "editor.top >= list.top && editor.bottom <= list.bottom";
+    Shown shown;
+    QVERIFY(shown.open());
+    GUI_WebView *view = shown.view();
+    QVERIFY(click(view, "#valueCell0"));
+    QVERIFY(type(view, "1"));
+    for (int i = 0; i < 50; ++i)
+        shown.list(2).prepend(stored(QString("Item %1").arg(i), "", "", "", ""));
+    emit shown.dialog->mediator()->update();
+    QVERIFY(read(view, isInView).toBool());
+    QVERIFY(type(view, "2"));
+    for (int i = 0; i < 50; ++i)
+        shown.list(2).removeFirst();
+    emit shown.dialog->mediator()->update();
+    QVERIFY(read(view, isInView).toBool());
+    QVERIFY(type(view, "3"));
+    QVERIFY(press(view, Qt::Key_Return));
+    QCOMPARE(shown.records(2), QString("TestNo=123 F, Speed=2km/h D"));
 }
 
 void TestCustomInfoPage::takesARefusedNameAlongWithItsItem()

@@ -181,12 +181,10 @@ var CustomCells = function (body, handlers) {
     }
 
     // Takes the editor out of its row, for another place of its item. Gives what puts it in there,
-    // with its caret and the focus, once the rows are laid out.
+    // with the focus, once the rows are laid out.
     function liftEditor(place) {
         var editor = editing.editor;
         var hadFocus = document.activeElement === editor;
-        var from = editor.selectionStart;
-        var to = editor.selectionEnd;
         if (stop.place === editing.place)
             setStop(place, stop.column);
         editor.parentNode.classList.remove('editing');
@@ -196,11 +194,8 @@ var CustomCells = function (body, handlers) {
             openCell(rows.get(place).cells[Columns.indexOf(editing.field)], editor);
             if (editing.reason)
                 editing.reason.style.top = (place + 1) * Height + 'px';
-            if (!hadFocus)
-                return;
-            scrollTo(place);
-            editor.focus();
-            editor.setSelectionRange(from, to);
+            if (hadFocus)
+                editor.focus(); // which has its caret still, and comes into view
         };
     }
 
