@@ -168,6 +168,7 @@ private slots:
     void scrollsWhereARowIsMoved();
     void ordersOnlyWholeLists_data();
     void ordersOnlyWholeLists();
+    void tellsWhatCouldNotBeStored_data();
     void tellsWhatCouldNotBeStored();
 
     void opensTheEditors_data();
@@ -659,18 +660,97 @@ void TestEditInfoPage::ordersOnlyWholeLists()
     QVERIFY(!isShown(editor->view(), "#failure"));
 }
 
+void TestEditInfoPage::tellsWhatCouldNotBeStored_data()
+{
+    QTest::addColumn<bool>("isSaved");
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<QString>("place");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    const QString ticked = "FrameRate:false,Date:true,Comment:false,<hr>,Resolution:true";
+    const QString moved = "Date:true,Comment:false,<hr>,Resolution:true,FrameRate:true";
+    const QString group = Keys::saveInfo.display + "0";
+    QTest::newRow("tick") << false << "tick"
+                          << "#failure" << QString(Keys::info.display) << FourItems << ticked;
+    QTest::newRow("tick, saved") << true << "tick"
+                                 << "#failure" << group << FourItems << ticked;
+    QTest::newRow("order") << false << "order"
+                           << "#failure" << QString(Keys::info.display) << FourItems << moved;
+    QTest::newRow("order, saved") << true << "order"
+                                  << "#failure" << group << FourItems << moved;
+    QTest::newRow("font") << false << "#bold"
+                          << "#fontState" << QString(Keys::info.bold) << "false"
+                          << "true";
+    QTest::newRow("font, saved") << true << "#bold"
+                                 << "#fontState" << Keys::saveInfo.bold + "0"
+                                 << "false"
+                                 << "true";
+    QTest::newRow("size") << false << "#fontSize"
+                          << "#fontState" << QString(Keys::info.fontSize) << "12"
+                          << "13";
+    QTest::newRow("width") << false << "#width"
+                           << "#fontState" << QString(Keys::info.width) << "7"
+                           << "8";
+    QTest::newRow("blank line") << false << "#blankLine"
+                                << "#failure" << QString(Keys::info.blankLine) << "true"
+                                << "false";
+    QTest::newRow("within image") << true << "#withinImage"
+                                  << "#choiceState" << QString(Keys::saveInfo.withinImage) << "true"
+                                  << "false";
+}
+
+// The change that works behind it takes the text away.
 void TestEditInfoPage::tellsWhatCouldNotBeStored()
 {
-    Editor editor(*m_host);
-    QVERIFY(editor.open());
+    QFETCH(bool, isSaved);
+    QFETCH(QString, change);
+    QFETCH(QString, place);
+    QFETCH(QString, key);
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    const std::unique_ptr<Editor> editor =
+        isSaved ? std::make_unique<Editor>(*m_host, 1) : std::make_unique<Editor>(*m_host);
+    m_host->settings().setValue(Keys::info.width, "7");
+    QVERIFY(editor->open());
+    GUI_WebView *view = editor->view();
+    if (place == "#fontState")
+        QVERIFY(click(view, "#font"));
+    const QStringList rows = editor->rows();
+    const auto make = [&] {
+        if (change == "tick")
+            return click(view, "#item-FrameRate .label");
+        if (change == "#width")
+            return click(view, change) && press(view, Qt::Key_A, Qt::ControlModifier) &&
+                   type(view, after);
+        if (change == "#fontSize") {
+            read(view, "fontSize.focus()");
+            return press(view, Qt::Key_Down);
+        }
+        if (change != "order")
+            return click(view, change);
+        editor->focusRow(0);
+        return press(view, Qt::Key_End, Qt::AltModifier);
+    };
+    const auto shown = [&] {
+        const bool isText = change == "#fontSize" || change == "#width";
+        return shownIn(view, change.mid(1), isText ? "value" : "checked").toString();
+    };
     LogCapture log;
     m_host->failOn("setPref");
-    QVERIFY(click(editor.view(), "#item-FrameRate .label"));
-    QCOMPARE(text(editor.view(), "#failure"), QString("The setting could not be stored."));
-    QCOMPARE(editor.rows().at(0), QString("+Frame rate")); // as it is stored
-    QVERIFY(click(editor.view(), "#item-FrameRate .label"));
-    QVERIFY(!isShown(editor.view(), "#failure"));
-    QCOMPARE(editor.rows().at(0), QString(" Frame rate"));
+    QVERIFY(make());
+    QCOMPARE(stored(*m_host, key), before);
+    QCOMPARE(text(view, place), QString("The setting could not be stored."));
+    QCOMPARE(editor->rows(), rows); // as it is stored
+    if (change.startsWith('#'))
+        QCOMPARE(shown(), before);
+    QVERIFY(make());
+    QCOMPARE(stored(*m_host, key), after);
+    QVERIFY(!isShown(view, place));
+    if (change.startsWith('#'))
+        QCOMPARE(shown(), after);
+    else
+        QVERIFY(editor->rows() != rows);
 }
 
 void TestEditInfoPage::opensTheEditors_data()

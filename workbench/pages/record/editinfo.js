@@ -17,8 +17,10 @@ Page.start('editInfo', function () {
         panelShown: function () { }
     });
     Page.listen(blankLine, 'change', function () {
-        editInfo.setDisplayBlankLine(blankLine.checked);
-        Page.tellStored('failure', editInfo.getDisplayBlankLine() === blankLine.checked);
+        var wanted = blankLine.checked;
+        editInfo.setDisplayBlankLine(wanted);
+        drawChoice();
+        Page.tellStored('failure', blankLine.checked === wanted);
     });
     return function () {
         form.draw();

@@ -177,15 +177,25 @@ var InfoFont = function (options) {
         return wrong !== undefined;
     }
 
+    // Puts what is stored into its control.
+    function show(field, value) {
+        var control = Page.get(field.id);
+        if (field.kind === 'flag')
+            control.checked = value;
+        else if (control.tagName === 'SELECT')
+            Page.setChoice(control, value);
+        else
+            control.value = String(value);
+        control.classList.remove('wrong');
+    }
+
     // Brings everything that depends on the controls to their state.
     function follow() {
         fields.forEach(function (field) {
             var control = Page.get(field.id);
             control.disabled = field.needs !== undefined && !Page.get(field.needs).checked;
-            if (control.disabled && control.classList.contains('wrong')) {
-                control.value = String(read(field)); // nobody could mend it
-                control.classList.remove('wrong');
-            }
+            if (control.disabled && control.classList.contains('wrong'))
+                show(field, read(field)); // nobody could mend it
             if (field.kind !== 'colour')
                 return;
             swatchesOf(field.id).forEach(function (swatch) {
@@ -207,11 +217,7 @@ var InfoFont = function (options) {
                 (texts.indexOf(value) < 0 ? [value].concat(texts) : texts).forEach(
                     function (text) { addOption(control, text, text); });
             }
-            if (field.kind === 'flag')
-                control.checked = value;
-            else
-                control.value = String(value);
-            control.classList.remove('wrong');
+            show(field, value);
         });
         tellWrong();
         follow();
@@ -226,9 +232,12 @@ var InfoFont = function (options) {
         }
         read(field); // the setters take the group that was read last
         editInfo['set' + field.property](value, true);
+        var kept = read(field);
+        if (kept !== value)
+            show(field, kept);
         follow();
         if (!tellWrong())
-            Page.tellStored('fontState', read(field) === value);
+            Page.tellStored('fontState', kept === value);
         options.changed();
     }
 
