@@ -189,6 +189,8 @@ private slots:
     void setsFontsOfAllPlaces();
     void namesAMissingFont_data();
     void namesAMissingFont();
+    void knowsTheSubstitutesInTheWorkbench_data();
+    void knowsTheSubstitutesInTheWorkbench();
     void leavesTheGroupsAloneWhileTheFontIsSet();
 
     void showsGroupsAsTabs();
@@ -598,6 +600,14 @@ void TestEditInfoPage::keepsLinesOfTheSaveForm()
     QVERIFY(press(editor.view(), Qt::Key_Up, Qt::AltModifier));
     QCOMPARE(editor.place(), QString("Separators keep their place here."));
     QCOMPARE(stored(*m_host, Keys::saveInfo.display + "0"), FourItems);
+    editor.focusRow(0);
+    QVERIFY(press(editor.view(), Qt::Key_Up, Qt::AltModifier)); // tells of another row
+    editor.take(3, editor.pointIn(1, 0.2));
+    QVERIFY(!isShown(editor.view(), "#marker"));
+    editor.letGo(editor.pointIn(1, 0.2));
+    QCOMPARE(editor.place(), QString("Separators keep their place here."));
+    QCOMPARE(stored(*m_host, Keys::saveInfo.display + "0"), FourItems);
+    QCOMPARE(callsOf(*m_host, "setPref(\"saveinfo/display0\""), 0);
     editor.focusRow(4);
     QVERIFY(press(editor.view(), Qt::Key_Up, Qt::AltModifier));
     QCOMPARE(stored(*m_host, Keys::saveInfo.display + "0"),
@@ -1185,6 +1195,24 @@ void TestEditInfoPage::namesAMissingFont()
     QCOMPARE(text(editor.view(), "#fontMissing"), told);
     QCOMPARE(read(editor.view(), "document.getElementById('fontName').value").toString(), family);
     QCOMPARE(stored(*m_host, Keys::info.fontName), family); // it stays until another is chosen
+}
+
+void TestEditInfoPage::knowsTheSubstitutesInTheWorkbench_data()
+{
+    QTest::addColumn<QString>("page");
+    for (const char *page : {"editinfo", "saveinfo"})
+        QTest::newRow(page) << page;
+}
+
+void TestEditInfoPage::knowsTheSubstitutesInTheWorkbench()
+{
+    QFETCH(QString, page);
+    PageVisit visit;
+    visit.host.addCamera();
+    QVERIFY(visit.open(page, [&](QDialog &, GUI_WebView *view) {
+        QCOMPARE(read(view, "typeof informationSamples").toString(), QString("object"));
+        QVERIFY(read(view, "informationSamples.substituteFont('Gone Sans') !== ''").toBool());
+    }));
 }
 
 void TestEditInfoPage::leavesTheGroupsAloneWhileTheFontIsSet()
