@@ -26,6 +26,24 @@ public:
         StandInHost::setPlannedGroupDir(name);
     }
 
+    void clearPlannedGroupDir() override
+    {
+        changes.append("no group");
+        StandInHost::clearPlannedGroupDir();
+    }
+
+    void clearPlannedDirs() override
+    {
+        changes.append("no directories");
+        StandInHost::clearPlannedDirs();
+    }
+
+    void clearPlannedFiles() override
+    {
+        changes.append("no files");
+        StandInHost::clearPlannedFiles();
+    }
+
     void addPlannedDir(const QString &dir) override
     {
         changes.append("directory " + dir);
@@ -293,9 +311,11 @@ void TestPathRandom::choosePlan()
             oneOf({"/x", "/x/", m_base + "/", m_base + "/sub/", m_base + "/sub", "rel"}));
     for (int i = below(4); i > 0; --i)
         m_plan.addDir(m_base + "/" +
-                      oneOf({"Run_S1/", "Run_S2/", "Shot_S01/", "S1/", "Shot_C1S1/"}));
+                      oneOf({"Run_S1/", "Run_S2/", "Shot_S01/", "S1/", "Shot_C1S1/", "G/S1/"}));
     for (int i = below(4); i > 0; --i)
-        m_plan.addFile(m_base + "/" + oneOf({"Shot_S1", "Shot_S01", "shot_S2", "A_S1", "S1"}));
+        m_plan.addFile(m_base + "/" +
+                       oneOf({"Shot_S1", "Shot_S01", "shot_S2", "A_S1", "S1", "Run/Shot_S1",
+                              "Shot/Shot_S01"}));
 }
 
 TestPathRandom::Outcome TestPathRandom::run(const std::function<QString(Maps &)> &compose)
@@ -311,7 +331,8 @@ TestPathRandom::Outcome TestPathRandom::run(const std::function<QString(Maps &)>
         outcome.result = QString("thrown: ") + exception.what();
     }
     outcome.changes = changes;
-    outcome.log = log.texts();
+    for (const auto &line : log.lines())
+        outcome.log.append(QString::number(line.type) + " " + line.text);
     outcome.log.removeDuplicates();
     return outcome;
 }
