@@ -304,6 +304,7 @@ void TestEditInfoPage::tellsThatThereIsNoDocument()
     Editor editor(host);
     QVERIFY(editor.open());
     QVERIFY(editor.rows().isEmpty() && !isShown(editor.view(), "#list"));
+    QCOMPARE(editor.place(), QString()); // nothing to move
     QCOMPARE(text(editor.view(), "#state"),
              QString("Open a camera or a recording: its information is listed here."));
 
@@ -368,6 +369,7 @@ void TestEditInfoPage::tellsAChangeBehindItsDocument()
     QCOMPARE(text(editor->view(), "#state"),
              QString("What this list belongs to is no longer open."));
     QVERIFY(!isShown(editor->view(), "#failure") && !isShown(editor->view(), "#list"));
+    QCOMPARE(editor->place(), QString());
     QVERIFY(click(editor->view(), "#cancel"));
     QCOMPARE(stored(*m_host, key), FourItems);
     QCOMPARE(m_host->handledErrors(), QStringList());

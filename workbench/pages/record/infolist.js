@@ -128,6 +128,8 @@ var InfoList = function (options) {
         followStop();
         Page.get('sorting').hidden = read.length === 0;
         Page.tell('state', 'empty', read.length === 0 ? options.withoutItems() : '');
+        if (read.length === 0)
+            say(''); // there is nothing to move
     }
 
     // Whether these entries are the ones in the rows.
