@@ -100,8 +100,8 @@ void TestPrefSnapshot::plainSettingIsWrittenBackAsItIsStored()
     snapshot.writeBack(&host);
     QCOMPARE(host.settings().value(size, {}), QVariant(QSize(640, 480)));
     const QString place = QStringLiteral("\"saveinfo/FixedFontSizeRatioBaseResolution0\", ");
-    QCOMPARE(host.journal(), QStringList({"getPref(" + place + "invalid)",
-                                          "setPref(" + place + "640x480)"}));
+    QCOMPARE(host.journal(),
+             QStringList({"getPref(" + place + "invalid)", "setPref(" + place + "640x480)"}));
 }
 
 void TestPrefSnapshot::valueIsThatOfTheReading()
