@@ -1,11 +1,11 @@
 """Shows what the tests do not hold: small changes to the code, each tried against the tests.
 
-All changes to the sources of a folder are compiled at once, each behind a switch, in a copy of the
-checkout (build/mutate/tree); the environment picks the one that holds. The unchanged program is run
-first and tells which test reaches which change. A change is killed when one of these tests fails,
+All changes to the sources of the folders are compiled at once, each behind a switch, in a copy of
+the checkout (build/mutate/tree); the environment picks the one that holds. The unchanged program is
+run first, once for all folders, and tells which test reaches which change. A change is killed when one of these tests fails,
 crashes, or runs for ever. tests/mutants.txt lists the changes that may survive, with reasons.
 
-Ends with 1 when the tests kill less than 90 % of the changes, when the unchanged program fails its
+Ends with 1 when the tests kill less than 90 % of a folder's changes, when the unchanged program fails its
 tests, and when a reason fits no survivor; with 2 when asked for something that is not there.
 """
 
@@ -45,7 +45,10 @@ def say(text):
 def main():
     options = parse_options()
     checkout = options.checkout.resolve()
-    subject = subject_of(checkout, options.path)
+    subjects = [subject_of(checkout, path) for path in options.paths]
+    for place, subject in enumerate(subjects):
+        if is_in_any(subject, subjects[:place] + subjects[place + 1:]):
+            raise Failure(f"{subject}: told twice", 2)
     try:
         import changes as front_end
         front_end.check_front_end()
@@ -56,15 +59,15 @@ def main():
     work.mkdir(parents=True, exist_ok=True)
     tree = Tree(checkout, work)
     reasons = [entry for entry in read_reasons(checkout)
-               if is_in(entry.file, subject) or not (checkout / entry.file).is_file()]
+               if is_in_any(entry.file, subjects) or not (checkout / entry.file).is_file()]
 
     began = time.monotonic()
-    say(f"Looking for changes in {subject}")
-    tree.synchronise({}, keeping=lambda path: is_in(path, subject) and path.endswith(".cpp"))
+    say(f"Looking for changes in {', '.join(subjects)}")
+    tree.synchronise({}, keeping=lambda path: is_in_any(path, subjects) and path.endswith(".cpp"))
     tree.configure()
     pool = ThreadPoolExecutor(options.jobs)
     try:
-        changes = find_changes(front_end, tree, subject, pool)
+        changes = find_changes(front_end, tree, subjects, pool)
     except front_end.ParseError as error:
         raise Failure(str(error)) from error
     print(f"{len(changes)} changes, {time.monotonic() - began:.0f} s")
@@ -85,20 +88,25 @@ def main():
     try:
         say(f"Running {len(tests)} tests on the unchanged program")
         record(pool, trials, tests, changes, work)
-        say(f"Trying {len(changes)} changes")
-        killers = try_all(pool, trials, changes)
+        status = 0
+        for subject in subjects:
+            own = [change for change in changes if is_in(change.file, subject)]
+            say(f"Trying {len(own)} changes to {subject}")
+            killers = try_all(pool, trials, own)
+            status |= report(own, killers, trials, reasons_in(reasons, subject), subject, work,
+                             time.monotonic() - began)
     except BaseException:
         runner.stop()
         pool.shutdown(cancel_futures=True)
         raise
     pool.shutdown()
-    return report(changes, killers, trials, reasons, subject, work, time.monotonic() - began)
+    return status
 
 
 def parse_options():
     parser = argparse.ArgumentParser(prog="./dev mutate", description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("path", metavar="FOLDER|FILE", help="sources, such as plugin")
+    parser.add_argument("paths", metavar="FOLDER|FILE", nargs="+", help="sources, such as plugin")
     parser.add_argument("--tests", metavar="REGEX", type=re.compile,
                         help="build and run only the tests with such names")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="changes tried at once")
@@ -125,6 +133,14 @@ def is_in(file, subject):
     return file == subject or file.startswith(f"{subject}/")
 
 
+def is_in_any(file, subjects):
+    return any(is_in(file, subject) for subject in subjects)
+
+
+def reasons_in(reasons, subject):
+    return [entry for entry in reasons if is_in(entry.file, subject)]
+
+
 def read_reasons(checkout):
     path = checkout / REASONS
     try:
@@ -133,11 +149,12 @@ def read_reasons(checkout):
         raise Failure(f"{REASONS}: {error}") from error
 
 
-def find_changes(front_end, tree, subject, pool):
+def find_changes(front_end, tree, subjects, pool):
     arguments = tree.compiled()
-    files = sorted(file for file in arguments if is_in(file, subject))
-    if not files:
-        raise Failure(f"{subject}: no source that is compiled", 2)
+    files = sorted(file for file in arguments if is_in_any(file, subjects))
+    for subject in subjects:
+        if not any(is_in(file, subject) for file in files):
+            raise Failure(f"{subject}: no source that is compiled", 2)
 
     def read(file):
         source = front_end.read_source(tree.checkout / file)

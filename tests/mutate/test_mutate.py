@@ -236,6 +236,12 @@ class Finding(unittest.TestCase):
 
 
 # Function, change and fate of every change to part/Door.cpp.
+GATE_FATES = """\
+isOpenAt|hour > 8 -> hour >= 8|SURVIVED
+isOpenAt|hour > 8 -> hour <= 8|test_door fails
+isOpenAt|8 + 1 in hour > [8]|SURVIVED
+"""
+
 FATES = """\
 Door::enter|negated: isLocked()|test_door fails
 Door::enter|isLocked() -> m_locked|test_door fails
@@ -317,6 +323,17 @@ class SmallCheckout(unittest.TestCase):
                       "0 + 1 in const char *none = [0]\n", done.stdout)
         self.assertRegex(done.stdout, r"\npart +20 +0 +20 +18 +90.0\n")
         self.assertRegex(done.stdout, r"\nall +20 +0 +20 +18 +90.0\n")
+
+        # Several folders in one run have a table and a count each; one that is not told has none.
+        self.assertFalse((self.root / "build" / "mutate" / "gate.txt").exists())
+        done = self.mutate("part", "gate")
+        self.assertEqual(self.fates("part.txt"), FATES, done.stdout + done.stderr)
+        self.assertEqual(self.fates("gate.txt"), GATE_FATES, done.stdout + done.stderr)
+        self.assertEqual(done.returncode, 1, done.stdout)
+        self.assertEqual(done.stdout.count("Less than 90% of the changes are killed\n"), 1)
+        self.assertEqual(done.stdout.count("Running 1 tests on the unchanged program"), 1)
+        done = self.mutate("part/Door.cpp", "gate", "part")
+        self.assertEqual((done.returncode, done.stderr), (2, "part/Door.cpp: told twice\n"))
 
         # A reason takes a survivor out of the count, in a folder only for three in a hundred.
         (self.root / "tests" / "mutants.txt").write_text(REASONS)

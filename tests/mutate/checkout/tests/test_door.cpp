@@ -3,6 +3,8 @@
 
 #include <string>
 
+bool isOpenAt(int hour);
+
 struct Host final : HostServices
 {
     void open() override { story += "open "; }
@@ -25,6 +27,6 @@ int main()
     const int seven = 7;
     const bool passes = host.story == "open ring " && other.story.empty() && countDown(3) == 3 &&
                         valueAt(nullptr) == 0 && valueAt(&seven) == 7 && price(1) == 6 &&
-                        price(3) == 8 && label() == nullptr;
+                        price(3) == 8 && label() == nullptr && isOpenAt(10);
     return passes ? 0 : 1;
 }
