@@ -215,6 +215,13 @@ def function_seconds(path, stretch):
     return result
 
 
+def start_seconds(seconds, durations):
+    """What each run of a Qt test costs, whichever of its functions run: its start, and what it
+    does before the first and behind the last."""
+    return max(0.0, seconds - sum(duration for function, duration in durations.items()
+                                  if function not in NO_FUNCTIONS))
+
+
 def read_reach(text):
     """The functions of a test that reach a change, by the key of the change."""
     reach = {}
@@ -266,7 +273,7 @@ class Trials:
                                               {"ORVIX_MUTANTS_REACHED": str(reached)})
         test.seconds = outcome.seconds
         test.functions = durations
-        test.start_seconds = max(0.0, outcome.seconds - sum(durations.values()))
+        test.start_seconds = start_seconds(outcome.seconds, durations)
         reach = read_reach(reached.read_text()) if reached.exists() else {}
         with self._lock:
             for key, functions in reach.items():

@@ -20,7 +20,7 @@ sys.path.insert(0, str(SCRIPT))
 import reasons  # noqa: E402
 from rewrite import SWITCH, Change, Wrap, flat, instrumented, number_changes, wrapped  # noqa: E402
 from tree import error_lines  # noqa: E402
-from trials import Test, Unit, judged, read_reach, taking_part, units_of  # noqa: E402
+from trials import Test, Unit, judged, read_reach, start_seconds, taking_part, units_of  # noqa: E402
 
 
 def change(text, *wraps, function="f", line=1):
@@ -122,6 +122,12 @@ class Judging(unittest.TestCase):
         self.assertEqual(units_of(test, {"unknown"}), whole)
         test.whole_only = True
         self.assertEqual(units_of(test, {"a"}), whole)
+
+    def test_every_run_does_what_stands_around_the_functions(self):
+        self.assertAlmostEqual(start_seconds(3.0, {"a": 0.5, "b": 0.25}), 2.25)
+        self.assertAlmostEqual(
+            start_seconds(60.0, {"initTestCase": 50.0, "a": 1.0, "cleanupTestCase": 2.0}), 59.0)
+        self.assertEqual(start_seconds(1.0, {"a": 2.0}), 0.0)
 
     def test_slow_tests_take_part_where_no_other_does(self):
         quick, slow = Unit("a", (), 5.0), Unit("b", (), 5.5)
