@@ -586,6 +586,11 @@ void TestRegionFlow::releaseForADocumentThatTheToolDisowns()
     tool.onMouseRelease(QPoint(160, 140), 1);
     QVERIFY(!tool.isDragging());
     QCOMPARE(host.commands(), QStringList({"endUndoMacro()"}));
+
+    // Without a press before it there is nothing to end, and nothing to push.
+    host.clearJournal();
+    tool.onMouseRelease(QPoint(160, 140), 1);
+    QCOMPARE(host.journal(), QStringList());
 }
 
 void TestRegionFlow::pressOnADocumentThatTheToolDisowns()
