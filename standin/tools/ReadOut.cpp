@@ -3,9 +3,9 @@
 #include "contract/HostGuard.h"
 #include "contract/PLG_Interface.h"
 #include "foundation/Keys.h"
-#include "standin/documents/DocumentList.h"
 #include "standin/documents/StandInCamera.h"
 #include "standin/journal/StandInEvents.h"
+#include "standin/session/DocumentList.h"
 
 #include <algorithm>
 

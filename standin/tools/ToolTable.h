@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standin/documents/CameraLock.h"
+#include "standin/session/CameraLock.h"
 #include "standin/tools/ToolTranslations.h"
 
 #include <QHash>

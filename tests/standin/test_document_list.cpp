@@ -1,7 +1,7 @@
-#include "standin/documents/DocumentList.h"
 #include "standin/documents/StandInCamera.h"
 #include "standin/documents/StandInGroup.h"
 #include "standin/host/StandInHost.h"
+#include "standin/session/DocumentList.h"
 #include "tests/support/TestLog.h"
 
 #include <QElapsedTimer>

@@ -1,4 +1,4 @@
-#include "standin/documents/UndoHistory.h"
+#include "standin/session/UndoHistory.h"
 
 #include "standin/journal/StandInEvents.h"
 

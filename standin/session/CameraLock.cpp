@@ -1,11 +1,11 @@
-#include "standin/documents/CameraLock.h"
+#include "standin/session/CameraLock.h"
 
-#include "standin/documents/CameraSettingsStep.h"
-#include "standin/documents/DocumentList.h"
 #include "standin/documents/DocumentOwner.h"
 #include "standin/documents/StandInCamera.h"
-#include "standin/documents/UndoHistory.h"
 #include "standin/journal/StandInEvents.h"
+#include "standin/session/CameraSettingsStep.h"
+#include "standin/session/DocumentList.h"
+#include "standin/session/UndoHistory.h"
 
 namespace {
 

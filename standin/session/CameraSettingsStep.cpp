@@ -1,4 +1,4 @@
-#include "standin/documents/CameraSettingsStep.h"
+#include "standin/session/CameraSettingsStep.h"
 
 #include "standin/documents/DocumentOwner.h"
 #include "standin/documents/StandInCamera.h"

@@ -1,4 +1,4 @@
-#include "standin/documents/DocumentList.h"
+#include "standin/session/DocumentList.h"
 
 #include "standin/documents/StandInCamera.h"
 #include "standin/documents/StandInGroup.h"
