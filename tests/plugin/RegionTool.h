@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ProbeTool.h"
 #include "standin/host/StandInHost.h"
+#include "tests/plugin/ProbeTool.h"
 
 #include <functional>
 

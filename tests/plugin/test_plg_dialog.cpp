@@ -1,8 +1,8 @@
-#include "ProbeTool.h"
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "bridge/mediator/JS_Mediator_Dialog.h"
 #include "contract/HostValues.h"
 #include "standin/host/StandInHost.h"
+#include "tests/plugin/ProbeTool.h"
 #include "tests/support/TestLog.h"
 
 #include <QFile>

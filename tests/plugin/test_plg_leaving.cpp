@@ -1,6 +1,6 @@
-#include "RegionTool.h"
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "plugin/region/RegionGeometry.h"
+#include "tests/plugin/RegionTool.h"
 #include "tests/support/TestLog.h"
 
 #include <QGuiApplication>

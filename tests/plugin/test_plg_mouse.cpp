@@ -1,5 +1,5 @@
-#include "ProbeTool.h"
 #include "standin/host/StandInHost.h"
+#include "tests/plugin/ProbeTool.h"
 #include "tests/support/TestLog.h"
 
 #include <QGuiApplication>

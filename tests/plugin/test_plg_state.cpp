@@ -1,7 +1,7 @@
-#include "ProbeTool.h"
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "bridge/mediator/JS_Mediator.h"
 #include "standin/host/StandInHost.h"
+#include "tests/plugin/ProbeTool.h"
 #include "tests/support/TestLog.h"
 
 #include <QPainter>

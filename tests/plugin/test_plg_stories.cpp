@@ -1,7 +1,7 @@
-#include "RegionTool.h"
 #include "bridge/dialog/GUI_ModelessPatternDialog.h"
 #include "contract/HostGuard.h"
 #include "contract/HostValues.h"
+#include "tests/plugin/RegionTool.h"
 #include "tests/support/TestLog.h"
 
 #include <QGuiApplication>

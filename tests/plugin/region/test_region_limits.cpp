@@ -1,5 +1,5 @@
-#include "RegionTool.h"
 #include "plugin/region/RegionGeometry.h"
+#include "tests/plugin/RegionTool.h"
 #include "tests/support/TestLog.h"
 
 #include <cmath>
