@@ -21,7 +21,7 @@ from pathlib import Path
 
 # A test that takes longer takes part only where no other reaches a change.
 SLOW_SECONDS = 5.0
-# Functions of one test run together up to here: the start of a process costs about as much.
+# Functions of one test run together up to here, or up to what its start takes: it costs as much.
 TOGETHER_SECONDS = 0.25
 # A change may make a test so much slower before it counts as one that runs for ever.
 PATIENCE = 4.0
@@ -237,8 +237,9 @@ def units_of(test, functions):
         return [Unit(test.name, (), test.seconds)]
     units = []
     together, seconds = [], 0.0
+    most = max(TOGETHER_SECONDS, test.start_seconds)
     for function in sorted(functions, key=lambda name: (test.functions[name], name)):
-        if together and seconds + test.functions[function] > TOGETHER_SECONDS:
+        if together and seconds + test.functions[function] > most:
             units.append(Unit(test.name, tuple(together), test.start_seconds + seconds))
             together, seconds = [], 0.0
         together.append(function)

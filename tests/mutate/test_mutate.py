@@ -116,6 +116,12 @@ class Judging(unittest.TestCase):
                     functions={"a": 0.125, "b": 0.0625, "c": 0.0625, "d": 2.0})
         self.assertEqual(units_of(test, {"d", "a", "c", "b"}),
                          [Unit("t", ("b", "c", "a"), 0.75), Unit("t", ("d",), 2.5)])
+        test.start_seconds = 2.125
+        self.assertEqual(units_of(test, {"d", "a", "c", "b"}),
+                         [Unit("t", ("b", "c", "a"), 2.375), Unit("t", ("d",), 4.125)])
+        test.start_seconds = 2.25
+        self.assertEqual(units_of(test, {"d", "a", "c", "b"}),
+                         [Unit("t", ("b", "c", "a", "d"), 4.5)])
         whole = [Unit("t", (), 3.0)]
         self.assertEqual(units_of(test, {"a", ""}), whole)
         self.assertEqual(units_of(test, {"initTestCase"}), whole)

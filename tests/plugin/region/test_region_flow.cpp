@@ -85,6 +85,7 @@ private slots:
     void toolChoosesItsOwnPointer();
     void finishReleasesWhereThePointerWasLast();
     void leaveTakesBackThePointer();
+    void pointerGoesWithTheTool();
     void pointerOfTheSameShapeIsNotTheToolsOwn();
     void pointerThatSomebodyTookBackIsShownAnew();
     void failingQuestionLeavesTheMacroClosable();
@@ -654,6 +655,16 @@ void TestRegionFlow::leaveTakesBackThePointer()
     scene.tool.onMouseLeave();
     QCOMPARE(shownPointer(), -1);
     QCOMPARE(scene.tool.currentDocId(), -1);
+}
+
+void TestRegionFlow::pointerGoesWithTheTool()
+{
+    {
+        Scene scene;
+        scene.move(150, 140);
+        QCOMPARE(shownPointer(), int(Qt::SizeAllCursor));
+    }
+    QCOMPARE(shownPointer(), -1);
 }
 
 void TestRegionFlow::pointerOfTheSameShapeIsNotTheToolsOwn()
