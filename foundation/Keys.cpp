@@ -175,6 +175,8 @@ TimeFormats::TimeFormats() = default;
 
 FixedTexts::FixedTexts() = default;
 
+CompanionTexts::CompanionTexts() = default;
+
 std::array<StatusWord, 9> StatusWord::makeAll()
 {
     return {{

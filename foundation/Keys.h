@@ -395,6 +395,18 @@ struct FixedTexts
 };
 inline const FixedTexts texts;
 
+/// The companion application, and where a list of installed programs tells of it.
+struct CompanionTexts
+{
+    CompanionTexts();
+
+    QString displayName = QLatin1String("DisplayName");         ///< value of an entry: its name
+    QString installLocation = QLatin1String("InstallLocation"); ///< value of an entry: its folder
+    QString name = QLatin1String("Sarnex Halcyon Quellan 2");   ///< the companion's display name
+    QString program = QLatin1String("qln2.exe");                ///< in its folder
+};
+inline const CompanionTexts companion;
+
 /// A camera's operating state: one bit, none for live, and its word.
 struct StatusWord
 {

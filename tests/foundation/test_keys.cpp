@@ -43,7 +43,7 @@ QStringList allWords()
     QStringList words = textsOf(Keys::states) + textsOf(Keys::tools) + textsOf(Keys::columns) +
                         textsOf(Keys::units) + textsOf(Keys::binningSuffixes) +
                         textsOf(Keys::colorTemperatures) + textsOf(Keys::timeFormats) +
-                        textsOf(Keys::texts);
+                        textsOf(Keys::texts) + textsOf(Keys::companion);
     for (const Keys::StatusWord &status : Keys::statusWords)
         words.append(status.word);
     for (const Keys::TriggerMode &mode : Keys::triggerModes)
@@ -540,6 +540,11 @@ void TestKeys::words_data()
     row("{Separator}", Keys::texts.separator);
     row("192.168.0.10", Keys::texts.addIpDefault);
     row("192.168.0.0", Keys::texts.searchIpDefault);
+
+    row("DisplayName", Keys::companion.displayName);
+    row("InstallLocation", Keys::companion.installLocation);
+    row("Sarnex Halcyon Quellan 2", Keys::companion.name);
+    row("qln2.exe", Keys::companion.program);
 }
 
 void TestKeys::words()
