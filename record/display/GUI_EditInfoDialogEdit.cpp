@@ -2,6 +2,7 @@
 
 #include "bridge/operation/DialogRun.h"
 #include "bridge/operation/FileChoice.h"
+#include "bridge/operation/OwnedDialog.h"
 #include "bridge/page/GUI_WebView.h"
 #include "contract/DOC_Interface.h"
 #include "contract/HostGuard.h"
@@ -27,22 +28,6 @@ bool playsBackFiles(HostServices *host)
 {
     return !host->isLiveMode() && !host->isMemoryMode();
 }
-
-/// Deletes a dialog, unless its parent has.
-class OwnedDialog
-{
-public:
-    explicit OwnedDialog(QDialog *dialog) : m_dialog(dialog) {}
-    ~OwnedDialog() { delete m_dialog; }
-
-    OwnedDialog(const OwnedDialog &) = delete;
-    OwnedDialog &operator=(const OwnedDialog &) = delete;
-
-    QDialog &operator*() const { return *m_dialog; }
-
-private:
-    QPointer<QDialog> m_dialog;
-};
 
 void markOverlaysDirty(HostServices *host)
 {
