@@ -74,17 +74,35 @@ void composeTargetPaths(HostServices *host, int mode, DOC_Interface *doc, bool u
 }
 
 ComposedPath composePath(HostServices *host, int mode, DOC_Interface *doc, int partitionNo,
-                         bool useAlternativeDir, const QDateTime &time, int reportVariant)
+                         bool useAlternativeDir, const QDateTime &time, int reportVariant,
+                         const QVector<DOC_Interface *> &before)
 {
+    const PathComposition::Target target{useAlternativeDir, reportVariant,
+                                         PathComposition::Plan::Leave};
+    ComposedPath result;
+    PathComposition::OwnPlan plan;
+    for (DOC_Interface *earlier : before) {
+        PathComposition composition(host, earlier, time);
+        composition.goOnFrom(plan);
+        const QList<int> partitions = earlier->partitionNumbers();
+        for (int number : partitions) {
+            ComposedPath path;
+            composition.compose(mode, number, target, path);
+            result.refusal = path.refusal;
+            if (result.refusal != ComposedPath::Refusal::None)
+                return result;
+        }
+        plan = composition.ownPlan();
+    }
+
     QList<int> partitions = doc ? doc->partitionNumbers() : QList<int>();
     if (!partitions.contains(partitionNo))
         partitions = {partitionNo};
     PathComposition composition(host, doc, time);
-    ComposedPath result;
+    composition.goOnFrom(plan);
     for (int number : qAsConst(partitions)) {
         ComposedPath path;
-        composition.compose(mode, number,
-                            {useAlternativeDir, reportVariant, PathComposition::Plan::Leave}, path);
+        composition.compose(mode, number, target, path);
         if (number == partitionNo)
             return path;
         result.refusal = path.refusal;

@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QMap>
 #include <QString>
+#include <QVector>
 
 class DOC_Interface;
 class HostServices;
@@ -38,9 +39,11 @@ void composeTargetPaths(HostServices *host, int mode, DOC_Interface *doc, bool u
 /// The path that composeTargetPaths() would give one partition now, with its parts, or why it would
 /// refuse it; of one that it would not come to, why it refuses an earlier one, and nothing else. A
 /// partition that `doc` does not have, or that there is no `doc` for, is composed as if it were the
-/// only one. The host's plan stays as it is.
+/// only one. `before`: the documents that the batch saves before it, whose directories and files
+/// are taken then; none is null. The host's plan stays as it is.
 ComposedPath composePath(HostServices *host, int mode, DOC_Interface *doc, int partitionNo,
-                         bool useAlternativeDir, const QDateTime &time, int reportVariant);
+                         bool useAlternativeDir, const QDateTime &time, int reportVariant,
+                         const QVector<DOC_Interface *> &before = {});
 
 /// The base directory, with a trailing "/" unless empty.
 QString composeDirectory(HostServices *host, int mode, DOC_Interface *doc);

@@ -41,6 +41,14 @@ public:
         Plan plan = Plan::Leave;
     };
 
+    /// What takes its place beside the host's plan, which is not told.
+    struct OwnPlan
+    {
+        QString groupDir;
+        QSet<QString> dirs;
+        QSet<QString> files;
+    };
+
     /// `doc` may be null. Searches begin with `firstNumber`.
     PathComposition(HostServices *host, DOC_Interface *doc, const QDateTime &time,
                     int firstNumber = 1);
@@ -68,6 +76,11 @@ public:
     /// The whole path of one partition, in `result` as far as it came when something is thrown.
     void compose(int mode, int partitionNo, const Target &target, ComposedPath &result);
 
+    /// What Plan::Leave has planned so far, for the composition of the batch's next document, which
+    /// goes on from there.
+    const OwnPlan &ownPlan() const { return m_plan; }
+    void goOnFrom(const OwnPlan &plan) { m_plan = plan; }
+
     /// How many directories were listed.
     int listedDirectories() const;
 
@@ -82,14 +95,6 @@ private:
         std::optional<std::optional<QString>>
             testNumber; ///< inner: nothing where names are composed
         std::optional<std::optional<QVariantList>> customInfo; ///< inner: nothing to take it from
-    };
-
-    // What the host's plan is not told.
-    struct OwnPlan
-    {
-        QString groupDir;
-        QSet<QString> dirs;
-        QSet<QString> files;
     };
 
     bool isFileMode();

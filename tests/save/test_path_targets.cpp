@@ -47,6 +47,9 @@ private slots:
     void handedOutPathIsThatOfTheMaps_data();
     void handedOutPathIsThatOfTheMaps();
     void earlierRefusalIsHandedOut();
+    void handedOutPathIsThatOfTheBatch_data();
+    void handedOutPathIsThatOfTheBatch();
+    void refusalOfAnEarlierDocumentIsHandedOut();
     void directoryIsListedOnce();
     void partitionsAreOneComposition();
     void everyCallMayFail();
@@ -687,6 +690,77 @@ void TestPathTargets::handedOutPathIsThatOfTheMaps()
         PathComposer::composePath(m_host.get(), 1, m_camera.get(), 5, false, moment(), 0);
     QVERIFY(other.isPlaced);
     QCOMPARE(other.file.search.number, 1);
+}
+
+void TestPathTargets::handedOutPathIsThatOfTheBatch_data()
+{
+    QTest::addColumn<Settings>("settings");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    const Settings group{{"export/groupdir", true},
+                         {"export/groupdirname", "Run"},
+                         {"export/groupdiraddnumber", true},
+                         {"export/groupdiraddnumberformat", ""},
+                         {"export/groupdiraddnumbercameranodigits", 1},
+                         {"export/groupdiraddnumberheadnodigits", 0},
+                         {"export/groupdiraddnumbersessionnodigits", 2}};
+    QTest::newRow("files of one name") << Settings() << "Shot_S0002"
+                                       << "Shot_S0003";
+    QTest::newRow("group directory of the first") << group << "Run_C1S01/Shot_S0001"
+                                                  << "Run_C1S01/Shot_S0002";
+    QTest::newRow("sub directory that the first takes")
+        << Settings{{"export/subdir", true},
+                    {"export/subdirname", "Sub"},
+                    {"export/subdiraddnumber", true},
+                    {"export/subdiraddnumberformat", ""},
+                    {"export/subdiraddnumbercameranodigits", 0},
+                    {"export/subdiraddnumberheadnodigits", 0},
+                    {"export/subdiraddnumbersessionnodigits", 2}}
+        << "Sub_S01/Shot_S0001"
+        << "Sub_S02/Shot_S0001";
+}
+
+void TestPathTargets::handedOutPathIsThatOfTheBatch()
+{
+    QFETCH(Settings, settings);
+    QFETCH(QString, first);
+    QFETCH(QString, second);
+    touch("Shot_S0001.x");
+    StandInCamera::Description description;
+    description.cameraNumber = 1;
+    AddingCamera other(*m_host, 101, description);
+    m_camera->addition = other.addition = numbered("");
+    set(settings);
+    LogCapture log;
+    m_host->clearJournal();
+    const auto compose = [&](DOC_Interface *doc, const QVector<DOC_Interface *> &before) {
+        return inBase(
+            PathComposer::composePath(m_host.get(), 1, doc, 1, false, moment(), 0, before).path);
+    };
+    QCOMPARE(compose(m_camera.get(), {}), first);
+    QCOMPARE(compose(&other, {m_camera.get()}), second);
+    QCOMPARE(m_host->commands(), QStringList());
+    Maps maps;
+    composeAll(1, maps, m_camera.get());
+    QCOMPARE(inBase(maps.paths.value(1)), first);
+    composeAll(1, maps, &other);
+    QCOMPARE(inBase(maps.paths.value(1)), second);
+}
+
+void TestPathTargets::refusalOfAnEarlierDocumentIsHandedOut()
+{
+    AddingCamera other(*m_host, 101, {});
+    m_camera->state().partitions = {{1, "", 1, 0}};
+    other.state().partitions = {{1, "B", 1, 0}};
+    set("export/filenameaspartitionname", true);
+    const auto compose = [&] {
+        return PathComposer::composePath(m_host.get(), 1, &other, 1, false, moment(), 0,
+                                         {m_camera.get()});
+    };
+    QVERIFY(compose().refusal == Refusal::NoName);
+    QVERIFY(!compose().isPlaced);
+    m_camera->state().partitions[0].name = "A";
+    QCOMPARE(inBase(compose().path), QString("B"));
 }
 
 // A save does not come to the partitions behind one that it refuses.
