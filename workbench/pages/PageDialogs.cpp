@@ -8,6 +8,7 @@
 #include "contract/HostGuard.h"
 #include "standin/host/StandInHost.h"
 #include "workbench/pages/PageCatalogue.h"
+#include "workbench/pages/PageWindow.h"
 #include "workbench/pages/Pages.h"
 
 #include <QWebFrame>
@@ -45,9 +46,13 @@ std::unique_ptr<QDialog> makePlain(StandInHost &host, const PageEntry &page, QWi
 
 }
 
-PageDialogs::PageDialogs(StandInHost &host) : m_host(host), m_samples(host)
+PageDialogs::PageDialogs(StandInHost &host) : m_host(host), m_samples(host), m_savePreview(host)
 {
     Pages::registerResources();
+    QObject::connect(m_host.events(), &StandInEvents::pageAttached, &m_savePreview,
+                     [this](GUI_WebView *view) {
+                         PageWindow::show(view, QStringLiteral("savePreview"), &m_savePreview);
+                     });
     m_host.frontEnd().prefsDialog = this;
     m_host.frontEnd().showAbout = [this] { showAbout(); };
     m_host.frontEnd().showEthernetSettings = [this] { showEthernetSettings(); };

@@ -2,6 +2,7 @@
 
 #include "contract/HostServices.h"
 #include "workbench/pages/InformationSamples.h"
+#include "workbench/save/SavePreview.h"
 
 class JS_Mediator;
 class StandInHost;
@@ -9,7 +10,7 @@ struct PageEntry;
 
 /// Runs the dialogs of the catalogue. Preferences, about box and Ethernet settings serve the host's
 /// operations of these names from construction to destruction. So long pages find the
-/// InformationSamples. GUI thread.
+/// InformationSamples and the SavePreview. GUI thread.
 class PageDialogs : public HostPrefsDialog
 {
 public:
@@ -36,4 +37,5 @@ private:
 
     StandInHost &m_host;
     InformationSamples m_samples;
+    SavePreview m_savePreview;
 };
