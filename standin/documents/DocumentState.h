@@ -10,6 +10,8 @@
 #include <QSize>
 #include <QVariant>
 
+#include <optional>
+
 class DOC_Interface;
 
 /// A partition of a camera's memory, or the one of a file.
@@ -58,8 +60,9 @@ struct DocMainState
     QString fallbackName;
     QString dataName; ///< given by setDataName()
     bool isCameraRecord = false;
-    QString nameAddition; ///< answer of fileNameAddition(); "%1" stands for the sequence number
-    int documentKind = 0; ///< 2: opened file
+    std::optional<QString> nameAddition; ///< answer of fileNameAddition(), "%1" for the sequence
+                                         ///< number; none: by the settings
+    int documentKind = 0;                ///< 2: opened file
     bool isOnSdCard = false;
     bool isOnKelvault = false;
     bool isOnCFast = false;

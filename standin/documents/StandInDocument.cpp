@@ -20,7 +20,7 @@ int scrolledTo(int view, int shown, int scroll)
 StandInDocument::StandInDocument(DocumentOwner &owner, DOCKEY key)
     : m_owner(owner), m_journal(owner.callJournal()), m_key(key),
       m_journalName(QLatin1Char('[') + QString::number(key) + QLatin1Char(']')), m_overlay(*this),
-      m_heads(*this)
+      m_target(*this), m_heads(*this)
 {
 }
 

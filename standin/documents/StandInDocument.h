@@ -3,6 +3,7 @@
 #include "contract/DOC_Interface.h"
 #include "standin/documents/DocumentOverlay.h"
 #include "standin/documents/DocumentState.h"
+#include "standin/documents/DocumentTarget.h"
 #include "standin/drawing/InfoFacts.h"
 #include "standin/drawing/ViewGeometry.h"
 #include "standin/journal/CallJournal.h"
@@ -63,6 +64,9 @@ public:
 
     /// The information over its pictures.
     DocumentOverlay &overlay() { return m_overlay; }
+
+    /// What it is to a save.
+    const DocumentTarget &target() const { return m_target; }
 
     /// Sends the document's settings to its device.
     virtual void sendSettings() {}
@@ -153,6 +157,7 @@ private:
     const QString m_journalName;
     DocumentState m_state;
     DocumentOverlay m_overlay;
+    DocumentTarget m_target;
     bool m_closed = false;
     Heads m_heads;
 };

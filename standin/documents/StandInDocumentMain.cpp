@@ -59,8 +59,10 @@ QString StandInDocumentMain<Contract>::fileNameAddition(int mode, int partitionN
                                                         bool &usesSequence, const QDateTime &time)
 {
     asked("fileNameAddition", mode, partitionNo, sequence, time);
-    usesSequence = state().nameAddition.contains(QLatin1String("%1"));
-    QString addition = state().nameAddition;
+    if (!state().nameAddition)
+        return target().nameAddition(mode, partitionNo, sequence, usesSequence, time);
+    QString addition = *state().nameAddition;
+    usesSequence = addition.contains(QLatin1String("%1"));
     return addition.replace(QLatin1String("%1"), QString::number(sequence));
 }
 

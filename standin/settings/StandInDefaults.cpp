@@ -2,6 +2,7 @@
 
 #include "foundation/InfoItems.h"
 #include "foundation/Keys.h"
+#include "standin/settings/HostKeys.h"
 #include "standin/settings/TimeCodeSetting.h"
 
 #include <QMap>
@@ -59,6 +60,29 @@ struct Catalogue
         add(keys.useCustomFromTarget, false);
         add(keys.useCustomFromTargetKey, -1);
         add(keys.useCustomIncludeUnit, false);
+    }
+
+    // What a document adds to the name: its number, with as many digits as there are cameras, so
+    // that documents of one save and saves of one document differ. Reports of files that are
+    // composed together have the same number, and so the file's name beside it.
+    void addNameAddition(const HostKeys::FileNameKeys &keys, bool isReport)
+    {
+        add(keys.addTextValue, QString());
+        add(keys.addNumber, true);
+        add(keys.addNumberFormat, QStringLiteral("auto"));
+        addDigits(keys.manualDigits);
+        add(keys.addDetail, isReport);
+        add(keys.details, isReport ? QStringLiteral("File name") : QString());
+        add(keys.detailsConnect, QStringLiteral("_"));
+        add(keys.sequenceDigits, 6);
+    }
+
+    void addHostKeys(SaveModes::Family family)
+    {
+        const HostKeys::SaveKeys &keys = HostKeys::save(family);
+        addNameAddition(keys.fileName, family == SaveModes::Family::Report);
+        addDigits(keys.groupDirManualDigits);
+        addDigits(keys.subDirManualDigits);
     }
 
     void addSave(const Keys::SaveKeys &keys)
@@ -227,9 +251,12 @@ const QMap<QString, QVariant> &catalogue()
 {
     static const QMap<QString, QVariant> result = [] {
         Catalogue all;
-        for (const Keys::SaveKeys *keys : {&Keys::exportSave, &Keys::convertSave, &Keys::snapSave,
-                                           &Keys::reportSave, &Keys::layoutSave})
-            all.addSave(*keys);
+        for (const SaveModes::Family family :
+             {SaveModes::Family::Export, SaveModes::Family::Convert, SaveModes::Family::Snap,
+              SaveModes::Family::Report, SaveModes::Family::Layout}) {
+            all.addSave(SaveModes::keys(family));
+            all.addHostKeys(family);
+        }
         addExport(all);
         addInformation(all);
         addSaveInformation(all);

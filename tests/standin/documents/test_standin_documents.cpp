@@ -38,7 +38,6 @@ private slots:
     void mediaSlots();
     void missingSlotIsUnusable();
     void network();
-    void fileNameAddition();
     void plainAnswersOfADocument();
     void groups();
     void groupLosesAClosedMember();
@@ -565,18 +564,6 @@ void TestStandInDocuments::network()
     QCOMPARE(camera->editDeviceData().network.subnetMask, QString("255.0.0.0"));
     camera->setNetworkSetting(1, {"10.1.1.2", "255.0.0.0", "10.1.1.254"});
     QCOMPARE(camera->ipAddress(), QString("10.1.1.2"));
-}
-
-void TestStandInDocuments::fileNameAddition()
-{
-    StandInHost host;
-    DOC_Interface *doc = host.addCamera();
-    bool uses = true;
-    QCOMPARE(doc->fileNameAddition(1, 1, 5, uses, QDateTime()), QString());
-    QVERIFY(!uses);
-    host.document(1)->state().nameAddition = "_S%1";
-    QCOMPARE(doc->fileNameAddition(1, 1, 5, uses, QDateTime()), QString("_S5"));
-    QVERIFY(uses);
 }
 
 void TestStandInDocuments::plainAnswersOfADocument()
