@@ -5,8 +5,10 @@
 #include "standin/settings/HostKeys.h"
 #include "standin/settings/TimeCodeSetting.h"
 
+#include <QFileInfo>
 #include <QMap>
 #include <QSize>
+#include <QStandardPaths>
 
 namespace StandInDefaults {
 
@@ -16,6 +18,19 @@ const QString TimeFormat = QStringLiteral("yyyyMMdd_HHmmss");
 const QString OverlayFont = QStringLiteral("DejaVu Sans");
 const QString OverlayWidth = QStringLiteral("280"); // room for a time to the nanosecond
 constexpr int SaveInfoGroups = 7;
+
+// The name of a file that a kind of save begins with.
+struct SaveDefault
+{
+    SaveModes::Family family;
+    const char *name;
+};
+
+constexpr SaveDefault SaveDefaults[] = {{SaveModes::Family::Export, "Recording"},
+                                        {SaveModes::Family::Convert, "Converted"},
+                                        {SaveModes::Family::Snap, "Snapshot"},
+                                        {SaveModes::Family::Report, "Report"},
+                                        {SaveModes::Family::Layout, "Layout"}};
 
 /// Collects defaults; a key that a kind of save does not have is empty and left out.
 struct Catalogue
@@ -48,9 +63,9 @@ struct Catalogue
         add(keys.asFileNameIncludeOption, false);
     }
 
-    void addFileName(const Keys::SaveFileNameKeys &keys)
+    void addFileName(const Keys::SaveFileNameKeys &keys, const QString &name)
     {
-        add(keys.name, QString());
+        add(keys.name, name);
         addDigits(keys.digits);
         add(keys.addTime, false);
         add(keys.addTimeFormat, TimeFormat);
@@ -85,13 +100,13 @@ struct Catalogue
         addDigits(keys.subDirManualDigits);
     }
 
-    void addSave(const Keys::SaveKeys &keys)
+    void addSave(const Keys::SaveKeys &keys, const QString &name)
     {
-        add(keys.dir, QString());
+        add(keys.dir, saveFolder());
         add(keys.dirAsOriginal, false);
         addFolder(keys.groupDir);
         addFolder(keys.subDir);
-        addFileName(keys.fileName);
+        addFileName(keys.fileName, name);
         addDigits(keys.kvDataNameDigits);
         add(keys.kvDataNameAddNumber, false);
         add(keys.mrawBayerSave, false);
@@ -251,11 +266,9 @@ const QMap<QString, QVariant> &catalogue()
 {
     static const QMap<QString, QVariant> result = [] {
         Catalogue all;
-        for (const SaveModes::Family family :
-             {SaveModes::Family::Export, SaveModes::Family::Convert, SaveModes::Family::Snap,
-              SaveModes::Family::Report, SaveModes::Family::Layout}) {
-            all.addSave(SaveModes::keys(family));
-            all.addHostKeys(family);
+        for (const SaveDefault &save : SaveDefaults) {
+            all.addSave(SaveModes::keys(save.family), QLatin1String(save.name));
+            all.addHostKeys(save.family);
         }
         addExport(all);
         addInformation(all);
@@ -289,6 +302,16 @@ QStringList keys()
             keys.append(entry.key());
     }
     return keys;
+}
+
+QString saveFolder()
+{
+    for (const auto place : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
+        const QFileInfo folder(QStandardPaths::writableLocation(place));
+        if (folder.isDir() && folder.isWritable())
+            return folder.filePath();
+    }
+    return QStandardPaths::writableLocation(QStandardPaths::TempLocation);
 }
 
 QString infoDisplay()

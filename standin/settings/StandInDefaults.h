@@ -15,6 +15,10 @@ bool isKnown(const QString &key);
 /// All keys with a default, in ascending order.
 QStringList keys();
 
+/// Where all saves go from the start: the first that is there and can be written of the user's
+/// documents, the user's home and the system's temporary files.
+QString saveFolder();
+
 /// Default of "info/display": the information items that are shown from the start.
 QString infoDisplay();
 

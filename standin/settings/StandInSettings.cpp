@@ -1,5 +1,6 @@
 #include "standin/settings/StandInSettings.h"
 
+#include "foundation/Keys.h"
 #include "foundation/ReplaceFile.h"
 #include "standin/settings/IniText.h"
 #include "standin/settings/StandInDefaults.h"
@@ -49,6 +50,13 @@ QVariant StandInSettings::defaultOf(const QString &key) const
 void StandInSettings::setDefault(const QString &key, const QVariant &value)
 {
     m_ownDefaults.insert(key, value);
+}
+
+void StandInSettings::setSaveFolder(const QString &folder)
+{
+    for (const Keys::SaveKeys *keys : {&Keys::exportSave, &Keys::convertSave, &Keys::snapSave,
+                                       &Keys::reportSave, &Keys::layoutSave})
+        setDefault(keys->dir, folder);
 }
 
 void StandInSettings::declare(const QStringList &keys)

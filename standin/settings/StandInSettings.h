@@ -24,6 +24,9 @@ public:
     QVariant defaultOf(const QString &key) const;
     void setDefault(const QString &key, const QVariant &value);
 
+    /// Makes all kinds of save begin in a folder, in place of the user's own.
+    void setSaveFolder(const QString &folder);
+
     /// Makes keys of tests and user interfaces known, without a default.
     void declare(const QStringList &keys);
 

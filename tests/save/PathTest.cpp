@@ -48,8 +48,10 @@ void PathTest::init()
     description.model = "Cam";
     description.cameraNumber = 0;
     m_camera = std::make_unique<AddingCamera>(*m_host, 100, description);
-    for (const char *family : {"export", "convert", "snap", "report", "layout"})
+    for (const char *family : {"export", "convert", "snap", "report", "layout"}) {
         set(QString("%1/dir").arg(family), m_dir->path());
+        set(QString("%1/filename").arg(family), "");
+    }
     set("export/media", "camera");
     set("export/filename", "Shot");
 }

@@ -10,7 +10,7 @@
 #include <memory>
 
 /// A host, a camera beside its list and an empty directory on the disk that all kinds of save have
-/// as their base; exports are named "Shot".
+/// as their base; exports are named "Shot", the others have no name.
 class PathTest : public TestBase
 {
     Q_OBJECT

@@ -410,7 +410,7 @@ void TestStandInSettings::defaultsThatOthersRelyOn()
     const QVector<QPair<QString, QVariant>> expected{
         {"cameraconnection/AddIPDefault", "192.168.0.10"},
         {"cameraconnection/SearchIP", "192.168.0.0"},
-        {"convert/dir", ""},
+        {"convert/dir", StandInDefaults::saveFolder()},
         {"convert/kv/datanameaddnumber", false},
         {"customize/unitSystem", 1},
         {"devicemanager/connectedCameraOnlyShowing", false},
@@ -440,7 +440,7 @@ void TestStandInSettings::defaultsThatOthersRelyOn()
         {"saveinfo/ColumnSpacing6", 10},
         {"saveinfo/FixedFontSizeRatioBaseResolution0", QSize(-1, -1)},
         {"saveinfo/WithinImage", true},
-        {"snap/filename", ""},
+        {"snap/filename", "Snapshot"},
         {"support/dir", ""},
         {"usercustom/cameraNameFilePath", ""},
         {"xml/dir", ""},

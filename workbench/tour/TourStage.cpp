@@ -45,6 +45,7 @@ TourStage::TourStage(const Options &options, const Scene &scene, TourReport &rep
     m_options.openFolder.clear();
     m_workbench = std::make_unique<Workbench>(m_options);
     host().setInteractive(true);
+    host().settings().setSaveFolder(m_folder.path());
     m_workbench->start(m_options);
     window().resize(1280, 800);
     window().show();
