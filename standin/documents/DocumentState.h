@@ -58,7 +58,10 @@ struct DocMainState
     QString documentName;
     QString displayName;
     QString fallbackName;
-    QString dataName; ///< given by setDataName()
+    QString dataName;         ///< given by setDataName()
+    QString driveName;        ///< of the medium that the data lies on
+    QString dataSerialNumber; ///< of the device that recorded it
+    QString dataNumber;       ///< on its medium
     bool isCameraRecord = false;
     std::optional<QString> nameAddition; ///< answer of fileNameAddition(), "%1" for the sequence
                                          ///< number; none: by the settings
@@ -70,7 +73,7 @@ struct DocMainState
     bool saveInfoOption = false;
     bool saveCorrectOption = false;
     bool saveScaleOption = false;
-    QVariantMap infoMap; ///< answer of documentInfoMap()
+    QVariantMap infoMap; ///< answer of documentInfoMap(); empty: by what there is
     bool supportsMultiSkip = false;
     bool supportsFileMultiSkip = false;
     bool isRecordedOnce = false;

@@ -118,8 +118,9 @@ template <class Contract>
 QVariantMap StandInDocumentMain<Contract>::documentInfoMap(bool first, bool second, bool convert,
                                                            bool layout, bool third)
 {
-    asked("documentInfoMap", first, second, convert, layout, third);
-    return state().infoMap;
+    if (asked("documentInfoMap", first, second, convert, layout, third).empty)
+        return {};
+    return state().infoMap.isEmpty() ? target().infoMap(layout) : state().infoMap;
 }
 
 template <class Contract> int StandInDocumentMain<Contract>::currentPartition()
