@@ -76,7 +76,7 @@ struct DocMainState
     QVariantMap infoMap; ///< answer of documentInfoMap(); empty: by what there is
     bool supportsMultiSkip = false;
     bool supportsFileMultiSkip = false;
-    bool isRecordedOnce = false;
+    std::optional<bool> isRecordedOnce; ///< none: whether a partition has frames
     bool isOpenedByImport = false;
     bool canRenameData = false;
     bool canCheckSaved = false;

@@ -6,6 +6,8 @@
 
 #include <QtDebug>
 
+#include <algorithm>
+
 namespace {
 
 // Where a picture begins in its view: in the middle, or so that no side of the view stays empty.
@@ -186,6 +188,12 @@ const StandInData *StandInDocument::dataAt(int slot, int index) const
 {
     const StandInSlot *found = slotAt(slot);
     return found && index >= 0 && index < found->data.size() ? &found->data.at(index) : nullptr;
+}
+
+bool StandInDocument::hasRecordedFrames() const
+{
+    return std::any_of(m_state.partitions.begin(), m_state.partitions.end(),
+                       [](const StandInPartition &entry) { return entry.frames > 0; });
 }
 
 int StandInDocument::indexOfCustomInfo(const QString &name) const

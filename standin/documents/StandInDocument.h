@@ -122,6 +122,7 @@ protected:
     const StandInSlot *slotAt(int slot) const;
     StandInSlot *slotAt(int slot);
     const StandInData *dataAt(int slot, int index) const;
+    bool hasRecordedFrames() const;
     int indexOfCustomInfo(const QString &name) const;
     QVariantMap customInfoRecord(const QString &name, const QString &value, const QString &unit,
                                  bool display, bool useFileName) const;

@@ -144,7 +144,7 @@ template <class Contract> bool StandInDocumentMain<Contract>::supportsFileMultiS
 template <class Contract> bool StandInDocumentMain<Contract>::isRecordedOnce()
 {
     asked("isRecordedOnce");
-    return state().isRecordedOnce;
+    return state().isRecordedOnce.value_or(hasRecordedFrames());
 }
 
 template <class Contract> void StandInDocumentMain<Contract>::setOpenedByImport(bool on)

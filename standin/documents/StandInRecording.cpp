@@ -43,7 +43,6 @@ StandInRecording::StandInRecording(DocumentOwner &owner, DOCKEY key, const QStri
     own.headCount = 0;
     own.isConnected = false;
     own.isFound = false;
-    own.isRecordedOnce = true;
     own.partitions = {{1, name, uint(m_files.size()), 0}};
     own.recordDate = first.lastModified().toString(QStringLiteral("yyyy/M/d"));
     own.recordTime = first.lastModified().toString(QStringLiteral("HH:mm:ss"));

@@ -38,6 +38,7 @@ private slots:
     void mediaSlots();
     void missingSlotIsUnusable();
     void network();
+    void recordedOnceIsAPartitionWithFrames();
     void plainAnswersOfADocument();
     void groups();
     void groupLosesAClosedMember();
@@ -564,6 +565,20 @@ void TestStandInDocuments::network()
     QCOMPARE(camera->editDeviceData().network.subnetMask, QString("255.0.0.0"));
     camera->setNetworkSetting(1, {"10.1.1.2", "255.0.0.0", "10.1.1.254"});
     QCOMPARE(camera->ipAddress(), QString("10.1.1.2"));
+}
+
+void TestStandInDocuments::recordedOnceIsAPartitionWithFrames()
+{
+    StandInHost host;
+    StandInCamera::Description description;
+    description.partitions = {{1, "A", 0, 0}, {2, "B", 0, 0}};
+    StandInCamera *camera = host.addCamera(description);
+    QVERIFY(!camera->isRecordedOnce());
+    camera->state().partitions[1].frames = 1;
+    QVERIFY(camera->isRecordedOnce());
+    camera->state().isRecordedOnce = false;
+    QVERIFY(!camera->isRecordedOnce());
+    QVERIFY(!host.addGroup("none", {})->isRecordedOnce());
 }
 
 void TestStandInDocuments::plainAnswersOfADocument()
