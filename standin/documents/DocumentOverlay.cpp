@@ -17,7 +17,7 @@ using Property = InfoFontSettings::Property;
 // A view of this height shows text as large as its settings say.
 constexpr double RoomyHeight = 400.0;
 constexpr double SmallestScale = 0.7;
-constexpr int LargestSide = 16384;
+constexpr int LargestSide = 8192;
 
 // Languages of saved texts.
 constexpr int English = 1;
@@ -32,9 +32,10 @@ QSize fitted(const QSize &whole, const QSize &wanted)
 {
     if (whole.isEmpty() || wanted.width() < 0 || wanted.height() < 0 || wanted.isNull())
         return QSize();
-    const int width = wanted.width() > 0 ? wanted.width() : LargestSide;
-    const int height = wanted.height() > 0 ? wanted.height() : LargestSide;
-    const QSize limit = QSize(width, height).boundedTo(QSize(LargestSide, LargestSide));
+    const QSize largest = whole.boundedTo(QSize(LargestSide, LargestSide));
+    const int width = wanted.width() > 0 ? wanted.width() : largest.width();
+    const int height = wanted.height() > 0 ? wanted.height() : largest.height();
+    const QSize limit = QSize(width, height).boundedTo(largest);
     return whole.scaled(limit, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
 }
 
@@ -131,18 +132,26 @@ InfoOverlay DocumentOverlay::savedOverlay(const Moment &moment, const QSize &pic
     return overlay;
 }
 
-QSize DocumentOverlay::savedSize(const Moment &moment) const
+QSize DocumentOverlay::savedSize(const QSize &picture, const Moment &moment) const
 {
-    const QSize picture = m_document.pictureSize();
     return picture.isEmpty() ? picture : savedOverlay(moment, picture).canvas();
 }
 
-QImage DocumentOverlay::saved(const QImage &picture, const Moment &moment, const QSize &size) const
+QImage DocumentOverlay::saved(const QImage &picture, const QSize &whole, const Moment &moment,
+                              const QSize &size) const
 {
     if (picture.isNull())
         return QImage();
-    const InfoOverlay overlay = savedOverlay(moment, picture.size());
+    const InfoOverlay overlay = savedOverlay(moment, whole);
     return overlay.composed(picture, fitted(overlay.canvas(), size));
+}
+
+QImage DocumentOverlay::plain(const QImage &picture, const QSize &whole, const QSize &size)
+{
+    const QSize fitting = fitted(whole, size);
+    return picture.isNull() || fitting.isEmpty()
+               ? QImage()
+               : picture.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 QStringList DocumentOverlay::shownTexts() const

@@ -32,12 +32,15 @@ public:
     /// room.
     void paint(QPainter &painter, const QRect &area, quint64 frame);
 
-    /// Size of a saved picture, with the strips around it.
-    QSize savedSize(const Moment &moment) const;
+    /// Size of a picture that is saved in this size, with the strips around it.
+    QSize savedSize(const QSize &picture, const Moment &moment) const;
 
-    /// A picture of this document with the information that is saved, as large as it fits into this
-    /// size; a side of 0 follows the other. Null where there is no picture.
-    QImage saved(const QImage &picture, const Moment &moment, const QSize &size) const;
+    /// A picture with the information that is saved, and one without. `whole` is the size in which
+    /// the picture is saved, `size` the one into which it has to fit here, and a side of 0 follows
+    /// the other; the result is never larger than what is saved. Null where there is no picture.
+    QImage saved(const QImage &picture, const QSize &whole, const Moment &moment,
+                 const QSize &size) const;
+    static QImage plain(const QImage &picture, const QSize &whole, const QSize &size);
 
     /// The lines on the screen, for a test.
     QStringList shownTexts() const;

@@ -90,7 +90,7 @@ struct DocMainState
     uint fileRecordRate = 0; ///< frames per second, 0 when not known
     bool isMultiTrimming = false;
     QString multiTrimmingLabel;
-    int previewPosition = 0; ///< moved by showPreviousPreview() and showNextPreview()
+    QHash<int, quint64> previewFrames; ///< that previews were moved to, by partition
     bool isSelectable = true;
     QString recordDate; ///< "yyyy/M/d"
     QString recordTime; ///< "HH:mm:ss" or "HH:mm"

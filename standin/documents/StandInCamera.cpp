@@ -17,6 +17,9 @@ QRect middleRegion(const QSize &sensor)
                  size);
 }
 
+// How much of the scene passes from the beginning of one partition to that of the next.
+constexpr double SecondsBetweenRecordings = 0.31;
+
 // Bits of the operating state.
 constexpr int Live = 0;
 constexpr int Recording = 8;
@@ -123,6 +126,11 @@ void StandInCamera::setLockedTogether(bool locked)
 
 QImage StandInCamera::frame(quint64 number) const
 {
+    return partitionFrame(number, 0);
+}
+
+QImage StandInCamera::partitionFrame(quint64 number, int partitionNo) const
+{
     SceneRenderer scene;
     scene.sensor = m_limits.sensorSize;
     scene.region = showsWholeSensor() ? QRect(QPoint(0, 0), sensorSize()) : m_settings.region;
@@ -130,6 +138,12 @@ QImage StandInCamera::frame(quint64 number) const
     scene.frame = number;
     scene.recordRate = m_settings.recordRate;
     scene.shutterSpeed = m_settings.shutterSpeed;
+    const bool isLive = owner().viewMode() == HostMode::Live;
+    if (const StandInPartition *recorded = isLive ? nullptr : partitionOrCurrent(partitionNo)) {
+        scene.start = SecondsBetweenRecordings * (recorded->number - 1);
+        if (recorded->recordRate > 0)
+            scene.recordRate = recorded->recordRate;
+    }
     const QImage picture = scene.render();
     return picture.size() == pictureSize() ? picture : picture.scaled(pictureSize());
 }

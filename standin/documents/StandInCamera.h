@@ -70,7 +70,8 @@ public:
     bool isLockedTogether() const override { return m_locked; }
     void setLockedTogether(bool locked);
 
-    QImage frame(quint64 number) const override;
+    QImage frame(quint64 number) const override; ///< of the current partition
+    QImage partitionFrame(quint64 number, int partitionNo) const override;
     InfoFacts infoFacts(quint64 frame, int partitionNo) const override;
     quint64 frameCount() const override; ///< of the current partition
     QSize pictureSize() const override;

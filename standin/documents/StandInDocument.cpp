@@ -22,7 +22,7 @@ int scrolledTo(int view, int shown, int scroll)
 StandInDocument::StandInDocument(DocumentOwner &owner, DOCKEY key)
     : m_owner(owner), m_journal(owner.callJournal()), m_key(key),
       m_journalName(QLatin1Char('[') + QString::number(key) + QLatin1Char(']')), m_overlay(*this),
-      m_target(*this), m_heads(*this)
+      m_target(*this), m_preview(*this), m_heads(*this)
 {
 }
 
@@ -137,6 +137,11 @@ const StandInPartition *StandInDocument::partitionOrCurrent(int number) const
     if (!found && current >= 0 && current < m_state.partitions.size())
         found = &m_state.partitions.at(current);
     return found;
+}
+
+QImage StandInDocument::partitionFrame(quint64 number, int) const
+{
+    return frame(number);
 }
 
 InfoFacts StandInDocument::infoFacts(quint64 frame, int partitionNo) const

@@ -2,6 +2,7 @@
 
 #include "contract/DOC_Interface.h"
 #include "standin/documents/DocumentOverlay.h"
+#include "standin/documents/DocumentPreview.h"
 #include "standin/documents/DocumentState.h"
 #include "standin/documents/DocumentTarget.h"
 #include "standin/drawing/InfoFacts.h"
@@ -46,6 +47,10 @@ public:
     /// The picture of a frame, from 0; of pictureSize(). Frames behind the last one repeat it.
     virtual QImage frame(quint64 number) const = 0;
 
+    /// The picture of a frame, from 0, of a partition; of the current one for a number that the
+    /// document does not have. A live camera has one picture for all of them.
+    virtual QImage partitionFrame(quint64 frame, int partitionNo) const;
+
     /// How many frames there are, 0 for a live camera.
     virtual quint64 frameCount() const { return 0; }
 
@@ -62,11 +67,17 @@ public:
     /// camera's partition has nothing to tell.
     virtual InfoFacts infoFacts(quint64 frame, int partitionNo) const;
 
+    /// A partition by its number, null without it; and the current one in its place, null without
+    /// any.
+    const StandInPartition *partition(int number) const;
+    const StandInPartition *partitionOrCurrent(int number) const;
+
     /// The information over its pictures.
     DocumentOverlay &overlay() { return m_overlay; }
 
-    /// What it is to a save.
+    /// What it is to a save, and the pictures of it.
     const DocumentTarget &target() const { return m_target; }
+    DocumentPreview &preview() { return m_preview; }
 
     /// Sends the document's settings to its device.
     virtual void sendSettings() {}
@@ -117,8 +128,6 @@ protected:
     }
 
     // What the operations of the contract do behind their line in the journal.
-    const StandInPartition *partition(int number) const;
-    const StandInPartition *partitionOrCurrent(int number) const;
     const StandInSlot *slotAt(int slot) const;
     StandInSlot *slotAt(int slot);
     const StandInData *dataAt(int slot, int index) const;
@@ -159,6 +168,7 @@ private:
     DocumentState m_state;
     DocumentOverlay m_overlay;
     DocumentTarget m_target;
+    DocumentPreview m_preview;
     bool m_closed = false;
     Heads m_heads;
 };

@@ -1,5 +1,14 @@
 #include "standin/documents/StandInDocument.h"
 
+namespace {
+
+QPixmap pixmapOf(const QImage &picture)
+{
+    return picture.isNull() ? QPixmap() : QPixmap::fromImage(picture);
+}
+
+}
+
 template <class Contract>
 bool StandInDocumentDisplay<Contract>::isToolAvailable(const QString &tool, bool flag)
 {
@@ -43,32 +52,20 @@ template <class Contract> int StandInDocumentDisplay<Contract>::binningLevel()
     return this->state().binningLevel;
 }
 
-namespace {
-
-QPixmap scaledPicture(const QImage &picture, int width, int height)
-{
-    if (picture.isNull() || width < 1 || height < 1)
-        return QPixmap();
-    return QPixmap::fromImage(
-        picture.scaled(width, height, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-}
-
-}
-
 template <class Contract>
 QPixmap StandInDocumentDisplay<Contract>::previewPixmap(int mode, int width, int height,
                                                         int partitionNo, bool flag,
                                                         const QDateTime &time)
 {
     this->asked("previewPixmap", mode, width, height, partitionNo, flag, time);
-    return scaledPicture(this->frame(0), width, height);
+    return pixmapOf(this->preview().picture(partitionNo, QSize(width, height), time));
 }
 
 template <class Contract>
 QSize StandInDocumentDisplay<Contract>::documentResolution(int kind, int partitionNo, bool base)
 {
     this->asked("documentResolution", kind, partitionNo, base);
-    return base ? this->pictureSize() : this->overlay().savedSize({0, partitionNo, QDateTime()});
+    return base ? this->pictureSize() : this->preview().savedSize(partitionNo);
 }
 
 template <class Contract>
@@ -77,9 +74,7 @@ QPixmap StandInDocumentDisplay<Contract>::documentThumbnail(int kind, int width,
                                                             const QDateTime &time)
 {
     this->asked("documentThumbnail", kind, width, height, partitionNo, number, time);
-    const QImage picture =
-        this->overlay().saved(this->frame(0), {0, partitionNo, time}, QSize(width, height));
-    return picture.isNull() ? QPixmap() : QPixmap::fromImage(picture);
+    return pixmapOf(this->preview().thumbnail(partitionNo, QSize(width, height), time));
 }
 
 template <class Contract> QString StandInDocumentDisplay<Contract>::documentLogoPath()

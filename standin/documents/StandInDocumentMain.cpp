@@ -320,13 +320,13 @@ template <class Contract> QString StandInDocumentMain<Contract>::multiTrimmingLa
 template <class Contract> void StandInDocumentMain<Contract>::showPreviousPreview()
 {
     told("showPreviousPreview");
-    --state().previewPosition;
+    preview().step(-1);
 }
 
 template <class Contract> void StandInDocumentMain<Contract>::showNextPreview()
 {
     told("showNextPreview");
-    ++state().previewPosition;
+    preview().step(1);
 }
 
 template <class Contract> int StandInDocumentMain<Contract>::selectPartition(int partitionNo)

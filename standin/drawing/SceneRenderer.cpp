@@ -133,7 +133,7 @@ QImage SceneRenderer::render() const
     const double gain = exposureGain(shutterSpeed);
     image.fill(lit(40, gain));
 
-    const double seconds = double(frame) / std::max(1u, recordRate);
+    const double seconds = start + double(frame) / std::max(1u, recordRate);
     const double exposure = 1.0 / std::max(1u, shutterSpeed);
     const Stage stage{QPointF(sensor.width(), sensor.height()) / 2.0,
                       std::min(sensor.width() / 1024.0, sensor.height() / 1024.0)};

@@ -11,7 +11,8 @@ struct SceneRenderer
     QSize sensor{1024, 1024};     ///< pixels
     QRect region{0, 0, 640, 480}; ///< the part of the sensor that is read
     QSize picture{640, 480};      ///< size of the image, smaller than the region when it is binned
-    quint64 frame = 0;            ///< from 0; frame 0 is the beginning of the scene
+    quint64 frame = 0;            ///< from 0; the timing bar counts them
+    double start = 0.0;           ///< seconds of the scene that have passed at frame 0
     uint recordRate = 1000;       ///< frames per second, above 0
     uint shutterSpeed = 1000;     ///< exposure in parts of a second, above 0
 

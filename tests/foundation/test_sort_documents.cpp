@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-using Keys = QList<DOCKEY>;
+using KeyList = QList<DOCKEY>;
 
 namespace {
 
@@ -39,7 +39,7 @@ class LiteralSort
 public:
     explicit LiteralSort(HostServices *host) : m_host(host) { m_collator.setNumericMode(true); }
 
-    Keys sorted(int mode, Keys keys) const
+    KeyList sorted(int mode, KeyList keys) const
     {
         std::stable_sort(keys.begin(), keys.end(), [&](DOCKEY a, DOCKEY b) {
             DOC_Interface *first = document(a);
@@ -136,31 +136,31 @@ void TestSortDocuments::ordersNames_data()
 {
     QTest::addColumn<QLocale>("locale");
     QTest::addColumn<QStringList>("names");
-    QTest::addColumn<Keys>("ascending");
-    QTest::addColumn<Keys>("descending");
+    QTest::addColumn<KeyList>("ascending");
+    QTest::addColumn<KeyList>("descending");
     const QLocale english(QLocale::English, QLocale::UnitedStates);
     QTest::newRow("numbers count as numbers")
-        << english << QStringList({"Cam10", "Cam9", "Cam1", "Cam100"}) << Keys({3, 2, 1, 4})
-        << Keys({4, 1, 2, 3});
+        << english << QStringList({"Cam10", "Cam9", "Cam1", "Cam100"}) << KeyList({3, 2, 1, 4})
+        << KeyList({4, 1, 2, 3});
     QTest::newRow("no matter of case first")
-        << english << QStringList({"beta", "Alpha", "alpha2", "Beta2"}) << Keys({2, 3, 1, 4})
-        << Keys({4, 1, 3, 2});
+        << english << QStringList({"beta", "Alpha", "alpha2", "Beta2"}) << KeyList({2, 3, 1, 4})
+        << KeyList({4, 1, 3, 2});
     QTest::newRow("accents beside their letters")
-        << english << QStringList({"z", QString(QChar(0xe9)), "e", "f"}) << Keys({3, 2, 4, 1})
-        << Keys({1, 4, 2, 3});
+        << english << QStringList({"z", QString(QChar(0xe9)), "e", "f"}) << KeyList({3, 2, 4, 1})
+        << KeyList({1, 4, 2, 3});
     QTest::newRow("Swedish puts some of them last")
         << QLocale(QLocale::Swedish) << QStringList({QString(QChar(0xf6)), "z", "o"})
-        << Keys({3, 2, 1}) << Keys({1, 2, 3});
+        << KeyList({3, 2, 1}) << KeyList({1, 2, 3});
     QTest::newRow("an empty name comes first")
-        << english << QStringList({"a", "", QString(QChar(1))}) << Keys({2, 3, 1})
-        << Keys({1, 3, 2});
+        << english << QStringList({"a", "", QString(QChar(1))}) << KeyList({2, 3, 1})
+        << KeyList({1, 3, 2});
     QTest::newRow("in the C locale numbers are letters")
-        << QLocale::c() << QStringList({"Cam9", "Cam10", "Cam1"}) << Keys({3, 2, 1})
-        << Keys({1, 2, 3});
+        << QLocale::c() << QStringList({"Cam9", "Cam10", "Cam1"}) << KeyList({3, 2, 1})
+        << KeyList({1, 2, 3});
     QTest::newRow("in the C locale capitals come first")
-        << QLocale::c() << QStringList({"a", "B"}) << Keys({2, 1}) << Keys({1, 2});
-    QTest::newRow("one") << english << QStringList({"a"}) << Keys({1}) << Keys({1});
-    QTest::newRow("none") << english << QStringList() << Keys() << Keys();
+        << QLocale::c() << QStringList({"a", "B"}) << KeyList({2, 1}) << KeyList({1, 2});
+    QTest::newRow("one") << english << QStringList({"a"}) << KeyList({1}) << KeyList({1});
+    QTest::newRow("none") << english << QStringList() << KeyList() << KeyList();
 }
 
 void TestSortDocuments::ordersNames()
@@ -169,10 +169,10 @@ void TestSortDocuments::ordersNames()
     QFETCH(QStringList, names);
     QLocale::setDefault(locale);
     StandInHost host;
-    Keys keys;
+    KeyList keys;
     for (const QString &name : names)
         keys.append(addNamed(host, name));
-    const Keys given = keys;
+    const KeyList given = keys;
     QTEST(UTL::sortDocuments(&host, NameUp, keys, false), "ascending");
     QTEST(UTL::sortDocuments(&host, NameDown, keys, false), "descending");
     QTEST(UTL::sortDocuments(&host, NameUp, keys, true), "ascending");
@@ -183,26 +183,27 @@ void TestSortDocuments::ordersTimes_data()
 {
     using Times = QList<QPair<QString, QString>>;
     QTest::addColumn<Times>("times");
-    QTest::addColumn<Keys>("oldestFirst");
-    QTest::addColumn<Keys>("newestFirst");
+    QTest::addColumn<KeyList>("oldestFirst");
+    QTest::addColumn<KeyList>("newestFirst");
     QTest::newRow("by day") << Times{{"2017/6/5", "12:00:00"},
                                      {"2017/10/5", "12:00:00"},
                                      {"2016/12/31", "12:00:00"}}
-                            << Keys({3, 1, 2}) << Keys({2, 1, 3});
+                            << KeyList({3, 1, 2}) << KeyList({2, 1, 3});
     QTest::newRow("by time of day")
         << Times{{"2017/6/5", "12:00:01"}, {"2017/6/5", "12:00:00"}, {"2017/6/5", "09:59:59"}}
-        << Keys({3, 2, 1}) << Keys({1, 2, 3});
+        << KeyList({3, 2, 1}) << KeyList({1, 2, 3});
     QTest::newRow("with and without seconds")
-        << Times{{"2017/6/5", "12:00:01"}, {"2017/6/5", "12:00"}} << Keys({2, 1}) << Keys({1, 2});
+        << Times{{"2017/6/5", "12:00:01"}, {"2017/6/5", "12:00"}} << KeyList({2, 1})
+        << KeyList({1, 2});
     QTest::newRow("unknown date stays where it is")
-        << Times{{"2017/6/5", "12:00"}, {"", "11:00"}, {"2016/6/5", "12:00"}} << Keys({1, 2, 3})
-        << Keys({1, 2, 3});
+        << Times{{"2017/6/5", "12:00"}, {"", "11:00"}, {"2016/6/5", "12:00"}} << KeyList({1, 2, 3})
+        << KeyList({1, 2, 3});
     QTest::newRow("unknown time stays where it is")
-        << Times{{"2016/6/5", "12:00"}, {"2018/6/5", ""}, {"2017/6/5", "12:00"}} << Keys({1, 2, 3})
-        << Keys({1, 2, 3});
+        << Times{{"2016/6/5", "12:00"}, {"2018/6/5", ""}, {"2017/6/5", "12:00"}}
+        << KeyList({1, 2, 3}) << KeyList({1, 2, 3});
     QTest::newRow("neighbours of known time change places")
-        << Times{{"", ""}, {"2017/6/5", "12:00"}, {"2016/6/5", "12:00"}} << Keys({1, 3, 2})
-        << Keys({1, 2, 3});
+        << Times{{"", ""}, {"2017/6/5", "12:00"}, {"2016/6/5", "12:00"}} << KeyList({1, 3, 2})
+        << KeyList({1, 2, 3});
 }
 
 void TestSortDocuments::ordersTimes()
@@ -210,7 +211,7 @@ void TestSortDocuments::ordersTimes()
     using Times = QList<QPair<QString, QString>>;
     QFETCH(Times, times);
     StandInHost host;
-    Keys keys;
+    KeyList keys;
     for (const auto &time : times)
         keys.append(addRecorded(host, time.first, time.second));
     QTEST(UTL::sortDocuments(&host, OldestFirst, keys, false), "oldestFirst");
@@ -232,19 +233,19 @@ void TestSortDocuments::keepsTheOrderOfEquals()
     StandInHost host;
     for (int i = 0; i < 4; ++i)
         host.document(addRecorded(host, "2017/6/5", "12:00"))->state().documentName = "same";
-    const Keys keys = {3, 1, 4, 2};
+    const KeyList keys = {3, 1, 4, 2};
     QCOMPARE(UTL::sortDocuments(&host, mode, keys, false), keys);
 }
 
 void TestSortDocuments::comparesAGroupByItsFirstMember_data()
 {
     QTest::addColumn<int>("mode");
-    QTest::addColumn<Keys>("order");
+    QTest::addColumn<KeyList>("order");
     // Keys 1 and 2 are members, 3 is their group, 4 and 5 stand alone.
-    QTest::newRow("names up") << NameUp << Keys({4, 3, 5});
-    QTest::newRow("names down") << NameDown << Keys({5, 3, 4});
-    QTest::newRow("oldest first") << OldestFirst << Keys({4, 3, 5});
-    QTest::newRow("newest first") << NewestFirst << Keys({5, 3, 4});
+    QTest::newRow("names up") << NameUp << KeyList({4, 3, 5});
+    QTest::newRow("names down") << NameDown << KeyList({5, 3, 4});
+    QTest::newRow("oldest first") << OldestFirst << KeyList({4, 3, 5});
+    QTest::newRow("newest first") << NewestFirst << KeyList({5, 3, 4});
 }
 
 void TestSortDocuments::comparesAGroupByItsFirstMember()
@@ -274,7 +275,7 @@ void TestSortDocuments::comparesAGroupWithoutMembersByItself()
     addNamed(host, "b");
     StandInDocument *group = host.addGroup("a", {});
     group->state().documentName = "a";
-    QCOMPARE(UTL::sortDocuments(&host, NameUp, {1, 2}, false), Keys({2, 1}));
+    QCOMPARE(UTL::sortDocuments(&host, NameUp, {1, 2}, false), KeyList({2, 1}));
 }
 
 void TestSortDocuments::leavesDocumentsThatHaveGone_data()
@@ -287,27 +288,27 @@ void TestSortDocuments::leavesDocumentsThatHaveGone()
     QFETCH(int, mode);
     StandInHost host;
     host.document(addRecorded(host, "2017/6/5", "12:00"))->state().documentName = "b";
-    const Keys goneOnly = {77, NoDocKey, 33, 0};
+    const KeyList goneOnly = {77, NoDocKey, 33, 0};
     QCOMPARE(UTL::sortDocuments(&host, mode, goneOnly, false), goneOnly);
-    const Keys between = {77, 1, 33};
+    const KeyList between = {77, 1, 33};
     QCOMPARE(UTL::sortDocuments(&host, mode, between, false), between);
 }
 
 void TestSortDocuments::followsTheHostsOrder_data()
 {
-    QTest::addColumn<Keys>("given");
-    QTest::addColumn<Keys>("order");
-    QTest::newRow("all") << Keys({4, 3, 2, 1}) << Keys({1, 2, 3, 4});
-    QTest::newRow("some") << Keys({4, 2}) << Keys({2, 4});
+    QTest::addColumn<KeyList>("given");
+    QTest::addColumn<KeyList>("order");
+    QTest::newRow("all") << KeyList({4, 3, 2, 1}) << KeyList({1, 2, 3, 4});
+    QTest::newRow("some") << KeyList({4, 2}) << KeyList({2, 4});
     QTest::newRow("gone ones follow as given")
-        << Keys({99, 4, 77, 2, 88}) << Keys({2, 4, 99, 77, 88});
-    QTest::newRow("only gone ones") << Keys({99, 77, 88}) << Keys({99, 77, 88});
-    QTest::newRow("none") << Keys() << Keys();
+        << KeyList({99, 4, 77, 2, 88}) << KeyList({2, 4, 99, 77, 88});
+    QTest::newRow("only gone ones") << KeyList({99, 77, 88}) << KeyList({99, 77, 88});
+    QTest::newRow("none") << KeyList() << KeyList();
 }
 
 void TestSortDocuments::followsTheHostsOrder()
 {
-    QFETCH(Keys, given);
+    QFETCH(KeyList, given);
     StandInHost host;
     for (const char *name : {"d", "c", "b", "a"})
         addNamed(host, name);
@@ -346,8 +347,8 @@ void TestSortDocuments::leavesTheListInOtherModes()
     addNamed(host, "b");
     addNamed(host, "a");
     host.clearJournal();
-    QCOMPARE(UTL::sortDocuments(&host, mode, {2, 1, 77}, false), Keys({2, 1, 77}));
-    QCOMPARE(UTL::sortDocuments(&host, mode, {2, 1, 77}, true), Keys({2, 1, 77}));
+    QCOMPARE(UTL::sortDocuments(&host, mode, {2, 1, 77}, false), KeyList({2, 1, 77}));
+    QCOMPARE(UTL::sortDocuments(&host, mode, {2, 1, 77}, true), KeyList({2, 1, 77}));
     QCOMPARE(host.journal(), QStringList());
 }
 
@@ -372,7 +373,7 @@ void TestSortDocuments::agreesWithTheLiteralSort()
     for (int round = 0; round < 25; ++round) {
         StandInHost host;
         host.setJournalEnabled(false);
-        Keys keys;
+        KeyList keys;
         const int count = pick(120);
         for (int i = 0; i < count; ++i) {
             QString name;
@@ -421,7 +422,7 @@ void TestSortDocuments::readsEachDocumentOnce()
     QFETCH(int, mode);
     QFETCH(QStringList, reads);
     StandInHost host;
-    Keys keys;
+    KeyList keys;
     for (int i = 0; i < 50; ++i) {
         const DOCKEY key = addRecorded(host, "2017/6/5", QString("12:%1").arg(59 - i));
         host.document(key)->state().documentName = QString::number(i * 7 % 50);

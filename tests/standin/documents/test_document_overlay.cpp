@@ -400,7 +400,9 @@ void TestDocumentOverlay::sidesOfAThumbnail_data()
     QTest::newRow("fits") << QSize(320, 240) << QSize(320, 240);
     QTest::newRow("too high") << QSize(320, 1000) << QSize(320, 240);
     QTest::newRow("too wide") << QSize(1000, 240) << QSize(320, 240);
-    QTest::newRow("larger") << QSize(1280, 960) << QSize(1280, 960);
+    QTest::newRow("larger") << QSize(1280, 960) << QSize(640, 480);
+    QTest::newRow("larger, no height") << QSize(100000, 0) << QSize(640, 480);
+    QTest::newRow("larger, no width") << QSize(0, 100000) << QSize(640, 480);
     QTest::newRow("no height") << QSize(320, 0) << QSize(320, 240);
     QTest::newRow("no width") << QSize(0, 240) << QSize(320, 240);
     QTest::newRow("neither") << QSize(0, 0) << QSize(0, 0);

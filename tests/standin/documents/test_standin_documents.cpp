@@ -626,10 +626,6 @@ void TestStandInDocuments::plainAnswersOfADocument()
     state.multiTrimmingLabel = "1-5";
     QVERIFY(camera->isMultiTrimming());
     QCOMPARE(camera->multiTrimmingLabel(), QString("1-5"));
-    camera->showNextPreview();
-    camera->showNextPreview();
-    camera->showPreviousPreview();
-    QCOMPARE(state.previewPosition, 1);
     state.recordDate = "2024/2/3";
     state.recordTime = "04:05";
     QCOMPARE(camera->recordDate(), QString("2024/2/3"));
