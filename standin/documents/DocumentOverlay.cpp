@@ -28,6 +28,13 @@ double screenScale(const QSize &view)
     return std::clamp(view.height() / RoomyHeight, SmallestScale, 1.0);
 }
 
+bool showsFileName(const QVector<InfoItemList::Entry> &entries)
+{
+    return std::any_of(entries.begin(), entries.end(), [](const InfoItemList::Entry &entry) {
+        return entry.isChecked && entry.id == QLatin1String("File name");
+    });
+}
+
 QSize fitted(const QSize &whole, const QSize &wanted)
 {
     if (whole.isEmpty() || wanted.width() < 0 || wanted.height() < 0 || wanted.isNull())
@@ -123,11 +130,18 @@ InfoOverlay DocumentOverlay::savedOverlay(const Moment &moment, const QSize &pic
     InfoFacts facts = m_document.infoFacts(moment.frame, moment.partitionNo);
     facts.time = moment.time;
     const InfoValues texts = values();
+    bool isNamed = false;
     for (int group = 0; group < InfoFontSettings::GroupCount; ++group) {
         const auto place = InfoOverlay::Place(group);
+        const QVector<InfoItemList::Entry> shown = entries(Form::Save, group, InfoItem::SaveForm);
+        // The name is looked for among the files on disk: only where it is to be seen.
+        if (!isNamed && showsFileName(shown)) {
+            facts.fileName = m_document.owner().savedFileName(moment.mode, m_document.contract(),
+                                                              moment.partitionNo, moment.time);
+            isNamed = true;
+        }
         overlay.setGroup(place, InfoStyle::read(Form::Save, group, setting()), image);
-        overlay.setLines(place, InfoLines::of(entries(Form::Save, group, InfoItem::SaveForm), texts,
-                                              facts, options));
+        overlay.setLines(place, InfoLines::of(shown, texts, facts, options));
     }
     return overlay;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/SaveModes.h"
 #include "standin/drawing/InfoLines.h"
 #include "standin/drawing/InfoOverlay.h"
 
@@ -25,6 +26,7 @@ public:
         quint64 frame = 0;   ///< from 0
         int partitionNo = 0; ///< 0: the current partition
         QDateTime time;
+        int mode = SaveModes::ExportPreview; ///< of the save, which names the file
     };
 
     /// Paints the information of a frame, from 0, upright into this part of the screen, from its

@@ -3,6 +3,7 @@
 #include "contract/HostTypes.h"
 #include "standin/documents/CameraSettings.h"
 
+#include <QDateTime>
 #include <QList>
 #include <QRect>
 #include <QVariant>
@@ -45,6 +46,13 @@ public:
 
     /// The part of the sensor that such a tool wants a camera to read, the present one without.
     virtual QRect wantedReadOut(StandInCamera &camera) = 0;
+
+    // Saves.
+
+    /// The name that a save in this mode would give the file of a partition now, without extension;
+    /// empty when there is none. Does not throw.
+    virtual QString savedFileName(int mode, DOC_Interface *document, int partitionNo,
+                                  const QDateTime &time) = 0;
 
     // Information over the pictures.
 

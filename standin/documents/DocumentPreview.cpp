@@ -45,27 +45,29 @@ QImage DocumentPreview::pictureOf(int partitionNo) const
     return picture.transformed(seen.transform());
 }
 
-QImage DocumentPreview::picture(int partitionNo, const QSize &size, const QDateTime &time)
+QImage DocumentPreview::picture(int mode, int partitionNo, const QSize &size, const QDateTime &time)
 {
     m_partitionNo = partitionNo;
     if (size.isEmpty())
         return QImage();
     const QImage picture = pictureOf(partitionNo);
     DocumentOverlay &overlay = m_document.overlay();
-    const DocumentOverlay::Moment moment{position(partitionNo), partitionNo, time};
+    const DocumentOverlay::Moment moment{position(partitionNo), partitionNo, time, mode};
     return m_document.state().saveInfoOption ? overlay.saved(picture, pictureSize(), moment, size)
                                              : DocumentOverlay::plain(picture, pictureSize(), size);
 }
 
-QImage DocumentPreview::thumbnail(int partitionNo, const QSize &size, const QDateTime &time) const
+QImage DocumentPreview::thumbnail(int mode, int partitionNo, const QSize &size,
+                                  const QDateTime &time) const
 {
     return m_document.overlay().saved(pictureOf(partitionNo), pictureSize(),
-                                      {position(partitionNo), partitionNo, time}, size);
+                                      {position(partitionNo), partitionNo, time, mode}, size);
 }
 
-QSize DocumentPreview::savedSize(int partitionNo) const
+QSize DocumentPreview::savedSize(int mode, int partitionNo) const
 {
-    return m_document.overlay().savedSize(pictureSize(), {position(partitionNo), partitionNo, {}});
+    return m_document.overlay().savedSize(pictureSize(),
+                                          {position(partitionNo), partitionNo, {}, mode});
 }
 
 void DocumentPreview::step(int frames)

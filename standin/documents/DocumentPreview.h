@@ -14,16 +14,17 @@ public:
     /// Part of the document, which outlives it.
     explicit DocumentPreview(StandInDocument &document) : m_document(document) {}
 
-    /// The preview of a partition, of the current one for a number that the document does not have;
-    /// step() moves it from now on. Null for sides below 1 and where there is no picture.
-    QImage picture(int partitionNo, const QSize &size, const QDateTime &time);
+    /// The preview of a partition as a save in this mode would write it, of the current one for a
+    /// number that the document does not have; step() moves it from now on. Null for sides below 1
+    /// and where there is no picture.
+    QImage picture(int mode, int partitionNo, const QSize &size, const QDateTime &time);
 
     /// The same with the information, whatever the options say of it. A side of 0 follows the
     /// other.
-    QImage thumbnail(int partitionNo, const QSize &size, const QDateTime &time) const;
+    QImage thumbnail(int mode, int partitionNo, const QSize &size, const QDateTime &time) const;
 
     /// Size of a saved picture with the information, and the strips around it.
-    QSize savedSize(int partitionNo) const;
+    QSize savedSize(int mode, int partitionNo) const;
 
     /// Moves the preview that was asked for last, by so many frames, between the first and the last
     /// one of its partition.

@@ -58,14 +58,14 @@ QPixmap StandInDocumentDisplay<Contract>::previewPixmap(int mode, int width, int
                                                         const QDateTime &time)
 {
     this->asked("previewPixmap", mode, width, height, partitionNo, flag, time);
-    return pixmapOf(this->preview().picture(partitionNo, QSize(width, height), time));
+    return pixmapOf(this->preview().picture(mode, partitionNo, QSize(width, height), time));
 }
 
 template <class Contract>
 QSize StandInDocumentDisplay<Contract>::documentResolution(int kind, int partitionNo, bool base)
 {
     this->asked("documentResolution", kind, partitionNo, base);
-    return base ? this->pictureSize() : this->preview().savedSize(partitionNo);
+    return base ? this->pictureSize() : this->preview().savedSize(kind, partitionNo);
 }
 
 template <class Contract>
@@ -74,7 +74,7 @@ QPixmap StandInDocumentDisplay<Contract>::documentThumbnail(int kind, int width,
                                                             const QDateTime &time)
 {
     this->asked("documentThumbnail", kind, width, height, partitionNo, number, time);
-    return pixmapOf(this->preview().thumbnail(partitionNo, QSize(width, height), time));
+    return pixmapOf(this->preview().thumbnail(kind, partitionNo, QSize(width, height), time));
 }
 
 template <class Contract> QString StandInDocumentDisplay<Contract>::documentLogoPath()

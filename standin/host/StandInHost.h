@@ -150,6 +150,11 @@ public:
     bool isReadOutEdited() const override { return m_readOut.isEdited(); }
     QRect wantedReadOut(StandInCamera &camera) override { return m_readOut.wanted(camera); }
 
+    // Saves.
+
+    QString savedFileName(int mode, DOC_Interface *document, int partitionNo,
+                          const QDateTime &time) override;
+
     // Information over the pictures.
 
     QVariant setting(const QString &key) const override

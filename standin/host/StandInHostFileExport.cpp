@@ -1,8 +1,21 @@
 #include "standin/host/StandInHost.h"
 
+#include "save/path/PathComposer.h"
+
 #include <QtDebug>
 
 using JournalText::Secret;
+
+QString StandInHost::savedFileName(int mode, DOC_Interface *document, int partitionNo,
+                                   const QDateTime &time)
+{
+    const CallJournal::OwnCalls own;
+    try {
+        return PathComposer::composeFileName(this, mode, document, partitionNo, true, time);
+    } catch (const std::exception &) {
+        return QString(); // what is wrong with the settings is told where a path is asked for
+    }
+}
 
 void StandInHost::copySelectArea(int mode)
 {

@@ -3,7 +3,28 @@
 #include <QMutexLocker>
 #include <QThread>
 
+namespace {
+
+thread_local int ownCalls = 0;
+
+}
+
 CallJournal::CallJournal() = default;
+
+CallJournal::OwnCalls::OwnCalls()
+{
+    ++ownCalls;
+}
+
+CallJournal::OwnCalls::~OwnCalls()
+{
+    --ownCalls;
+}
+
+bool CallJournal::isOwnCall()
+{
+    return ownCalls > 0;
+}
 
 CallAnswer CallJournal::recorded(bool question, const QString &subject, const QString &operation,
                                  const QStringList &arguments)

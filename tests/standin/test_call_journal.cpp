@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QThread>
 #include <QtConcurrent>
 
 class TestCallJournal : public TestBase
@@ -39,6 +40,8 @@ private slots:
     void faultsWorkWithoutLines();
     void linesOfAllThreadsArrive();
     void listenerGetsEachLine();
+    void ownCallsLeaveNoTrace();
+    void ownCallsAreThoseOfTheirThread();
 };
 
 namespace {
@@ -486,6 +489,45 @@ void TestCallJournal::listenerGetsEachLine()
     host.setJournalEnabled(false);
     host.setTrelvikLock(false);
     QCOMPARE(heard, QStringList({"setTrelvikLock(true)"}));
+}
+
+void TestCallJournal::ownCallsLeaveNoTrace()
+{
+    QStringList heard;
+    StandInHost host;
+    StandInCamera *camera = host.addCamera();
+    host.callJournal().setListener([&](const QString &line) { heard.append(line); });
+    host.failOn("isReady", 1);
+    host.failAtCall(2);
+    {
+        const CallJournal::OwnCalls outer;
+        {
+            const CallJournal::OwnCalls inner;
+            QVERIFY(host.isReady());
+        }
+        QCOMPARE(camera->partitionNumbers(), QList<int>({1}));
+        host.setTrelvikLock(true);
+    }
+    QVERIFY(host.isLockOn()); // it was done
+    QCOMPARE(host.journal(), QStringList());
+    QCOMPARE(host.callCount(), 0);
+    QCOMPARE(heard, QStringList());
+    // The faults wait for the calls of others.
+    QCOMPARE(failureOf([&] { host.isReady(); }), QString("isReady failed"));
+    QCOMPARE(failureOf([&] { camera->partitionNumbers(); }), QString("partitionNumbers failed"));
+    QCOMPARE(heard, QStringList({"isReady()", "[1].partitionNumbers()"}));
+}
+
+void TestCallJournal::ownCallsAreThoseOfTheirThread()
+{
+    StandInHost host;
+    const CallJournal::OwnCalls own;
+    // A thread of its own: who waits for a task of the pool may run it himself.
+    const std::unique_ptr<QThread> other(QThread::create([&] { host.isReady(); }));
+    other->start();
+    QVERIFY(other->wait());
+    host.isUpdateIgnore();
+    QCOMPARE(host.journal(), QStringList({"isReady()"}));
 }
 
 int main(int argc, char **argv)

@@ -1,6 +1,8 @@
 #include "standin/host/StandInHost.h"
+#include "standin/settings/StandInDefaults.h"
 #include "tests/support/TestLog.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
 using Mode = StandInHost::Mode;
@@ -27,6 +29,11 @@ private slots:
     void groupHasNone();
 
     void informationIsAnOption();
+    void tellsTheNameOfTheFile_data();
+    void tellsTheNameOfTheFile();
+    void nameIsThatOfTheNextFreeNumber();
+    void namingIsTheHostsOwnMatter();
+    void nameIsLookedForWhereItIsShown();
     void turnedAndFlippedAsSeen_data();
     void turnedAndFlippedAsSeen();
     void undoesTheScaleDivider();
@@ -88,13 +95,18 @@ QString quarters(const QImage &image)
     return text;
 }
 
-// Only the caption is saved, and the partition's number in it.
-void captionOnly(StandInHost &host)
+// Only the caption is saved, and this in it.
+void captionOnly(StandInHost &host, const QString &display = "PartitionNumber:true")
 {
     for (int group = 0; group < 7; ++group) {
         const QString key = "saveinfo/display" + QString::number(group);
-        QVERIFY(host.settings().setValue(key, group == 0 ? "PartitionNumber:true" : ""));
+        QVERIFY(host.settings().setValue(key, group == 0 ? display : QString()));
     }
+}
+
+void nameOnly(StandInHost &host)
+{
+    captionOnly(host, "PartitionNumber:false,File name:true");
 }
 
 }
@@ -278,8 +290,7 @@ void TestDocumentPreview::movesThroughTheFilesOfAFolder()
 void TestDocumentPreview::thumbnailShowsTheSameFrame()
 {
     StandInHost host;
-    captionOnly(host);
-    QVERIFY(host.settings().setValue("saveinfo/display0", ""));
+    captionOnly(host, "");
     StandInCamera *camera = recordedCamera(host);
     preview(camera, 2);
     camera->showNextPreview();
@@ -324,6 +335,107 @@ void TestDocumentPreview::informationIsAnOption()
     const QSize withStrips = preview(camera, 2, {2000, 2000}).size();
     QCOMPARE(withStrips.width(), 640);
     QVERIFY(withStrips.height() > 480);
+}
+
+void TestDocumentPreview::tellsTheNameOfTheFile_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("family");
+    QTest::newRow("file") << 9 << "export";
+    QTest::newRow("export") << 10 << "export";
+    QTest::newRow("convert") << 11 << "convert";
+    QTest::newRow("report") << 17 << "report";
+    QTest::newRow("layout") << 18 << "layout";
+}
+
+void TestDocumentPreview::tellsTheNameOfTheFile()
+{
+    QFETCH(int, mode);
+    QFETCH(QString, family);
+    StandInHost host;
+    nameOnly(host);
+    DOC_Interface *camera = host.addCamera();
+    camera->setSaveInfoOption(true);
+    const auto shown = [&] {
+        return camera->previewPixmap(mode, 640, 480, 1, false, QDateTime()).toImage();
+    };
+    const auto rename = [&](const QString &of, const QString &name) {
+        return host.settings().setValue(of + "/filename", name);
+    };
+    const QImage first = shown();
+    QVERIFY(rename(family, "crash"));
+    const QImage second = shown();
+    QVERIFY(second != first);
+    for (const QString other : {"export", "convert", "snap", "report", "layout"}) {
+        if (other != family)
+            QVERIFY(rename(other, "other"));
+    }
+    QCOMPARE(shown(), second);
+    QCOMPARE(camera->documentThumbnail(mode, 640, 480, 1, 0, QDateTime()).toImage(), second);
+    QVERIFY(rename(family, ""));
+    QVERIFY(host.settings().setValue(family + "/filenameaddnumber", false));
+    QCOMPARE(shown(), host.camera(1)->frame(0)); // no name, no line
+}
+
+void TestDocumentPreview::nameIsThatOfTheNextFreeNumber()
+{
+    QTemporaryDir folder;
+    StandInHost host;
+    nameOnly(host);
+    host.settings().setSaveFolder(folder.path());
+    DOC_Interface *camera = host.addCamera();
+    camera->setSaveInfoOption(true);
+    const QImage first = preview(camera);
+    QFile file(folder.filePath("Recording_C1S0001.avi"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(preview(camera) != first);
+    QVERIFY(file.remove());
+    QCOMPARE(preview(camera), first);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestDocumentPreview::namingIsTheHostsOwnMatter()
+{
+    StandInHost host;
+    nameOnly(host);
+    DOC_Interface *camera = host.addCamera();
+    camera->setSaveInfoOption(true);
+    const QImage named = preview(camera);
+    host.addPlannedFile("somewhere");
+    host.clearJournal();
+    host.failOn("getPrefString", 0);
+    host.failAtCall(2);
+    QCOMPARE(preview(camera), named);
+    QCOMPARE(host.journal(), QStringList({"[1].previewPixmap(10, 640, 480, 1, false, invalid)"}));
+    QCOMPARE(host.callCount(), 1);
+    host.clearFaults();
+    // The plan of the save stays as it is.
+    QVERIFY(host.isPlannedFile("somewhere"));
+    QVERIFY(!host.isPlannedFile(StandInDefaults::saveFolder() + "/Recording_C1S0001"));
+}
+
+void TestDocumentPreview::nameIsLookedForWhereItIsShown()
+{
+    QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir("Run_C1S0001"));
+    StandInHost host;
+    host.settings().setSaveFolder(folder.path());
+    QVERIFY(host.settings().setValue("export/groupdir", true));
+    QVERIFY(host.settings().setValue("export/groupdirname", "Run"));
+    QVERIFY(host.settings().setValue("export/groupdiraddnumber", true));
+    DOC_Interface *camera = host.addCamera();
+    camera->setSaveInfoOption(true);
+    LogCapture log; // of a directory that was passed over on the way to the name
+    captionOnly(host);
+    preview(camera);
+    QCOMPARE(log.texts(), QStringList());
+    nameOnly(host);
+    preview(camera);
+    QCOMPARE(log.texts(), QStringList("exists \"" + folder.path() + "/Run_C1S0001/\""));
+    log.clear();
+    camera->setSaveInfoOption(false);
+    preview(camera);
+    QCOMPARE(log.texts(), QStringList());
 }
 
 void TestDocumentPreview::turnedAndFlippedAsSeen_data()
