@@ -491,5 +491,6 @@ void FaultMatrix::report(const Way &way, const QString &when, const QString &wha
 
 QVector<PageClass> allPageClasses()
 {
-    return bridgePageClasses() + recordPageClasses() + devicePageClasses();
+    return bridgePageClasses() + recordPageClasses() + devicePageClasses() +
+           fileDialogPageClasses();
 }

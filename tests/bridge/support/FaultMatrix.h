@@ -46,6 +46,7 @@ struct PageClass
 QVector<PageClass> bridgePageClasses();
 QVector<PageClass> recordPageClasses();
 QVector<PageClass> devicePageClasses();
+QVector<PageClass> fileDialogPageClasses();
 
 /// All of them.
 QVector<PageClass> allPageClasses();
