@@ -14,6 +14,7 @@
 #include "record/format/GUI_ShutterSpeedFormatDialog.h"
 #include "record/info/GUI_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
+#include "save/dialog/GUI_FileSaveDialog.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/MemoryUse.h"
 #include "tests/support/ObjectCount.h"
@@ -215,6 +216,22 @@ Cycle editInfoCycle(bool saveForm, const QString &way)
     };
 }
 
+// Its page lists, looks at a path and chooses a partition.
+Cycle fileSaveCycle(const QString &way)
+{
+    return [way](StandInHost &host) {
+        if (host.cameraCount() == 0)
+            host.addCamera();
+        GUI_FileSaveDialog dialog(&host, QStringLiteral("Export"), Calls,
+                                  QStringLiteral("filesavedialog"), nullptr);
+        const QString page = QStringLiteral("filesavedialog.");
+        execAndClose(dialog, way.isEmpty() ? way : page + way,
+                     page + "selectedDocHeadCount.connect(function () {});" + page + "list();" +
+                         page + "select(1, 1, 8, 8);" + page + "getExportFile();" + page +
+                         "exportTarget(1, 1)");
+    };
+}
+
 class DialogTool : public PLG_Common
 {
 public:
@@ -324,6 +341,10 @@ void TestDialogGrowth::nothingGrows_data()
         GUI_TimeCodeCustomDialog dialog(&host, nullptr);
         execAndClose(dialog, QStringLiteral("timecode_custom_mediator.ok()"), QString());
     });
+    for (const char *way : {"accept()", "reject()", ""}) {
+        const char *const end = *way ? way : "closed by its frame";
+        QTest::addRow("save of a file, %s", end) << fileSaveCycle(QLatin1String(way));
+    }
     QTest::newRow("plain dialog") << nativeCycle<GUI_Dialog>();
     QTest::newRow("progress") << nativeCycle<GUI_ProgressDialog>();
     QTest::newRow("marquee progress") << nativeCycle<GUI_MarqueeProgressDialog>();

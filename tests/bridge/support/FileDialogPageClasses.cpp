@@ -1,5 +1,7 @@
 #include "bridge/operation/FileChoice.h"
+#include "save/dialog/GUI_FileSaveDialog.h"
 #include "save/dialog/JS_Mediator_FileDialog.h"
+#include "save/dialog/JS_Mediator_FileSaveDialog.h"
 #include "tests/bridge/support/FaultMatrix.h"
 
 #include <QDir>
@@ -27,6 +29,18 @@ QObject *makeFileDialogMediator(StandInHost &host)
     auto *page = new JS_Mediator_FileDialog(&host, QStringLiteral("filesavedialog"));
     page->setSelectDocKey(1);
     return page;
+}
+
+QObject *makeFileSaveMediator(StandInHost &host)
+{
+    return new JS_Mediator_FileSaveDialog(&host, QStringLiteral("filesavedialog"));
+}
+
+// A page finds it by its mediator, whose signals reach the dialog.
+QObject *makeFileSaveDialog(StandInHost &host)
+{
+    return new GUI_FileSaveDialog(&host, QStringLiteral("Export"), QStringLiteral("about:blank"),
+                                  QStringLiteral("filesavedialog"), nullptr);
 }
 
 // Two recordings in memory, with everything that a path can be made of.
@@ -102,6 +116,8 @@ QVector<SlotCase> fileDialogCases()
 QVector<PageClass> fileDialogPageClasses()
 {
     return {
+        {&GUI_FileSaveDialog::staticMetaObject, makeFileSaveDialog, {}},
         {&JS_Mediator_FileDialog::staticMetaObject, makeFileDialogMediator, fileDialogCases()},
+        {&JS_Mediator_FileSaveDialog::staticMetaObject, makeFileSaveMediator, {}},
     };
 }
