@@ -15,6 +15,7 @@
 #include "record/info/GUI_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
 #include "save/dialog/GUI_FileSaveDialog.h"
+#include "save/number/GUI_AddNumberDialog.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/MemoryUse.h"
 #include "tests/support/ObjectCount.h"
@@ -336,6 +337,15 @@ void TestDialogGrowth::nothingGrows_data()
         const char *name = *way ? way + 1 : "closed by its frame";
         QTest::addRow("information on the screen, %s", name) << editInfoCycle(false, way);
         QTest::addRow("information in what is saved, %s", name) << editInfoCycle(true, way);
+    }
+    for (const char *way : {".accept()", ".reject()", ""}) {
+        const QString object = QStringLiteral("addnumberdialog");
+        const QString end = *way ? object + way : QString();
+        QTest::addRow("digits of a number, %s", *way ? way + 1 : "closed by its frame")
+            << Cycle([object, end](StandInHost &host) {
+                   GUI_AddNumberDialog dialog(&host, nullptr, 2, 2, 1);
+                   execAndClose(dialog, end, object + ".rejected.connect(function () {})");
+               });
     }
     QTest::newRow("time code") << Cycle([](StandInHost &host) {
         GUI_TimeCodeCustomDialog dialog(&host, nullptr);

@@ -492,5 +492,5 @@ void FaultMatrix::report(const Way &way, const QString &when, const QString &wha
 QVector<PageClass> allPageClasses()
 {
     return bridgePageClasses() + recordPageClasses() + devicePageClasses() +
-           fileDialogPageClasses();
+           fileDialogPageClasses() + saveFilePageClasses();
 }

@@ -47,6 +47,7 @@ QVector<PageClass> bridgePageClasses();
 QVector<PageClass> recordPageClasses();
 QVector<PageClass> devicePageClasses();
 QVector<PageClass> fileDialogPageClasses();
+QVector<PageClass> saveFilePageClasses();
 
 /// All of them.
 QVector<PageClass> allPageClasses();
