@@ -1,5 +1,7 @@
 #include "bench/BenchRatios.h"
+#include "foundation/Json.h"
 #include "foundation/LogLines.h"
+#include "save/dialog/JS_Mediator_SaveFile.h"
 #include "save/path/PathComposer.h"
 #include "save/path/PathComposition.h"
 #include "standin/documents/StandInCamera.h"
@@ -8,6 +10,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <chrono>
@@ -28,6 +32,8 @@ using Seconds = std::chrono::duration<double>;
 constexpr int Digits = 6;
 constexpr int Partitions = 16;
 constexpr int Directories = 10000;
+constexpr int Devices = 1000;
+constexpr int Destinations = 1000;
 
 const QDateTime Moment(QDate(2017, 6, 5), QTime(7, 8, 9));
 
@@ -246,6 +252,51 @@ void addGroupDir(BenchRatios &ratios)
         });
 }
 
+// Each device's row holds all destinations.
+void addMultiPathDevices(BenchRatios &ratios)
+{
+    const auto host = std::make_shared<StandInHost>();
+    host->setJournalEnabled(false);
+    QStringList destinations;
+    QStringList assignments;
+    QJsonArray paths;
+    for (int i = 0; i < Destinations; ++i) {
+        const QString key = QLatin1String("Disk ") + QString::number(i);
+        const QString path = QLatin1String("/data/recordings/") + QString::number(i);
+        destinations.append(key + QLatin1Char('|') + path);
+        paths.append(QJsonObject{{"key", key}, {"val", path}});
+    }
+    QJsonArray rows;
+    for (int i = 0; i < Devices; ++i) {
+        StandInCamera::Description camera;
+        camera.model = QLatin1String("Device ") + QString::number(i);
+        host->addCamera(camera);
+        const QString number = QString::number(i % Destinations);
+        assignments.append(camera.model + QLatin1String("|Disk ") + number);
+        rows.append(QJsonObject{{"recid", i + 1},
+                                {"device", camera.model},
+                                {"paths", paths},
+                                {"pathselector", QLatin1String("Disk ") + number},
+                                {"path", QLatin1String("/data/recordings/") + number}});
+    }
+    host->settings().setValue("export/multipathlist", destinations.join(QLatin1Char('?')));
+    host->settings().setValue("export/multipathdevicelist", assignments.join(QLatin1Char('?')));
+    const int length = Json::compactText(rows).size();
+    ratios.add(
+        "1,000 devices, 1,000 destinations", 1.5,
+        [host, length](benchmark::State &state) {
+            JS_Mediator_SaveFile mediator(host.get(), QLatin1String("exportdialog"));
+            for (auto _ : state) {
+                if (mediator.getMultiPathDevices().size() != length)
+                    state.SkipWithError("another text");
+            }
+        },
+        [rows](benchmark::State &state) {
+            for (auto _ : state)
+                benchmark::DoNotOptimize(Json::compactText(rows));
+        });
+}
+
 }
 
 int main(int argc, char **argv)
@@ -259,5 +310,6 @@ int main(int argc, char **argv)
     addFileName(ratios, 100000, 5);
     addPartitions(ratios, 10000);
     addGroupDir(ratios);
+    addMultiPathDevices(ratios);
     return ratios.run(argc, argv);
 }
