@@ -163,6 +163,8 @@ void TestWindowGrowth::nothingGrows_data()
     row("recording time", "recordingTime", "cancel");
     row("custom info, accepted", "custominfo", "ok");
     row("custom info, cancelled", "custominfo", "cancel");
+    row("digits of a number", "addnumberdialog", "ok");
+    row("digits of a number, closed by the frame", "addnumberdialog", "");
     QTest::newRow("note, closed by the button") << Cycle([](Workbench &workbench) {
         openNote(workbench);
         workbench.window().tools()->action(noteTool(workbench))->trigger();

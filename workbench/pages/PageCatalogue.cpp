@@ -1,7 +1,9 @@
 #include "workbench/pages/PageCatalogue.h"
 
 #include "bridge/mediator/JS_Mediator.h"
+#include "contract/DOC_Interface.h"
 #include "foundation/Clock.h"
+#include "foundation/SaveModes.h"
 #include "record/comment/GUI_CommentDialog.h"
 #include "record/display/GUI_EditInfoDialog.h"
 #include "record/format/GUI_FrameFormatDialog.h"
@@ -10,6 +12,7 @@
 #include "record/format/GUI_ShutterSpeedFormatDialog.h"
 #include "record/info/GUI_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
+#include "save/number/GUI_AddNumberDialog.h"
 #include "standin/host/StandInHost.h"
 
 #include <QDateTime>
@@ -43,6 +46,18 @@ std::unique_ptr<QDialog> makeSaveInfo(StandInHost &host, const PageEntry &, QWid
 {
     return std::make_unique<GUI_EditInfoDialog>(&host, FileType, true, nullptr, 0,
                                                 QList<DOC_Interface *>(), Clock::now());
+}
+
+// Of the files of recordings, for the selected cameras.
+std::unique_ptr<QDialog> makeNumber(StandInHost &host, const PageEntry &, QWidget *parent)
+{
+    QList<DOCKEY> selected;
+    host.selectedDocKeys(selected, true);
+    DOC_Interface *current = host.currentDocument();
+    DOC_HeadInterface *heads = current ? current->headInterface() : nullptr;
+    return std::make_unique<GUI_AddNumberDialog>(&host, parent,
+                                                 SaveModes::fileNameKind(SaveModes::Family::Export),
+                                                 selected.size(), heads ? heads->headCount() : 0);
 }
 
 PageEntry saveInfo(const QString &name, const QString &entry, PageEntry::Make make)
@@ -165,6 +180,16 @@ QVector<PageEntry> makePages()
          "rectime_format_dlg",
          {},
          makeOwn<GUI_RectimeFormatDialog>},
+        {"addnumberdialog",
+         Kind::Dialog,
+         "Save",
+         "&Numbers of recordings...",
+         {},
+         "Adding a number",
+         "qrc:/addnumberdialog.html",
+         "addnumberdialog",
+         {},
+         makeNumber},
         {"about",
          Kind::Dialog,
          "Help",
