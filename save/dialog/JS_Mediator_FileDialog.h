@@ -46,6 +46,10 @@ public slots:
 
     bool openCustumTimeCodeDialog(); ///< pages call it by exactly this name
 
+    /// What follows an automatic conversion, for documents by their keys. It does not open where
+    /// the conversion has no directory.
+    bool openConvertParameterEditDialog(const QVariantList &dockeyList);
+
     /// Hands documents, by their keys, to the host for import.
     void importTarget(const QVariantList &dockeyList);
 

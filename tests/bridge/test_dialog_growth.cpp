@@ -14,6 +14,7 @@
 #include "record/format/GUI_ShutterSpeedFormatDialog.h"
 #include "record/info/GUI_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
+#include "save/convert/GUI_ConvertParameterEditDialog.h"
 #include "save/dialog/GUI_FileSaveDialog.h"
 #include "save/number/GUI_AddNumberDialog.h"
 #include "tests/bridge/support/DialogPage.h"
@@ -233,6 +234,16 @@ Cycle fileSaveCycle(const QString &way)
     };
 }
 
+Cycle convertCycle(const QString &way)
+{
+    return [way](StandInHost &host) {
+        GUI_ConvertParameterEditDialog dialog(&host, nullptr, {1}, 1, 1);
+        const QString page = QStringLiteral("convertparametereditdialog.");
+        execAndClose(dialog, way.isEmpty() ? way : page + way,
+                     "savefile.refreshed.connect(function () {});" + page + "getExportPath()");
+    };
+}
+
 class DialogTool : public PLG_Common
 {
 public:
@@ -354,6 +365,7 @@ void TestDialogGrowth::nothingGrows_data()
     for (const char *way : {"accept()", "reject()", ""}) {
         const char *const end = *way ? way : "closed by its frame";
         QTest::addRow("save of a file, %s", end) << fileSaveCycle(QLatin1String(way));
+        QTest::addRow("what follows a conversion, %s", end) << convertCycle(QLatin1String(way));
     }
     QTest::newRow("plain dialog") << nativeCycle<GUI_Dialog>();
     QTest::newRow("progress") << nativeCycle<GUI_ProgressDialog>();

@@ -1,4 +1,6 @@
 #include "bridge/operation/FileChoice.h"
+#include "save/convert/GUI_ConvertParameterEditDialog.h"
+#include "save/convert/JS_Mediator_ConvertParameterEditDialog.h"
 #include "save/dialog/GUI_FileSaveDialog.h"
 #include "save/dialog/JS_Mediator_FileDialog.h"
 #include "save/dialog/JS_Mediator_FileSaveDialog.h"
@@ -43,6 +45,16 @@ QObject *makeFileSaveDialog(StandInHost &host)
                                   QStringLiteral("filesavedialog"), nullptr);
 }
 
+QObject *makeConvertMediator(StandInHost &host)
+{
+    return new JS_Mediator_ConvertParameterEditDialog(&host, {1, QStringLiteral("2")}, 1, 2);
+}
+
+QObject *makeConvertDialog(StandInHost &host)
+{
+    return new GUI_ConvertParameterEditDialog(&host, nullptr, {1}, 1, 1);
+}
+
 // Two recordings in memory, with everything that a path can be made of.
 void record(FaultScene &scene)
 {
@@ -61,6 +73,12 @@ void record(FaultScene &scene)
                                 "export/subdirasfilename", "recording/LoopRecord"})
         scene.host.settings().setValue(QLatin1String(setting), true);
     scene.host.settings().setValue("export/filename", "Shot");
+}
+
+void besideTheOriginal(FaultScene &scene)
+{
+    record(scene);
+    scene.host.settings().setValue("convert/dirasoriginal", true);
 }
 
 void openFiles(FaultScene &scene)
@@ -91,6 +109,8 @@ QVector<SlotCase> fileDialogCases()
     return {
         {"openFolder()", {}, record},
         {"openCustumTimeCodeDialog()", {}, convert},
+        {"openConvertParameterEditDialog(QVariantList)", {QVariant(both)}, besideTheOriginal},
+        {"openConvertParameterEditDialog(QVariantList)", {QVariant(both)}, convert},
         {"importTarget(QVariantList)", {QVariant(both)}, record},
         {"list(bool)", {true}, record},
         {"list(bool)", {true}, openFiles},
@@ -116,7 +136,11 @@ QVector<SlotCase> fileDialogCases()
 QVector<PageClass> fileDialogPageClasses()
 {
     return {
+        {&GUI_ConvertParameterEditDialog::staticMetaObject, makeConvertDialog, {}},
         {&GUI_FileSaveDialog::staticMetaObject, makeFileSaveDialog, {}},
+        {&JS_Mediator_ConvertParameterEditDialog::staticMetaObject,
+         makeConvertMediator,
+         {{"getExportPath()", {}, besideTheOriginal}}},
         {&JS_Mediator_FileDialog::staticMetaObject, makeFileDialogMediator, fileDialogCases()},
         {&JS_Mediator_FileSaveDialog::staticMetaObject, makeFileSaveMediator, {}},
     };

@@ -151,6 +151,7 @@ void TestFileDialogTargets::slotsStandInOrder()
                           "void selectedDocHeadCount(int)",
                           "bool openFolder()",
                           "bool openCustumTimeCodeDialog()",
+                          "bool openConvertParameterEditDialog(QVariantList)",
                           "void importTarget(QVariantList)",
                           "QString list(bool)",
                           "QString list()",
