@@ -74,9 +74,12 @@ void addBase(QVector<PathWarning> &warnings, const QString &base)
         warnings.append({Kind::Forbidden, Part::Base, forbidden});
 }
 
-// Pictures of a sequence have the number of their frame behind the name.
+// Pictures of a sequence have the number of their frame behind the name. A name that leads
+// elsewhere is no file's.
 bool isTaken(const QString &directory, const QString &name)
 {
+    if (name.isEmpty() || name.contains(QLatin1Char('/')))
+        return false;
     if (QFileInfo::exists(directory + name))
         return true;
     const QString followers = QStringLiteral(".0123456789");
@@ -106,8 +109,7 @@ QVector<PathWarning> ofDisk(const ComposedPath &path)
         warnings.append({Kind::MissingFolder, Part::Base, path.base});
     if (!path.isPlaced)
         return warnings;
-    if (path.file.search.number == 0 && !path.file.text.isEmpty() &&
-        isTaken(path.directory, path.path.mid(path.path.lastIndexOf(QLatin1Char('/')) + 1)))
+    if (path.file.search.number == 0 && isTaken(path.directory, path.file.text))
         warnings.append({Kind::Exists, Part::File, path.file.text});
     // The free space that is told is that of the first directory of a path.
     const int slash = path.directory.indexOf(QLatin1Char('/'));

@@ -58,6 +58,7 @@ private slots:
     void tellsTheFolder();
     void tellsAFileOfTheName_data();
     void tellsAFileOfTheName();
+    void takesNoDirectoryForAFile();
     void findsTheVolume();
     void tellsAnotherVolume();
     void namesForbiddenCharacters_data();
@@ -182,12 +183,24 @@ void TestPathWarnings::tellsAFileOfTheName()
     path.base = path.directory = folder.path() + "/";
     path.file = named("Shot");
     path.file.search.number = number;
-    path.path = path.directory + "Shot";
     path.isPlaced = true;
     QStringList expected;
     if (isTold)
         expected.append("file exists [Shot]");
     QCOMPARE(told(PathWarnings::ofDisk(path)), expected);
+}
+
+void TestPathWarnings::takesNoDirectoryForAFile()
+{
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkpath("Shot_5"));
+    ComposedPath path;
+    path.base = path.directory = folder.path() + "/";
+    path.isPlaced = true;
+    for (const char *name : {"", "Shot_5/", "Shot_5/6"}) {
+        path.file = named(name);
+        QCOMPARE(told(PathWarnings::ofDisk(path)), QStringList());
+    }
 }
 
 void TestPathWarnings::findsTheVolume()
