@@ -12,6 +12,8 @@
 #include "record/format/GUI_ShutterSpeedFormatDialog.h"
 #include "record/info/GUI_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
+#include "save/dialog/GUI_FileSaveDialog.h"
+#include "save/dialog/JS_Mediator_SaveFile.h"
 #include "save/number/GUI_AddNumberDialog.h"
 #include "standin/host/StandInHost.h"
 
@@ -58,6 +60,23 @@ std::unique_ptr<QDialog> makeNumber(StandInHost &host, const PageEntry &, QWidge
     return std::make_unique<GUI_AddNumberDialog>(&host, parent,
                                                  SaveModes::fileNameKind(SaveModes::Family::Export),
                                                  selected.size(), heads ? heads->headCount() : 0);
+}
+
+// The kind of save follows from the name of the mediator.
+std::unique_ptr<QDialog> makeSave(StandInHost &host, const PageEntry &page, QWidget *parent)
+{
+    auto dialog =
+        std::make_unique<GUI_FileSaveDialog>(&host, page.title, page.url, page.mediator, parent);
+    dialog->addMediator(new JS_Mediator_SaveFile(&host, page.mediator)); // the dialog's
+    return dialog;
+}
+
+PageEntry save(const QString &mediator, const QString &entry, const QKeySequence &shortcut,
+               const QString &title)
+{
+    return {
+        mediator, Kind::Dialog,    "Save",  entry, shortcut, title, "qrc:/" + mediator + ".html",
+        mediator, QSize(880, 720), makeSave};
 }
 
 PageEntry saveInfo(const QString &name, const QString &entry, PageEntry::Make make)
@@ -180,6 +199,12 @@ QVector<PageEntry> makePages()
          "rectime_format_dlg",
          {},
          makeOwn<GUI_RectimeFormatDialog>},
+        save("exportdialog", "&Recordings...", QKeySequence("Ctrl+S"), "Save recordings"),
+        save("snapshotdialog", "&Pictures...", {}, "Save pictures"),
+        save("reportExportDialog", "R&eports...", {}, "Save reports"),
+        save("layoutsavedialog", "&Layout...", {}, "Save the layout"),
+        save("batchconverter", "&Convert recordings...", {}, "Convert recordings"),
+        save("fileopendialog", "&Import recordings...", {}, "Open recordings"),
         {"addnumberdialog",
          Kind::Dialog,
          "Save",

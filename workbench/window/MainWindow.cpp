@@ -281,6 +281,7 @@ void MainWindow::makeMenus()
     QMenu *information = menuBar()->addMenu(tr("&Information"));
     information->addAction(m_showInformation);
     information->addSeparator();
+    menuBar()->addMenu(tr("&Save"));
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addActions({m_support, m_inspectPage});
     addPages(help);
