@@ -22,6 +22,7 @@ void empty(TourStage &stage);           ///< no camera is left, and one comes
 void information(TourStage &stage);     ///< time code, comments, and how values are written
 void catalogue(TourStage &stage);       ///< each page by keyboard, in the style of the scene
 void customInfo(TourStage &stage);      ///< custom information, in the style of the scene
+void save(TourStage &stage);            ///< where saves go, in the style of the scene
 void cameras(TourStage &stage);         ///< as many cameras as there can be
 void scale(TourStage &stage);           ///< a workbench on a screen that enlarges by 1.5
 void scaled(TourStage &stage);          ///< what that one does; a walk for itself alone
