@@ -1,5 +1,7 @@
 #include "plugin/region/RegionGeometry.h"
 #include "tests/plugin/RegionTool.h"
+
+#include "plugin/region/RegionCursor.h"
 #include "tests/support/TestLog.h"
 
 #include <QGuiApplication>
@@ -85,7 +87,7 @@ private slots:
     void toolChoosesItsOwnPointer();
     void finishReleasesWhereThePointerWasLast();
     void leaveTakesBackThePointer();
-    void pointerGoesWithTheTool();
+    void pointerGoesWithItsOwner();
     void pointerOfTheSameShapeIsNotTheToolsOwn();
     void pointerThatSomebodyTookBackIsShownAnew();
     void failingQuestionLeavesTheMacroClosable();
@@ -657,12 +659,12 @@ void TestRegionFlow::leaveTakesBackThePointer()
     QCOMPARE(scene.tool.currentDocId(), -1);
 }
 
-void TestRegionFlow::pointerGoesWithTheTool()
+void TestRegionFlow::pointerGoesWithItsOwner()
 {
     {
-        Scene scene;
-        scene.move(150, 140);
-        QCOMPARE(shownPointer(), int(Qt::SizeAllCursor));
+        RegionCursor cursor;
+        cursor.show(Qt::SizeHorCursor);
+        QCOMPARE(shownPointer(), int(Qt::SizeHorCursor));
     }
     QCOMPARE(shownPointer(), -1);
 }
