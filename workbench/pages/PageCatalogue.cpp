@@ -12,6 +12,7 @@
 #include "record/format/GUI_ShutterSpeedFormatDialog.h"
 #include "record/info/GUI_CustomInfoDialog.h"
 #include "record/timecode/GUI_TimeCodeCustomDialog.h"
+#include "save/convert/GUI_ConvertParameterEditDialog.h"
 #include "save/dialog/GUI_FileSaveDialog.h"
 #include "save/dialog/JS_Mediator_SaveFile.h"
 #include "save/number/GUI_AddNumberDialog.h"
@@ -69,6 +70,17 @@ std::unique_ptr<QDialog> makeSave(StandInHost &host, const PageEntry &page, QWid
         std::make_unique<GUI_FileSaveDialog>(&host, page.title, page.url, page.mediator, parent);
     dialog->addMediator(new JS_Mediator_SaveFile(&host, page.mediator)); // the dialog's
     return dialog;
+}
+
+// Of all recordings, the current one shown.
+std::unique_ptr<QDialog> makeConvertParameters(StandInHost &host, const PageEntry &,
+                                               QWidget *parent)
+{
+    QVariantList keys;
+    for (DOCKEY key : host.documentKeys(true, false))
+        keys.append(QString::number(key));
+    return std::make_unique<GUI_ConvertParameterEditDialog>(&host, parent, keys,
+                                                            host.currentDocKey(), 1);
 }
 
 PageEntry save(const QString &mediator, const QString &entry, const QKeySequence &shortcut,
@@ -204,6 +216,16 @@ QVector<PageEntry> makePages()
         save("reportExportDialog", "R&eports...", {}, "Save reports"),
         save("layoutsavedialog", "&Layout...", {}, "Save the layout"),
         save("batchconverter", "&Convert recordings...", {}, "Convert recordings"),
+        {"convertparametereditdialog",
+         Kind::Dialog,
+         "Save",
+         "&Automatic conversion...",
+         {},
+         "Saved after the automatic conversion",
+         "qrc:/convertparametereditdialog.html",
+         "convertparametereditdialog",
+         {},
+         makeConvertParameters},
         save("fileopendialog", "&Import recordings...", {}, "Open recordings"),
         {"addnumberdialog",
          Kind::Dialog,

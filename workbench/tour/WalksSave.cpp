@@ -207,6 +207,26 @@ void setsDigits(TourStage &stage)
     });
 }
 
+void editsTheConversion(TourStage &stage)
+{
+    stage.step("conversion", "What follows an automatic conversion has a page too", [&] {
+        set(stage, "convert/dir", base(stage));
+        set(stage, "convert/filename", "Converted");
+        set(stage, "convert/filenameaddnumber", false);
+        stage.visitDialog("Save", "Recordings...", "-before", [&](GUI_WebView *page) {
+            visitOver(stage, page, "#convert", "-dialog", [&](GUI_WebView *over) {
+                comparePath(stage, over, "Converted");
+                stage.clickInPage(over, "#subUse", "Sub directory");
+                write(stage, over, "subName", "Movies");
+                comparePath(stage, over, "Movies/Converted");
+                stage.addPicture(over, "-typed");
+                stage.clickInPage(over, "#save", "OK");
+            });
+            stage.clickInPage(page, "#cancel", "Cancel");
+        });
+    });
+}
+
 }
 
 void Walks::save(TourStage &stage)
@@ -217,4 +237,5 @@ void Walks::save(TourStage &stage)
     refusesWhatIsTooLong(stage);
     fillsDestinations(stage);
     setsDigits(stage);
+    editsTheConversion(stage);
 }

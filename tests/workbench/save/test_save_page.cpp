@@ -201,6 +201,8 @@ void TestSavePage::typesIntoItsOwnFamily_data()
                             << "report/filename";
     QTest::newRow("layout") << "layoutsavedialog"
                             << "layout/filename";
+    QTest::newRow("automatic conversion") << "convertparametereditdialog"
+                                          << "convert/filename";
 }
 
 void TestSavePage::typesIntoItsOwnFamily()

@@ -139,7 +139,7 @@ var SavePage = (function () {
             tools.push(form.button('timeCode', 'Time code...', form.open(function () {
                 bridge.openCustumTimeCodeDialog();
             })));
-            if (page.hasConversion && typeof bridge.openConvertParameterEditDialog === 'function') {
+            if (page.hasConversion) {
                 tools.push(form.button('convert', 'Conversion...', form.open(function () {
                     // The dialog does not come without a place for its files.
                     Page.tell('toolState', 'error', bridge.getPrefString('convert/dir') !== '' ||
