@@ -614,6 +614,8 @@ void TestMediatorSlots::failureGivesTheNeutralValue_data()
     row("translate('a %1', 'b')", "translate", "\"a b\"", "\"\"");
     row("isReady()", "isReady", "true", "false");
     row("isLiveMode()", "isLiveMode", "true", "false");
+    row("isMemoryMode()", "isMemoryMode", "false", "false");
+    row("isFileMode()", "isFileMode", "false", "false");
     row("isPlaying()", "isPlaying", "true", "false");
     row("isConnected()", "currentDocument", "true", "false");
     row("getPrefInt('a/b', 12)", "getPrefInt", "12", "0");
