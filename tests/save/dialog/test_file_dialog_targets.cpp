@@ -14,6 +14,9 @@
 #include <QTemporaryDir>
 
 #include <functional>
+#include <limits>
+
+#include <sys/resource.h>
 
 // What a save page lists, selects and imports, by the calls of its host.
 
@@ -64,6 +67,8 @@ private slots:
     void missingDocumentHasNoPicture();
     void oddSizesAreAnswered_data();
     void oddSizesAreAnswered();
+    void hugeSizesAreAnsweredInBoundedMemory_data();
+    void hugeSizesAreAnsweredInBoundedMemory();
     void selectionIsKept();
     void targetsAreHandedOver();
     void selectedDocumentsAreCounted();
@@ -128,6 +133,14 @@ QImage pictureOf(const QString &text)
 {
     const QByteArray png = QByteArray::fromBase64(text.toLatin1());
     return QImage::fromData(png, "PNG");
+}
+
+// What the process has held at most, in megabytes.
+double mostMemory()
+{
+    rusage usage;
+    getrusage(RUSAGE_SELF, &usage);
+    return double(usage.ru_maxrss) / 1024.0;
 }
 
 // The lines of one kind of call.
@@ -684,6 +697,31 @@ void TestFileDialogTargets::oddSizesAreAnswered()
     page.select(1, 1, size.width(), size.height());
     QCOMPARE(host.handledErrors(), QStringList());
     QCOMPARE(calls(host, "previewPixmap").size(), 1);
+}
+
+void TestFileDialogTargets::hugeSizesAreAnsweredInBoundedMemory_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("100,000 each way") << QSize(100000, 100000);
+    QTest::newRow("wide") << QSize(100000, 480);
+    QTest::newRow("most") << QSize(std::numeric_limits<int>::max(),
+                                   std::numeric_limits<int>::max());
+}
+
+// The picture of a document is never larger than the document.
+void TestFileDialogTargets::hugeSizesAreAnsweredInBoundedMemory()
+{
+    QFETCH(QSize, size);
+    StandInHost host;
+    host.setMode(StandInHost::Mode::Memory);
+    host.addCamera();
+    JS_Mediator_FileDialog page(&host, ExportPage);
+    page.select(1, 1, 640, 480);
+    const double before = mostMemory();
+    const QImage picture = pictureOf(page.select(1, 1, size.width(), size.height()));
+    QCOMPARE(picture.size(), QSize(640, 480));
+    QVERIFY(mostMemory() - before < 64.0);
+    QCOMPARE(host.handledErrors(), QStringList());
 }
 
 void TestFileDialogTargets::selectionIsKept()
