@@ -326,6 +326,7 @@ void TestConvertParameters::refusedPathIsTold()
     set("export/filenameaspartitionname", false);
     set("export/filename", "");
     set("save/EnableBlankFilename", false);
+    m_host->camera(1)->state().nameAddition = QString("");
     const auto page = make(1, 2);
     LogCapture log;
     QCOMPARE(page->getExportPath(), QString());
