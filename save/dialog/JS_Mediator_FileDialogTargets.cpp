@@ -60,14 +60,14 @@ QList<DOCKEY> targetKeys(HostServices *host, bool temporary)
     return keys;
 }
 
-QList<DOC_Interface *> documentsOf(HostServices *host, const QList<DOCKEY> &keys)
+QList<DOCKEY> keysOfDocuments(HostServices *host, const QList<DOCKEY> &keys)
 {
-    QList<DOC_Interface *> documents;
+    QList<DOCKEY> found;
     for (DOCKEY key : keys) {
-        if (DOC_Interface *doc = host->deviceByKey(key, true))
-            documents.append(doc);
+        if (host->deviceByKey(key, true))
+            found.append(key);
     }
-    return documents;
+    return found;
 }
 
 FileTarget fileTarget(DOC_Interface *doc, const QVariantList &partitions)
@@ -95,9 +95,13 @@ CameraTarget cameraTarget(HostServices *host, DOC_Interface *doc, const QVariant
     return target;
 }
 
-void addTarget(TargetRows &rows, HostServices *host, DOC_Interface *doc, int mode,
+// A document that goes while it, or another, is asked makes no row.
+void addTarget(TargetRows &rows, HostServices *host, DOCKEY key, int mode,
                const SaveOptions &options)
 {
+    DOC_Interface *doc = host->deviceByKey(key, true);
+    if (!doc)
+        return;
     const bool isFile = doc->documentKind() == OpenedFile;
     if (!isFile && doc->isBusySaving())
         return;
@@ -106,6 +110,9 @@ void addTarget(TargetRows &rows, HostServices *host, DOC_Interface *doc, int mod
     doc->setSaveScaleOption(options.scale);
     const QVariantMap info = doc->documentInfoMap(true, false, mode == SaveModes::ConvertMode,
                                                   mode == SaveModes::LayoutMode, true);
+    doc = host->deviceByKey(key, true);
+    if (!doc)
+        return;
     const QVariantList partitions = info.value(QLatin1String("partitions")).toList();
     if (isFile)
         rows.add(fileTarget(doc, partitions));
@@ -177,10 +184,9 @@ QString JS_Mediator_FileDialog::list(bool temporary)
     TargetRows rows(m_savedCheck);
     return guarded(services, QString(), [&] {
         const SaveOptions options = readOptions(services, mode);
-        const QList<DOC_Interface *> documents =
-            documentsOf(services, targetKeys(services, temporary));
-        for (DOC_Interface *doc : documents)
-            addTarget(rows, services, doc, mode, options);
+        const QList<DOCKEY> keys = keysOfDocuments(services, targetKeys(services, temporary));
+        for (DOCKEY key : keys)
+            addTarget(rows, services, key, mode, options);
         return rows.text();
     });
 }

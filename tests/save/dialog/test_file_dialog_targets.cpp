@@ -55,6 +55,8 @@ private slots:
     void memoryMaySelectWhatHasFrames();
     void plainListIsNotTemporary();
     void documentThatHasGoneIsLeftOut();
+    void documentThatGoesWhileListedMakesNoRow_data();
+    void documentThatGoesWhileListedMakesNoRow();
     void failedListIsEmpty();
     void selectedPictureIsPng();
     void selectInLiveModeStoresAlone();
@@ -221,11 +223,13 @@ void TestFileDialogTargets::fileIsListed()
     QCOMPARE(host.journal(),
              exportOptions() +
                  QStringList({"isLiveMode()", "documentKeys(true, false)", "deviceByKey(1, true)",
-                              "[1].documentKind()", "[1].setSaveInfoOption(false)",
-                              "[1].setSaveCorrectOption(false)", "[1].setSaveScaleOption(false)",
+                              "deviceByKey(1, true)", "[1].documentKind()",
+                              "[1].setSaveInfoOption(false)", "[1].setSaveCorrectOption(false)",
+                              "[1].setSaveScaleOption(false)",
                               "[1].documentInfoMap(true, false, false, false, true)",
-                              "[1].supportsMultiSkip()", "[1].supportsFileMultiSkip()",
-                              "[1].isOnSdCard()", "[1].isOnKelvault()", "[1].isOnCFast()"}));
+                              "deviceByKey(1, true)", "[1].supportsMultiSkip()",
+                              "[1].supportsFileMultiSkip()", "[1].isOnSdCard()",
+                              "[1].isOnKelvault()", "[1].isOnCFast()"}));
     QCOMPARE(values(text, "recid"), QStringList({"1", "2"}));
     QCOMPARE(values(text, "partitionno"), QStringList({"1", "3"}));
     QCOMPARE(values(text, "filename"), QStringList({"Shot", ""}));
@@ -242,17 +246,18 @@ void TestFileDialogTargets::recordedCameraIsListed()
     JS_Mediator_FileDialog page(&host, ExportPage);
     host.clearJournal();
     const QString text = page.list(false);
-    QCOMPARE(
-        host.journal(),
-        exportOptions() +
-            QStringList({"isLiveMode()", "documentKeys(true, false)", "deviceByKey(1, true)",
-                         "[1].documentKind()", "[1].isBusySaving()", "[1].setSaveInfoOption(false)",
-                         "[1].setSaveCorrectOption(false)", "[1].setSaveScaleOption(false)",
-                         "[1].documentInfoMap(true, false, false, false, true)",
-                         "[1].supportsMultiSkip()", boolRead("recording/LoopRecord"),
-                         boolRead("recording/StopRecordingAfterLastPartition"),
-                         "[1].currentPartition()", "isLiveMode()", "isPartitionSelectionAuto()",
-                         "[1].isRecordedOnce()"}));
+    QCOMPARE(host.journal(),
+             exportOptions() +
+                 QStringList({"isLiveMode()", "documentKeys(true, false)", "deviceByKey(1, true)",
+                              "deviceByKey(1, true)", "[1].documentKind()", "[1].isBusySaving()",
+                              "[1].setSaveInfoOption(false)", "[1].setSaveCorrectOption(false)",
+                              "[1].setSaveScaleOption(false)",
+                              "[1].documentInfoMap(true, false, false, false, true)",
+                              "deviceByKey(1, true)", "[1].supportsMultiSkip()",
+                              boolRead("recording/LoopRecord"),
+                              boolRead("recording/StopRecordingAfterLastPartition"),
+                              "[1].currentPartition()", "isLiveMode()",
+                              "isPartitionSelectionAuto()", "[1].isRecordedOnce()"}));
     QCOMPARE(values(text, "partitionno"), QStringList({"1", "2"}));
     QCOMPARE(values(text, "selected"), QStringList({"false", "true"}));
 }
@@ -542,6 +547,56 @@ void TestFileDialogTargets::documentThatHasGoneIsLeftOut()
     QCOMPARE(values(page.list(true), "totalframesplain"), QStringList("2"));
     host.closeDocument(2);
     QCOMPARE(page.list(true), QString("[]"));
+}
+
+void TestFileDialogTargets::documentThatGoesWhileListedMakesNoRow_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<DOCKEY>("gone");
+    QTest::addColumn<QStringList>("questions"); // on what goes
+    QTest::addColumn<QStringList>("frames");
+    const QStringList asked = {"documentKind()", "setSaveInfoOption(false)",
+                               "setSaveCorrectOption(false)", "setSaveScaleOption(false)",
+                               "documentInfoMap(true, false, false, false, true)"};
+    const QStringList askedOfCamera =
+        asked.mid(0, 1) + QStringList("isBusySaving()") + asked.mid(1);
+    const QStringList none;
+    QTest::newRow("file, another's information")
+        << 2 << "documentInfoMap" << DOCKEY(2) << none << QStringList("1");
+    QTest::newRow("file, its own information")
+        << 2 << "documentInfoMap" << DOCKEY(1) << asked << QStringList("2");
+    QTest::newRow("camera, another's information")
+        << 0 << "documentInfoMap" << DOCKEY(2) << none << QStringList("1");
+    QTest::newRow("camera, its own information")
+        << 0 << "documentInfoMap" << DOCKEY(1) << askedOfCamera << QStringList("2");
+    QTest::newRow("camera, another's options")
+        << 0 << "setSaveScaleOption" << DOCKEY(2) << none << QStringList("1");
+}
+
+// Nothing more is asked of it.
+void TestFileDialogTargets::documentThatGoesWhileListedMakesNoRow()
+{
+    QFETCH(int, kind);
+    QFETCH(QString, operation);
+    QFETCH(DOCKEY, gone);
+    QFETCH(QStringList, questions);
+    StandInHost host;
+    host.setMode(StandInHost::Mode::Memory);
+    addTarget(host, {1}, kind);
+    addTarget(host, {2}, kind);
+    JS_Mediator_FileDialog page(&host, ExportPage);
+    host.clearJournal();
+    host.removeDocumentOn(operation, gone);
+    const QString text = page.list(false);
+    QTEST(values(text, "totalframesplain"), "frames");
+    QCOMPARE(values(text, "recid"), QStringList("1"));
+    const QString name = QString("[%1].").arg(gone);
+    QStringList lines;
+    for (const QString &question : qAsConst(questions))
+        lines.append(name + question);
+    QCOMPARE(host.journal().filter(name), lines);
+    QCOMPARE(host.handledErrors(), QStringList());
 }
 
 void TestFileDialogTargets::failedListIsEmpty()
