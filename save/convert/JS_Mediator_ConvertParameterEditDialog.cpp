@@ -45,7 +45,7 @@ QString JS_Mediator_ConvertParameterEditDialog::list(bool)
     guarded(services, [&] {
         const bool info = services->getPrefBool(Keys::convertSave.saveInfo, QVariant());
         for (const QVariant &key : targets) {
-            if (DOC_Interface *doc = services->deviceByKey(key.toString().toULongLong(), true))
+            if (DOC_Interface *doc = services->deviceByKey(key.toULongLong(), true))
                 doc->setSaveInfoOption(info);
         }
     });

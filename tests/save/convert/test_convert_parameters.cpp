@@ -30,6 +30,7 @@ private slots:
     void selectionIsThatOfTheCaller();
     void targetsGetTheOption_data();
     void targetsGetTheOption();
+    void targetsKeepTheirNumbers();
     void targetsAreThoseOfTheCaller();
     void directoryIsThatOfConversions();
     void directoryBesideTheOriginal();
@@ -195,6 +196,23 @@ void TestConvertParameters::targetsGetTheOption()
                           "[2].setSaveInfoOption(" + flag + ")", "deviceByKey(9, true)",
                           "deviceByKey(1, true)", "[1].setSaveInfoOption(" + flag + ")",
                           "deviceByKey(0, true)"}));
+}
+
+// A page's numbers are doubles; texts hold more than those.
+void TestConvertParameters::targetsKeepTheirNumbers()
+{
+    JS_Mediator_ConvertParameterEditDialog page(
+        m_host.get(),
+        {1000000.0, 9007199254740992.0, QStringLiteral("9007199254740993"),
+         QStringLiteral("18446744073709551614"), QVariant::fromValue(NoDocKey - 1)},
+        1, 1);
+    m_host->clearJournal();
+    page.list(false);
+    QCOMPARE(m_host->journal().mid(1),
+             QStringList({"deviceByKey(1000000, true)", "deviceByKey(9007199254740992, true)",
+                          "deviceByKey(9007199254740993, true)",
+                          "deviceByKey(18446744073709551614, true)",
+                          "deviceByKey(18446744073709551614, true)"}));
 }
 
 void TestConvertParameters::targetsAreThoseOfTheCaller()
