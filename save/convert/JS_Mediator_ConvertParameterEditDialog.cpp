@@ -70,7 +70,7 @@ QString JS_Mediator_ConvertParameterEditDialog::getExportPath()
     const int partitionNo = selectPartitionNo();
     return guarded(services, QString(), [&] {
         if (!services->getPrefBool(Keys::convertSave.dirAsOriginal, QVariant()))
-            return self ? exportPath() : QString();
+            return self ? JS_Mediator_FileDialog::getExportPath() : QString();
         DOC_Interface *doc = services->deviceByKey(key, true);
         return doc ? automaticDirectory(services, doc, key, partitionNo) : QString();
     });

@@ -109,9 +109,6 @@ protected:
     /// what host and composer throw.
     virtual QString exportFileName(bool withAdditions);
 
-    /// getExportPath() without trace and guard: throws what the host throws.
-    QString exportPath();
-
     DOCKEY selectDocKey() const { return m_selectDocKey; }
     int selectPartitionNo() const { return m_selectPartitionNo; }
 

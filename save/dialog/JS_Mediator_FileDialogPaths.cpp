@@ -12,18 +12,15 @@
 
 // Where a save would go.
 
-QString JS_Mediator_FileDialog::exportPath()
-{
-    HostServices *services = host(); // its calls may end the mediator
-    const int mode = saveModeOfPage();
-    DOC_Interface *doc = services->deviceByKey(m_selectDocKey, true);
-    return PathComposer::composeDirectory(services, mode, doc);
-}
-
 QString JS_Mediator_FileDialog::getExportPath()
 {
     OperationLogScope trace(QLatin1String("JS_Mediator_FileDialog::getExportPath"));
-    return guarded(host(), QString(), [this] { return exportPath(); });
+    HostServices *services = host(); // its calls may end the mediator
+    const int mode = saveModeOfPage();
+    const DOCKEY docKey = m_selectDocKey;
+    return guarded(services, QString(), [&] {
+        return PathComposer::composeDirectory(services, mode, services->deviceByKey(docKey, true));
+    });
 }
 
 QString JS_Mediator_FileDialog::exportFileName(bool withAdditions)

@@ -109,7 +109,7 @@ bool areBalanced(const QStringList &lines)
     return open.isEmpty();
 }
 
-// The traces of these two have a name of their own.
+// The traces of these have a name of their own, or of the base that a slot goes on with.
 QString traceNameOf(const QMetaMethod &slot)
 {
     const QString name = QString::fromLatin1(slot.enclosingMetaObject()->className()) +
@@ -117,6 +117,8 @@ QString traceNameOf(const QMetaMethod &slot)
     if (name == QLatin1String("JS_Mediator::setSelectDoc") ||
         name == QLatin1String("JS_Mediator::selectAllDocs"))
         return name + QLatin1String("Sub");
+    if (name == QLatin1String("JS_Mediator_ConvertParameterEditDialog::getExportPath"))
+        return QLatin1String("JS_Mediator_FileDialog::getExportPath");
     return name;
 }
 

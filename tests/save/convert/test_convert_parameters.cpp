@@ -40,7 +40,7 @@ private slots:
     void previewLeavesNothingBehind();
     void partitionAndPlanComeBackAtEachFailure();
     void refusedPathIsTold();
-    void tracesAreNotLeft();
+    void tracesAreThoseOfTheBase();
     void dialogIsOpened_data();
     void dialogIsOpened();
     void dialogIsNotOpenedWithoutADirectory_data();
@@ -355,13 +355,18 @@ void TestConvertParameters::refusedPathIsTold()
                  QStringList("errorHandler(\"Invalid filename.\")"));
 }
 
-void TestConvertParameters::tracesAreNotLeft()
+// Its own slots leave none.
+void TestConvertParameters::tracesAreThoseOfTheBase()
 {
     const auto page = make(1, 2);
     LogCapture log;
     page->list();
     page->getTargetItems();
+    QCOMPARE(log.texts(), QStringList());
     page->getExportPath();
+    QCOMPARE(log.texts(), QStringList({"[ENTER] \"JS_Mediator_FileDialog::getExportPath\" \"\"",
+                                       "[LEAVE] \"JS_Mediator_FileDialog::getExportPath\""}));
+    log.clear();
     set("convert/dirasoriginal", true);
     page->getExportPath();
     QCOMPARE(log.texts(), QStringList());
