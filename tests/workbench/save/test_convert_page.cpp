@@ -77,13 +77,17 @@ void TestConvertPage::opensFromTheExportPage()
     visit.set("convert/filename", "Converted");
     bool opened = false;
     QVERIFY(visit.open("exportdialog", [&](QDialog &dialog, GUI_WebView *view) {
-        QTimer::singleShot(0, [&] {
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, &look, [&] {
             auto *over = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-            QVERIFY(over && over != &dialog);
+            if (!over || over == &dialog)
+                return;
+            look.stop();
             auto *page = over->findChild<GUI_WebView *>();
             opened = QTest::qWaitFor([&] { return shownPath(page) == "Converted"; });
             over->reject();
         });
+        look.start(5);
         QVERIFY(click(view, "#convert"));
         QVERIFY(dialog.isVisible());
     }));
