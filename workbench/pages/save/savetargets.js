@@ -11,6 +11,8 @@ var SaveTargets = function (page, changed) {
     var shown = null;
     var isFilled = false;
 
+    var told = null; // the rows' text
+
     function idOf(row) {
         return 'target-' + row.dockey + '-' + row.partitionno;
     }
@@ -143,9 +145,15 @@ var SaveTargets = function (page, changed) {
         // Lists what there is now. What was chosen stays chosen; at first that is what the
         // application has selected, or the first row.
         draw: function () {
+            var text = bridge.list(page.isTemporary === true);
+            if (text === told && all.length > 0) { // the rows stay, and with them the user's place
+                tellCount();
+                show(shown);
+                return;
+            }
+            told = text;
             var before = new Set(list.chosen().map(function (element) { return element.id; }));
             var shownId = shown ? idOf(shown) : '';
-            var text = bridge.list(page.isTemporary === true);
             all = text === '' ? [] : JSON.parse(text);
             byId = {};
             counts = {};
