@@ -3,6 +3,8 @@
 #include "foundation/Clock.h"
 #include "save/convert/GUI_ConvertParameterEditDialog.h"
 #include "save/convert/JS_Mediator_ConvertParameterEditDialog.h"
+#include "save/number/GUI_AddNumberDialog.h"
+#include "save/number/JS_Mediator_AddNumberDialog.h"
 #include "save/path/PathComposer.h"
 #include "standin/host/StandInHost.h"
 #include "tests/bridge/support/DialogPage.h"
@@ -27,6 +29,9 @@ private slots:
     void windowIsAsTold();
     void failureWhileConstructedReachesTheCaller();
     void pageFindsBothObjects();
+    void countsReachTheDialogOfNumbers();
+    void dialogMayEndWhileHeadsAreTold_data();
+    void dialogMayEndWhileHeadsAreTold();
     void selectionIsThatOfTheCaller();
     void targetsGetTheOption_data();
     void targetsGetTheOption();
@@ -161,6 +166,68 @@ void TestConvertParameters::pageFindsBothObjects()
     QCOMPARE(page.call("savefile.isConvertMode()"), QString("true"));
     QCOMPARE(page.call("savefile.getParentWidgetName()"),
              QString("\"convertparametereditdialog\""));
+}
+
+// Through the page, which connects the one object to the other.
+void TestConvertParameters::countsReachTheDialogOfNumbers()
+{
+    GUI_ConvertParameterEditDialog dialog(m_host.get(), nullptr, Both, 1, 2);
+    PageProbe page(dialog.webView());
+    dialog.show();
+    QVERIFY(page.waitLoaded());
+    for (const char *name : {"selectedDocCount", "selectedDocHeadCount"})
+        page.evaluate(
+            QString("convertparametereditdialog.%1.connect(savefile.%1)").arg(QLatin1String(name)));
+    auto *mediator = dynamic_cast<JS_Mediator_FileDialog *>(dialog.mediator());
+    emit mediator->selectedDocCount(12);
+    emit mediator->selectedDocHeadCount(3);
+    QList<int> digits;
+    DialogRun::setAnswer([&](QDialog &number) {
+        auto *numbers = dynamic_cast<JS_Mediator_AddNumberDialog *>(
+            dynamic_cast<GUI_AddNumberDialog &>(number).mediator());
+        digits.append(numbers->getAutoDeviceDigits());
+        digits.append(numbers->getAutoHeadDigits());
+        return int(QDialog::Rejected);
+    });
+    page.call("savefile.numberSetting4FileName()");
+    QCOMPARE(digits, QList<int>({2, 1}));
+    QCOMPARE(m_host->handledErrors(), QStringList());
+}
+
+void TestConvertParameters::dialogMayEndWhileHeadsAreTold_data()
+{
+    QTest::addColumn<bool>("isDeleted");
+    QTest::newRow("closed") << false;
+    QTest::newRow("deleted by its owner") << true;
+}
+
+// By the page, from inside the signal; the picture is that of the document all the same.
+void TestConvertParameters::dialogMayEndWhileHeadsAreTold()
+{
+    QFETCH(bool, isDeleted);
+    const QPointer<GUI_ConvertParameterEditDialog> dialog(
+        new GUI_ConvertParameterEditDialog(m_host.get(), nullptr, Both, 1, 2));
+    auto page = std::make_unique<PageProbe>(dialog->webView());
+    dialog->show();
+    QVERIFY(page->waitLoaded());
+    page->evaluate("convertparametereditdialog.selectedDocHeadCount.connect("
+                   "function () { convertparametereditdialog.reject(); })");
+    int result = QDialog::Accepted;
+    connect(dialog.data(), &QDialog::finished, [&](int end) {
+        result = end;
+        if (!isDeleted)
+            return;
+        page.reset();
+        delete dialog;
+    });
+    auto *mediator = dynamic_cast<JS_Mediator_FileDialog *>(dialog->mediator());
+    QVERIFY(!mediator->select(1, 2, 8, 8).isEmpty());
+    QCOMPARE(result, int(QDialog::Rejected));
+    QCOMPARE(dialog.isNull(), isDeleted);
+    QVERIFY(isDeleted || !dialog->isVisible());
+    QCOMPARE(m_host->handledErrors(), QStringList());
+    page.reset();
+    delete dialog;
 }
 
 void TestConvertParameters::selectionIsThatOfTheCaller()
