@@ -165,6 +165,9 @@ void TestWindowGrowth::nothingGrows_data()
     row("custom info, cancelled", "custominfo", "cancel");
     row("digits of a number", "addnumberdialog", "ok");
     row("digits of a number, closed by the frame", "addnumberdialog", "");
+    row("recordings that are saved", "exportdialog", "cancel");
+    row("recordings that are saved, closed by the frame", "exportdialog", "");
+    row("automatic conversion", "convertparametereditdialog", "save");
     QTest::newRow("note, closed by the button") << Cycle([](Workbench &workbench) {
         openNote(workbench);
         workbench.window().tools()->action(noteTool(workbench))->trigger();
