@@ -15,6 +15,13 @@ function(orvix_test name)
     orvix_test_properties(${name})
 endfunction()
 
+# orvix_long_tests(<name>...)
+#
+# Tests of half a minute and more. They begin first, so that none of them runs alone at the end.
+function(orvix_long_tests)
+    set_tests_properties(${ARGN} PROPERTIES COST 100)
+endfunction()
+
 # Environment and limits that every test shares. Further properties may follow the name.
 function(orvix_test_properties name)
     set(environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC)
