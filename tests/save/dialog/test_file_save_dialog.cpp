@@ -33,6 +33,7 @@ private slots:
     void buttonsReachWhoListens();
     void countReachesThePage();
     void handlerThatThrowsHarmsNothing();
+    void listenerMayDeleteWhatCounts();
     void documentAnswers();
     void missingDocumentAnswersNeutrally();
     void failuresGiveNeutralValues();
@@ -215,6 +216,22 @@ void TestFileSaveDialog::handlerThatThrowsHarmsNothing()
     page->exportDocCount(3);
     QVERIFY(log.texts().join(' ').contains("page"));
     QCOMPARE(shown.host.handledErrors(), QStringList());
+}
+
+void TestFileSaveDialog::listenerMayDeleteWhatCounts()
+{
+    StandInHost host;
+    const QPointer<JS_Mediator_FileSaveDialog> page(
+        new JS_Mediator_FileSaveDialog(&host, PageName));
+    QList<int> counts;
+    connect(page.data(), &JS_Mediator_FileDialog::selectedDocCount, [&](int count) {
+        counts.append(count);
+        delete page;
+    });
+    page->exportDocCount(3);
+    QVERIFY(!page);
+    QCOMPARE(counts, QList<int>({3}));
+    QCOMPARE(host.handledErrors(), QStringList());
 }
 
 void TestFileSaveDialog::documentAnswers()
