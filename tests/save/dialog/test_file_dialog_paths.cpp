@@ -24,11 +24,16 @@ private slots:
     void cleanup();
     void directoryIsThatOfThePage_data();
     void directoryIsThatOfThePage();
+    void failedDirectoryIsTold();
     void fileOfThePreviewedDocument();
     void fileOfAnotherDocument();
     void fileWithoutAGroup();
     void groupIsComposedInOrder();
     void groupIsRemembered();
+    void groupOfAFreshDialogIsThatOfNoDocument_data();
+    void groupOfAFreshDialogIsThatOfNoDocument();
+    void nothingSelectedNeedsNoGroup_data();
+    void nothingSelectedNeedsNoGroup();
     void groupOfOneArgumentTakesPartitionZero();
     void groupTakesTheSelectionForItsTime();
     void groupOfTheFirstCamera();
@@ -76,6 +81,18 @@ Q_DECLARE_METATYPE(std::function<QString(JS_Mediator_FileDialog &)>)
 const QDateTime TestFileDialogPaths::Noon = QDateTime(QDate(2024, 5, 6), QTime(12, 0));
 
 namespace {
+
+using DialogPreview = std::function<QString(JS_Mediator_FileDialog &)>;
+
+// Of the file, and of the sub directory.
+void addPreviewsOfTheSelection()
+{
+    QTest::addColumn<DialogPreview>("preview");
+    QTest::newRow("file") << DialogPreview(
+        [](JS_Mediator_FileDialog &page) { return page.getExportFile(); });
+    QTest::newRow("sub directory")
+        << DialogPreview([](JS_Mediator_FileDialog &page) { return page.getExportSubDir(); });
+}
 
 // Notes how the name is asked for.
 class NotingDialog : public JS_Mediator_FileDialog
@@ -191,6 +208,26 @@ void TestFileDialogPaths::directoryIsThatOfThePage()
     QCOMPARE(m_host->commands(), QStringList());
 }
 
+// At each call of the host.
+void TestFileDialogPaths::failedDirectoryIsTold()
+{
+    set("export/singlepath", false);
+    const auto page = open();
+    page->setSelectDocKey(2);
+    QCOMPARE(page->getExportPath(), m_dir->path() + "/");
+    const QStringList lines = m_host->journal();
+    QVERIFY(lines.size() > 4);
+    for (int nth = 1; nth <= lines.size(); ++nth) {
+        m_host->clearHandledErrors();
+        m_host->failAtCall(nth);
+        QCOMPARE(page->getExportPath(), QString());
+        m_host->clearFaults();
+        const QString operation = lines.at(nth - 1).section('(', 0, 0).section('.', -1);
+        QCOMPARE(m_host->handledErrors(), QStringList(operation + " failed"));
+    }
+    QCOMPARE(page->getExportPath(), m_dir->path() + "/");
+}
+
 void TestFileDialogPaths::fileOfThePreviewedDocument()
 {
     useGroups();
@@ -273,6 +310,53 @@ void TestFileDialogPaths::groupIsRemembered()
     m_host->clearJournal();
     page->getExportFile();
     QVERIFY(m_host->commands().contains("setPlannedGroupDir(\"Shot_C1\")"));
+}
+
+void TestFileDialogPaths::groupOfAFreshDialogIsThatOfNoDocument_data()
+{
+    addPreviewsOfTheSelection();
+}
+
+// A dialog that has shown no group directory yet has that of key 0 and partition 0.
+void TestFileDialogPaths::groupOfAFreshDialogIsThatOfNoDocument()
+{
+    QFETCH(Preview, preview);
+    useGroups();
+    set("export/subdir", true);
+    set("export/subdirasfilenameincludeoption", true);
+    NotingDialog named(m_host.get(), "filesavedialog");
+    named.setSelectDocKey(1);
+    named.setSelectPartitionNo(5);
+    preview(named);
+    QCOMPARE(named.asked, QStringList({"full name of [0].0", "full name of [1].5"}));
+
+    const auto page = open();
+    page->setSelectDocKey(1);
+    preview(*page);
+    const QStringList documents = m_host->journal().filter("deviceByKey");
+    QCOMPARE(documents.mid(0, 3),
+             QStringList({"deviceByKey(0, true)", "deviceByKey(0, true)", "deviceByKey(1, true)"}));
+    QVERIFY(m_host->commands().contains("setPlannedGroupDir(\"Shot\")"));
+    QCOMPARE(m_host->savePlan().groupDir(), QString());
+}
+
+void TestFileDialogPaths::nothingSelectedNeedsNoGroup_data()
+{
+    addPreviewsOfTheSelection();
+}
+
+void TestFileDialogPaths::nothingSelectedNeedsNoGroup()
+{
+    QFETCH(Preview, preview);
+    useGroups();
+    set("export/subdir", true);
+    set("export/subdirasfilenameincludeoption", true);
+    NotingDialog page(m_host.get(), "filesavedialog");
+    m_host->clearJournal();
+    preview(page);
+    QCOMPARE(page.asked, QStringList("full name of [0].0"));
+    QCOMPARE(m_host->journal().filter("groupdirasfilenameincludeoption"), QStringList());
+    QCOMPARE(m_host->commands().filter("setPlanned"), QStringList());
 }
 
 void TestFileDialogPaths::groupOfOneArgumentTakesPartitionZero()
