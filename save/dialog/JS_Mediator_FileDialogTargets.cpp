@@ -213,12 +213,15 @@ QString JS_Mediator_FileDialog::select(DOCKEY dockey, PARTITIONNUMBER partitionN
         if (services->isLiveMode())
             return QString();
         DOC_Interface *doc = services->deviceByKey(dockey, true);
-        DOC_HeadInterface *heads = dynamic_cast<DOC_Camera *>(doc) ? doc->headInterface() : nullptr;
-        if (heads) {
-            const int count = heads->headCount();
-            if (self)
-                PageSignal::send(self, [&] { emit self->selectedDocHeadCount(count); });
-            doc = services->deviceByKey(dockey, true); // the page may have closed it
+        if (dynamic_cast<DOC_Camera *>(doc)) {
+            DOC_HeadInterface *heads = doc->headInterface();
+            doc = services->deviceByKey(dockey, true); // heads go with their document
+            if (doc && heads) {
+                const int count = heads->headCount();
+                if (self)
+                    PageSignal::send(self, [&] { emit self->selectedDocHeadCount(count); });
+                doc = services->deviceByKey(dockey, true); // the page may have closed it
+            }
         }
         return doc ? pngText(doc->previewPixmap(mode, width, height, partitionNo, false, time))
                    : QString();

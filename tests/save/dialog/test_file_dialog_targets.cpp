@@ -66,6 +66,10 @@ private slots:
     void headsAreTold_data();
     void headsAreTold();
     void pageMayCloseWhatItIsToldOf();
+    void documentMayGoWhileItIsSelected_data();
+    void documentMayGoWhileItIsSelected();
+    void failedSelectKeepsTheSelection_data();
+    void failedSelectKeepsTheSelection();
     void missingDocumentHasNoPicture();
     void oddSizesAreAnswered_data();
     void oddSizesAreAnswered();
@@ -622,7 +626,7 @@ void TestFileDialogTargets::selectedPictureIsPng()
     const QString text = page.select(1, 3, 64, 48);
     QCOMPARE(host.journal(),
              QStringList({"isLiveMode()", "deviceByKey(1, true)", "[1].headInterface()",
-                          "[1].headCount()", "deviceByKey(1, true)",
+                          "deviceByKey(1, true)", "[1].headCount()", "deviceByKey(1, true)",
                           "[1].previewPixmap(10, 64, 48, 3, false, \"2024-05-06T12:00:00\")"}));
     const QImage picture = pictureOf(text);
     QVERIFY(!picture.isNull());
@@ -719,6 +723,61 @@ void TestFileDialogTargets::pageMayCloseWhatItIsToldOf()
             [&host] { host.closeDocument(1); });
     QCOMPARE(page.select(1, 1, 8, 8), QString());
     QCOMPARE(host.handledErrors(), QStringList());
+}
+
+void TestFileDialogTargets::documentMayGoWhileItIsSelected_data()
+{
+    QTest::addColumn<QStringList>("questions"); // of the document
+    QTest::addColumn<int>("told");
+    QTest::newRow("isLiveMode") << QStringList() << 0;
+    QTest::newRow("deviceByKey") << QStringList() << 0;
+    QTest::newRow("headInterface") << QStringList("[1].headInterface()") << 0;
+    QTest::newRow("headCount") << QStringList({"[1].headInterface()", "[1].headCount()"}) << 1;
+}
+
+// Nothing more is asked of it.
+void TestFileDialogTargets::documentMayGoWhileItIsSelected()
+{
+    QFETCH(QStringList, questions);
+    StandInHost host;
+    host.setMode(StandInHost::Mode::Memory);
+    host.addCamera();
+    JS_Mediator_FileDialog page(&host, ExportPage);
+    QSignalSpy told(&page, &JS_Mediator_FileDialog::selectedDocHeadCount);
+    host.clearJournal();
+    host.removeDocumentOn(QTest::currentDataTag(), 1);
+    QCOMPARE(page.select(1, 1, 8, 8), QString());
+    QCOMPARE(host.journal().filter("[1]."), questions);
+    QTEST(told.count(), "told");
+    QCOMPARE(host.handledErrors(), QStringList());
+}
+
+void TestFileDialogTargets::failedSelectKeepsTheSelection_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<int>("nth");
+    QTest::newRow("isLiveMode") << "isLiveMode" << 1;
+    QTest::newRow("deviceByKey") << "deviceByKey" << 1;
+    QTest::newRow("deviceByKey, behind the heads") << "deviceByKey" << 2;
+    QTest::newRow("deviceByKey, behind their count") << "deviceByKey" << 3;
+    QTest::newRow("headInterface") << "headInterface" << 1;
+    QTest::newRow("headCount") << "headCount" << 1;
+    QTest::newRow("previewPixmap") << "previewPixmap" << 1;
+}
+
+void TestFileDialogTargets::failedSelectKeepsTheSelection()
+{
+    QFETCH(QString, operation);
+    QFETCH(int, nth);
+    StandInHost host;
+    host.setMode(StandInHost::Mode::Memory);
+    host.addCamera();
+    JS_Mediator_FileDialog page(&host, ExportPage);
+    host.failOn(operation, nth);
+    QCOMPARE(page.select(1, 3, 8, 8), QString());
+    QCOMPARE(host.handledErrors(), QStringList(operation + " failed"));
+    QCOMPARE(page.getSelectDocKey(), DOCKEY(1));
+    QCOMPARE(page.getSelectPartitionNo(), 3);
 }
 
 void TestFileDialogTargets::missingDocumentHasNoPicture()
