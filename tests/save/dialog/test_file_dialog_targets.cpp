@@ -1,4 +1,5 @@
 #include "bridge/operation/FileChoice.h"
+#include "bridge/page/GUI_WebView.h"
 #include "foundation/Clock.h"
 #include "save/dialog/JS_Mediator_FileDialog.h"
 #include "standin/host/StandInHost.h"
@@ -15,6 +16,7 @@
 
 #include <functional>
 #include <limits>
+#include <memory>
 
 #include <sys/resource.h>
 
@@ -57,6 +59,7 @@ private slots:
     void documentThatHasGoneIsLeftOut();
     void documentThatGoesWhileListedMakesNoRow_data();
     void documentThatGoesWhileListedMakesNoRow();
+    void failedListIsEmpty_data();
     void failedListIsEmpty();
     void selectedPictureIsPng();
     void selectInLiveModeStoresAlone();
@@ -65,6 +68,7 @@ private slots:
     void pictureHasTheTimeOfTheDialog();
     void headsAreTold_data();
     void headsAreTold();
+    void openedRecordingHasNoHeads();
     void pageMayCloseWhatItIsToldOf();
     void documentMayGoWhileItIsSelected_data();
     void documentMayGoWhileItIsSelected();
@@ -77,8 +81,11 @@ private slots:
     void hugeSizesAreAnsweredInBoundedMemory();
     void selectionIsKept();
     void targetsAreHandedOver();
+    void failedHandOverIsTold();
     void selectedDocumentsAreCounted();
     void folderIsImported();
+    void folderIsAskedForOverTheWindow();
+    void mediatorMayGoWhileTheFolderIsChosen();
     void folderWithoutRecordings();
     void noFolderChangesNothing();
     void failedImportIsNone_data();
@@ -147,6 +154,11 @@ double mostMemory()
     rusage usage;
     getrusage(RUSAGE_SELF, &usage);
     return double(usage.ru_maxrss) / 1024.0;
+}
+
+QString operationOf(const QString &line)
+{
+    return line.section('(', 0, 0).section('.', -1);
 }
 
 // The lines of one kind of call.
@@ -603,15 +615,38 @@ void TestFileDialogTargets::documentThatGoesWhileListedMakesNoRow()
     QCOMPARE(host.handledErrors(), QStringList());
 }
 
+void TestFileDialogTargets::failedListIsEmpty_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<bool>("temporary");
+    QTest::newRow("files") << 2 << false;
+    QTest::newRow("cameras") << 0 << false;
+    QTest::newRow("temporary") << 2 << true;
+}
+
+// Each call of the host fails in turn, and is told once.
 void TestFileDialogTargets::failedListIsEmpty()
 {
+    QFETCH(int, kind);
+    QFETCH(bool, temporary);
     StandInHost host;
-    addTarget(host, {1}, 2);
-    addTarget(host, {2}, 2);
+    host.setMode(StandInHost::Mode::Memory);
+    host.settings().setValue("recording/LoopRecord", true);
+    addTarget(host, {1}, kind);
+    addTarget(host, {2}, kind);
+    host.state().temporaryKeys = {1, 2};
     JS_Mediator_FileDialog page(&host, ExportPage);
-    host.failOn("documentInfoMap", 2);
-    QCOMPARE(page.list(false), QString());
-    QCOMPARE(host.handledErrors(), QStringList("documentInfoMap failed"));
+    host.clearJournal();
+    QCOMPARE(rowsOf(page.list(temporary)).size(), 2);
+    const QStringList lines = host.journal();
+    QVERIFY(lines.filter("documentInfoMap").size() == 2);
+    for (int nth = 1; nth <= lines.size(); ++nth) {
+        host.clearHandledErrors();
+        host.failAtCall(nth);
+        QCOMPARE(page.list(temporary), QString());
+        host.clearFaults();
+        QCOMPARE(host.handledErrors(), QStringList(operationOf(lines.at(nth - 1)) + " failed"));
+    }
 }
 
 void TestFileDialogTargets::selectedPictureIsPng()
@@ -713,6 +748,24 @@ void TestFileDialogTargets::headsAreTold()
     QTEST(counts, "told");
 }
 
+// Though the device that recorded it had some.
+void TestFileDialogTargets::openedRecordingHasNoHeads()
+{
+    const QTemporaryDir folder;
+    QImage frame(16, 8, QImage::Format_RGB32);
+    frame.fill(Qt::gray);
+    QVERIFY(frame.save(folder.filePath("frame1.png")));
+    StandInHost host;
+    host.setMode(StandInHost::Mode::File);
+    StandInRecording *recording = host.openRecording(folder.path());
+    recording->state().headCount = 2;
+    JS_Mediator_FileDialog page(&host, ExportPage);
+    QSignalSpy told(&page, &JS_Mediator_FileDialog::selectedDocHeadCount);
+    QVERIFY(!pictureOf(page.select(recording->key(), 1, 8, 8)).isNull());
+    QCOMPARE(told.count(), 0);
+    QCOMPARE(calls(host, "headCount"), QStringList());
+}
+
 void TestFileDialogTargets::pageMayCloseWhatItIsToldOf()
 {
     StandInHost host;
@@ -808,7 +861,7 @@ void TestFileDialogTargets::oddSizesAreAnswered()
     host.setMode(StandInHost::Mode::Memory);
     host.addCamera();
     JS_Mediator_FileDialog page(&host, ExportPage);
-    page.select(1, 1, size.width(), size.height());
+    QCOMPARE(page.select(1, 1, size.width(), size.height()), QString());
     QCOMPARE(host.handledErrors(), QStringList());
     QCOMPARE(calls(host, "previewPixmap").size(), 1);
 }
@@ -863,6 +916,15 @@ void TestFileDialogTargets::targetsAreHandedOver()
              QStringList({"importTargets([1, 18446744073709551614, 2, 0])", "importTargets([])"}));
 }
 
+void TestFileDialogTargets::failedHandOverIsTold()
+{
+    StandInHost host;
+    JS_Mediator_FileDialog page(&host, ExportPage);
+    host.failOn("importTargets");
+    page.importTarget({1, 2});
+    QCOMPARE(host.handledErrors(), QStringList("importTargets failed"));
+}
+
 void TestFileDialogTargets::selectedDocumentsAreCounted()
 {
     StandInHost host;
@@ -912,6 +974,45 @@ void TestFileDialogTargets::folderIsImported()
                   "openedDocumentKeys()", "deviceByKey(2, true)", "[2].setOpenedByImport(true)",
                   "deviceByKey(9, true)", "deviceByKey(1, true)", "[1].setOpenedByImport(true)"}));
     QVERIFY(host.camera(1)->state().isOpenedByImport);
+}
+
+void TestFileDialogTargets::folderIsAskedForOverTheWindow()
+{
+    StandInHost host;
+    QWidget window;
+    GUI_WebView view(&host, &window);
+    JS_Mediator_FileDialog page(&host, ExportPage);
+    QList<QWidget *> parents;
+    FileChoice::setAnswer([&](const FileChoice::Question &question) {
+        parents.append(question.parent);
+        return QStringList();
+    });
+    page.openFolder();
+    host.attachMediator(&view, &page);
+    page.openFolder();
+    QCOMPARE(parents, QList<QWidget *>({nullptr, &window}));
+}
+
+// The folder is imported all the same.
+void TestFileDialogTargets::mediatorMayGoWhileTheFolderIsChosen()
+{
+    const QTemporaryDir folder;
+    StandInHost host;
+    host.addCamera();
+    host.state().openedKeys = {1};
+    auto page = std::make_unique<JS_Mediator_FileDialog>(&host, ExportPage);
+    FileChoice::setAnswer([&](const FileChoice::Question &) {
+        page.reset();
+        return QStringList(folder.path());
+    });
+    host.clearJournal();
+    QVERIFY(page->openFolder());
+    QVERIFY(!page);
+    QCOMPARE(host.commands(),
+             QStringList(
+                 {"setPref(\"import/dir\", \"" + folder.path() + "\")", "closeFileDocuments(false)",
+                  "openFiles([], true, true, true, false, false)", "[1].setOpenedByImport(true)"}));
+    QCOMPARE(host.handledErrors(), QStringList());
 }
 
 void TestFileDialogTargets::folderWithoutRecordings()
