@@ -19,6 +19,9 @@
 
 // What every page that saves knows of its settings.
 
+using Signal = void (JS_Mediator_SaveFile::*)();
+Q_DECLARE_METATYPE(Signal)
+
 class TestSaveFile : public TestBase
 {
     Q_OBJECT
@@ -30,6 +33,8 @@ private slots:
     void modeFollowsFromThePage();
     void pageEndsIt_data();
     void pageEndsIt();
+    void listenerMayDeleteIt_data();
+    void listenerMayDeleteIt();
     void formatLists();
     void formatsOfMovingPictures_data();
     void formatsOfMovingPictures();
@@ -45,6 +50,7 @@ private slots:
     void destinationsComeFromTheSetting();
     void devicesComeFromTheDocuments();
     void devicesOfDocumentsThatHaveGone();
+    void deviceThatGoesWhileAnotherIsAsked();
     void previewFollowsAShownFileName_data();
     void previewFollowsAShownFileName();
     void previewAsksNoFurtherThanItMust();
@@ -187,6 +193,33 @@ void TestSaveFile::pageEndsIt_data()
     QTest::newRow("accept") << QByteArray("accept") << QByteArray(SIGNAL(accepted()));
     QTest::newRow("reject") << QByteArray("reject") << QByteArray(SIGNAL(rejected()));
     QTest::newRow("refresh") << QByteArray("refresh") << QByteArray(SIGNAL(refreshed()));
+}
+
+void TestSaveFile::listenerMayDeleteIt_data()
+{
+    QTest::addColumn<Signal>("signal");
+    QTest::newRow("accept") << Signal(&JS_Mediator_SaveFile::accepted);
+    QTest::newRow("reject") << Signal(&JS_Mediator_SaveFile::rejected);
+    QTest::newRow("refresh") << Signal(&JS_Mediator_SaveFile::refreshed);
+}
+
+// Alone, and with a page that sees it.
+void TestSaveFile::listenerMayDeleteIt()
+{
+    QFETCH(Signal, signal);
+    for (bool isShown : {false, true}) {
+        StandInHost host;
+        GUI_WebView view(&host, nullptr);
+        const QPointer<JS_Mediator_SaveFile> mediator(new JS_Mediator_SaveFile(&host, QString()));
+        if (isShown) {
+            host.attachMediator(&view, mediator);
+            view.page()->mainFrame()->setHtml("<p>page</p>");
+        }
+        connect(mediator.data(), signal, [&] { delete mediator; });
+        QVERIFY(QMetaObject::invokeMethod(mediator, QTest::currentDataTag()));
+        QVERIFY(!mediator);
+        QCOMPARE(host.handledErrors(), QStringList());
+    }
 }
 
 void TestSaveFile::pageEndsIt()
@@ -476,6 +509,21 @@ void TestSaveFile::devicesOfDocumentsThatHaveGone()
     JS_Mediator_SaveFile mediator(&host, QString());
     QCOMPARE(mediator.getMultiPathDevices(), QStringLiteral("[]"));
     QCOMPARE(host.handledErrors(), QStringList());
+}
+
+void TestSaveFile::deviceThatGoesWhileAnotherIsAsked()
+{
+    StandInHost host;
+    for (const char *name : {"First", "Second"})
+        host.addCamera()->state().deviceName = QLatin1String(name);
+    JS_Mediator_SaveFile mediator(&host, QString());
+    QCOMPARE(rowsOf(mediator.getMultiPathDevices()).size(), 2);
+    host.clearJournal();
+    host.removeDocumentOn("deviceName", 2);
+    const QJsonArray rows = rowsOf(mediator.getMultiPathDevices());
+    QCOMPARE(rows.size(), 1);
+    QCOMPARE(rows.first().toObject().value("device").toString(), QString("First"));
+    QCOMPARE(host.journal().filter("[2]."), QStringList());
 }
 
 void TestSaveFile::previewFollowsAShownFileName_data()
