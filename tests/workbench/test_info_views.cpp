@@ -198,7 +198,7 @@ void TestInfoViews::menuSwitchesItInAllViews()
         if (menus.last() == "Information")
             menu = action->menu();
     }
-    QCOMPARE(menus, QStringList({"File", "Edit", "Cameras", "View", "Tools", "Information",
+    QCOMPARE(menus, QStringList({"File", "Edit", "Cameras", "View", "Tools", "Information", "Save",
                                  "Picture", "Help"}));
     auto *show = workbench.window().findChild<QAction *>("showInformation");
     QVERIFY(menu->actions().contains(show));

@@ -62,7 +62,7 @@ CameraPanel::CameraPanel(HostServices &host, QWidget *parent)
     form->setContentsMargins(0, 0, 0, 0);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form->addRow(tr("Camera:"), m_name);
-    form->addRow(tr("&Shutter:"), m_shutter);
+    form->addRow(tr("Sh&utter:"), m_shutter);
     form->addRow(tr("Record &rate:"), m_recordRate);
     form->addRow(tr("Image size:"), m_size);
     form->addRow(tr("Position:"), m_position);
