@@ -93,6 +93,18 @@ int PageHand::count(QWebView *view, const QString &selector)
     return view ? mainFrameOf(view)->findAllElements(selector).count() : 0;
 }
 
+QString PageHand::lastButton(QWebView *view)
+{
+    return count(view, "button.main:enabled") > 0 ? QStringLiteral("button.main")
+                                                  : QStringLiteral("#cancel");
+}
+
+bool PageHand::isDrawn(QWebView *view)
+{
+    return read(view, "document.readyState === 'complete' && document.body.classList.length > 0")
+        .toBool();
+}
+
 QVariant PageHand::read(QWebView *view, const QString &expression)
 {
     return view ? mainFrameOf(view)->evaluateJavaScript(expression) : QVariant();

@@ -22,6 +22,13 @@ QString text(QWebView *view, const QString &selector);
 /// Number of elements.
 int count(QWebView *view, const QString &selector);
 
+/// The selector of the button that ends the page: the main one, or that which cancels where the
+/// main one has nothing to do.
+QString lastButton(QWebView *view);
+
+/// Whether the page stands there in its style.
+bool isDrawn(QWebView *view);
+
 /// A value from the page's script.
 QVariant read(QWebView *view, const QString &expression);
 

@@ -27,13 +27,6 @@ namespace {
 
 const QString LockTool = QStringLiteral("t_multilock");
 
-bool isDrawn(QWebView *view)
-{
-    return PageHand::read(view, "document.readyState === 'complete' && "
-                                "document.body.classList.length > 0")
-        .toBool();
-}
-
 }
 
 TourStage::TourStage(const Options &options, const Scene &scene, TourReport &report)
@@ -160,7 +153,7 @@ void TourStage::visitDialog(const QString &menu, const QString &entry, const QSt
         [&] { check(TourHand::chooseMenu(window().menuBar(), menu, entry), menu + ", " + entry); },
         {[&](QDialog *dialog) {
             auto *page = dialog->findChild<GUI_WebView *>();
-            if (!page || !TourHand::waitFor([page] { return isDrawn(page); }))
+            if (!page || !TourHand::waitFor([page] { return PageHand::isDrawn(page); }))
                 return;
             ++visits;
             TourHand::settle();

@@ -127,9 +127,7 @@ void walkDialog(TourStage &stage, const PageEntry &page)
         const QPointer<QWidget> dialog = view->window();
         stage.check(PageHand::press(view, Qt::Key_Escape), "the key Esc");
         stage.check(dialog && dialog->isVisible(), "the dialog stays");
-        // The main button has nothing to do where there is nothing to choose from.
-        const QString last = PageHand::count(view, "button.main:enabled") > 0 ? "button.main:focus"
-                                                                              : "#cancel:focus";
+        const QString last = PageHand::lastButton(view) + ":focus";
         for (int i = PageHand::stops(view).size(); i > 0 && PageHand::count(view, last) == 0; --i)
             PageHand::press(view, Qt::Key_Tab);
         stage.check(PageHand::press(view, Qt::Key_Return), "the key Enter on the main button");

@@ -84,12 +84,8 @@ void visitOver(TourStage &stage, GUI_WebView *page, const QString &selector, con
     TourHand::answerDialogs([&] { stage.clickInPage(page, selector, "the button of a dialog"); },
                             {[&](QDialog *dialog) {
                                 auto *over = dialog->findChild<GUI_WebView *>();
-                                if (!over || !TourHand::waitFor([over] {
-                                        return PageHand::read(
-                                                   over, "document.body.classList.length > 0 && "
-                                                         "document.readyState === 'complete'")
-                                            .toBool();
-                                    }))
+                                if (!over ||
+                                    !TourHand::waitFor([over] { return PageHand::isDrawn(over); }))
                                     return;
                                 ++visits;
                                 TourHand::settle();

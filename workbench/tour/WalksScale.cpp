@@ -104,7 +104,8 @@ void showsDialogsScaled(TourStage &stage, const QString &style)
             stage.visitDialog(page.menu, QString(page.entry).remove('&'), '-' + page.name,
                               [&](GUI_WebView *view) {
                                   lookAtPage(stage, view);
-                                  stage.clickInPage(view, "button.main", "the main button");
+                                  stage.clickInPage(view, PageHand::lastButton(view),
+                                                    "the main button");
                               });
         }
     });
