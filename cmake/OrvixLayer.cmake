@@ -27,7 +27,7 @@ endfunction()
 #
 # One folder of the library as the target orvix_<layer>. Its include path is its own root, and those of
 # the layers that it sees: an include against the direction of the layers does not compile. LINK names
-# libraries from outside.
+# libraries from outside. From the bridge on, layers take the head of pages.
 function(orvix_layer layer)
     cmake_parse_arguments(PARSE_ARGV 1 LAYER "" "" "SOURCES;LINK")
     if(NOT layer IN_LIST ORVIX_LAYERS)
@@ -37,6 +37,9 @@ function(orvix_layer layer)
     orvix_include_root(orvix_${layer} PUBLIC ${layer})
     list(TRANSFORM ORVIX_SEES_${layer} PREPEND orvix_ OUTPUT_VARIABLE left_of_it)
     target_link_libraries(orvix_${layer} PUBLIC ${left_of_it} ${LAYER_LINK})
+    if(layer STREQUAL "bridge" OR TARGET orvix_bridge)
+        orvix_page_head(orvix_${layer})
+    endif()
 endfunction()
 
 # orvix_raw_string(<target> <file>)

@@ -31,16 +31,11 @@ endfunction()
 
 # orvix_test_head(<target> <PRIVATE <header>... | REUSE_FROM <target>>)
 #
-# A target of the tests includes what most of them include as a header that is compiled once: Qt and
-# the stand-in host are half of the work of compiling a test. Tests are not optimised, what they test
-# is: that was most of the other half.
+# The head of the tests holds the stand-in host, too. Tests are not optimised, what they test is: that
+# was most of the work that the head left.
 function(orvix_test_head target)
     target_compile_options(${target} PRIVATE -O0)
-    target_precompile_headers(${target} ${ARGN})
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-        # Tells ccache which header it was.
-        target_compile_options(${target} PRIVATE -fpch-preprocess)
-    endif()
+    orvix_head(${target} ${ARGN})
 endfunction()
 
 # Environment and limits that every test shares. Further properties may follow the name.
