@@ -60,7 +60,7 @@ private:
     ToolPanel *panel() const { return m_workbench->window().findChild<ToolPanel *>(); }
     bool waitForPanel() const;
     bool type(const QString &field, const QString &text) const;
-    void handlesAreGrabbed(const QByteArray &look, bool last) const;
+    void handlesAreGrabbed(const QByteArray &look, bool last, int first, int step) const;
     void dragStopsAtTheBorder(const QByteArray &look) const;
     void drawingLiesThere(const QByteArray &look) const;
     void look(double zoom, int turns, bool horizontally, bool vertically) const;
@@ -299,16 +299,20 @@ void TestRegionViews::handlesAreGrabbedOnThePixelsOfTheirSides()
 {
     QFETCH(double, zoom);
     open();
+    int way = 0;
     for (const Look &each : looks()) {
         look(zoom, each.turns, each.horizontally, each.vertically);
-        // Of the pixels of the screen that show a pixel, the last or the first.
-        handlesAreGrabbed(each.name, each.horizontally);
+        // Of the pixels of the screen that show a pixel, the last or the first. Pixel by pixel each
+        // handle under each look, else each handle under a third of them.
+        const int step = zoom == 1.0 ? 1 : 3;
+        handlesAreGrabbed(each.name, each.horizontally, way++ % step, step);
         if (QTest::currentTestFailed())
             return;
     }
 }
 
-void TestRegionViews::handlesAreGrabbed(const QByteArray &look, bool last) const
+void TestRegionViews::handlesAreGrabbed(const QByteArray &look, bool last, int first,
+                                        int step) const
 {
     struct Handle
     {
@@ -331,7 +335,8 @@ void TestRegionViews::handlesAreGrabbed(const QByteArray &look, bool last) const
         {"bottom right", {199, 159}, {10, 12}, false, false, true, true},
         {"inside", {140, 110}, {9, -7}, true, true, true, true},
     };
-    for (const Handle &handle : handles) {
+    for (int i = first; i < handles.size(); i += step) {
+        const Handle &handle = handles.at(i);
         setRegion(Start);
         bringIntoView(handle.pixel);
         const QPoint from = onScreen(handle.pixel, last);
