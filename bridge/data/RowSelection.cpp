@@ -28,13 +28,11 @@ void RowSelection::followAdded(const QList<int> &ids)
 
 void RowSelection::followRemoved(const QList<int> &ids)
 {
-    const auto gone = std::find(m_ids.cbegin(), m_ids.cend(), m_current);
-    if (gone == m_ids.cend() || ids.contains(m_current))
-        return;
+    const auto former = std::find(m_ids.cbegin(), m_ids.cend(), m_current);
     const QSet<int> left(ids.cbegin(), ids.cend());
     const auto isLeft = [&left](int id) { return left.contains(id); };
-    auto next = std::find_if(gone, m_ids.cend(), isLeft);
+    auto next = std::find_if(former, m_ids.cend(), isLeft);
     if (next == m_ids.cend())
-        next = std::find_if(m_ids.cbegin(), gone, isLeft);
+        next = std::find_if(m_ids.cbegin(), former, isLeft);
     m_current = next != m_ids.cend() && isLeft(*next) ? *next : ids.first();
 }

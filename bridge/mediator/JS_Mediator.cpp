@@ -44,7 +44,7 @@ uint maximumOfBits(int bits)
 {
     const double maximum = std::pow(2.0, bits) - 1.0;
     constexpr double most = double(std::numeric_limits<uint>::max());
-    return maximum >= most ? std::numeric_limits<uint>::max() : uint(std::max(maximum, 0.0));
+    return uint(std::clamp(maximum, 0.0, most));
 }
 
 }
@@ -166,7 +166,7 @@ QString JS_Mediator::translate(const QString &string, const QString &arg)
     return guarded(host, QString(), [&] {
         const QString text = host->translate(string);
         const QString value = host->translate(arg);
-        return text.contains(QLatin1String("%1")) ? text.arg(value, 0, QLatin1Char(' ')) : text;
+        return text.contains(QLatin1String("%1")) ? text.arg(value) : text;
     });
 }
 

@@ -1,3 +1,4 @@
+#include "bridge/data/ControlStatus.h"
 #include "plugin/PLG_Common.h"
 #include "tests/bridge/support/DialogPage.h"
 #include "tests/support/TestLog.h"
@@ -22,12 +23,14 @@ private slots:
     void flagFollowsTheHost();
     void everyFlagHasBothValues();
     void textIsCompactJsonWithBooleansAlone();
+    void lockCountsInLiveModeOfTheMultiCameraWindow();
     void withoutDocumentsNothingOfADocumentHolds();
     void mouseDragIsTheCurrentTools();
     void currentToolIsNamed_data();
     void currentToolIsNamed();
     void documentStandsInForTheCurrentOne();
     void eachGetterIsAskedOnce();
+    void lockIsAskedWhereItCounts();
     void failureGivesAnEmptyText();
 };
 
@@ -370,6 +373,22 @@ void TestControlStatus::textIsCompactJsonWithBooleansAlone()
         QVERIFY2(status.value(flag).isBool(), qPrintable(flag));
 }
 
+// Whatever a snapshot tells of the documents.
+void TestControlStatus::lockCountsInLiveModeOfTheMultiCameraWindow()
+{
+    for (int way = 0; way < 4; ++way) {
+        ControlStatus status;
+        status.documentLocked = true;
+        status.allDevicesLocked = true;
+        status.multiCameraRunning = way & 1;
+        status.liveMode = way & 2;
+        const QJsonObject flags =
+            QJsonDocument::fromJson(controlStatusText(status).toUtf8()).object();
+        QCOMPARE(flags.value("IsTrelvikLockDevice"), QJsonValue(way == 3));
+        QCOMPARE(flags.value("IsAllTrelvikLockDevice"), QJsonValue(way == 3));
+    }
+}
+
 void TestControlStatus::withoutDocumentsNothingOfADocumentHolds()
 {
     StandInHost host;
@@ -450,6 +469,32 @@ void TestControlStatus::eachGetterIsAskedOnce()
     QVERIFY(calls.contains("areAllDevicesLocked()"));
     QCOMPARE(calls.removeDuplicates(), 0);
     QCOMPARE(host.commands(), QStringList());
+}
+
+void TestControlStatus::lockIsAskedWhereItCounts()
+{
+    for (int way = 0; way < 4; ++way) {
+        StandInHost host;
+        host.addCamera();
+        host.state().isTrelvikRunning = way & 1;
+        host.setMode(way & 2 ? StandInHost::Mode::Live : StandInHost::Mode::Memory);
+        JS_Mediator mediator(&host, QStringLiteral("page"));
+        host.clearJournal();
+        mediator.getControlStatus();
+        QStringList calls({"isTrelvikRunning()", "isActiveOnTrelvik()"});
+        if (way == 3)
+            calls.append("areAllDevicesLocked()");
+        calls.append("isOtherPluginOpen()");
+        if (way & 2)
+            calls += QStringList({"isCurrentOtherThanAutoFocus(true)", "isAutoExporting()"});
+        calls.append("[1].isFound()");
+        if (way == 3)
+            calls.append("[1].isLocked()");
+        calls += QStringList({"[1].showsLutCurve()", "[1].isReductionSuspended()",
+                              "[1].isOnSdCard()", "[1].isOnKelvault()", "[1].isOnCFast()"});
+        const QStringList journal = host.journal();
+        QCOMPARE(journal.mid(journal.indexOf("isTrelvikRunning()")), calls);
+    }
 }
 
 void TestControlStatus::failureGivesAnEmptyText()

@@ -833,6 +833,7 @@ void TestMediatorSlots::rotationIsCutOff_data()
     QTest::newRow("just below a turn") << 0.999f << "359";
     QTest::newRow("45.36 degrees the other way") << -0.126f << "-45";
     QTest::newRow("part of a degree") << -0.002f << "0";
+    QTest::newRow("more than a number holds") << 1e9f << "0";
 }
 
 void TestMediatorSlots::rotationIsCutOff()
@@ -858,6 +859,8 @@ void TestMediatorSlots::rangeMaxTells_data()
     QTest::newRow("first count below eight holds") << true << true << 6 << 12 << 63;
     QTest::newRow("no record") << true << false << 16 << 12 << 255;
     QTest::newRow("sixteen bits") << true << true << 16 << 16 << 65535;
+    QTest::newRow("no bits") << true << true << 0 << 12 << 0;
+    QTest::newRow("fewer than none") << true << true << -3 << 12 << 0;
 }
 
 void TestMediatorSlots::rangeMaxTells()

@@ -19,6 +19,8 @@ private slots:
     void fileRates();
     void fileWithoutARateCountsNoFrames();
     void memoryAsksEachPartition();
+    void oneFrameASecondIsARate_data();
+    void oneFrameASecondIsARate();
     void ratesOfNothingFallBackToFrames();
     void fallBackThatIsRefusedStillCountsFrames();
     void listStaysWhileTheRatesStay();
@@ -218,6 +220,25 @@ void TestSkipRange::memoryAsksEachPartition()
              QStringList({"isMemoryMode()", "[1].partitionRecordRate(1)",
                           "[1].partitionFrameCount(1)", "[1].partitionRecordRate(2)",
                           "[1].partitionRecordRate(3)", "[1].partitionFrameCount(3)"}));
+}
+
+void TestSkipRange::oneFrameASecondIsARate_data()
+{
+    QTest::addColumn<bool>("memory");
+    QTest::newRow("in memory") << true;
+    QTest::newRow("in a file") << false;
+}
+
+void TestSkipRange::oneFrameASecondIsARate()
+{
+    QFETCH(bool, memory);
+    Selection selection(memory);
+    selection.mediator.mode = 1;
+    selection.add(1, {{3, 1}});
+    selection.refresh();
+    QCOMPARE(selection.mediator.skipRateDivisor(), 1u);
+    QCOMPARE(selection.mediator.getSkipMinFrames(), 1000.0);
+    QCOMPARE(selection.mediator.getSkipMaxFrames(), 3000.0);
 }
 
 void TestSkipRange::ratesOfNothingFallBackToFrames()

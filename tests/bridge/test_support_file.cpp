@@ -412,13 +412,18 @@ void TestSupportFile::realChoosersAnswer_data()
     QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QStringList>("chosen");
+    QTest::addColumn<int>("mode");
     QTest::newRow("save") << int(FileChoice::Kind::SaveFile) << "new.zip"
-                          << QStringList({"new.zip"});
-    QTest::newRow("open") << int(FileChoice::Kind::OpenFile) << "a.zip" << QStringList({"a.zip"});
+                          << QStringList({"new.zip"}) << int(QFileDialog::AnyFile);
+    QTest::newRow("open") << int(FileChoice::Kind::OpenFile) << "a.zip" << QStringList({"a.zip"})
+                          << int(QFileDialog::ExistingFile);
     QTest::newRow("open several") << int(FileChoice::Kind::OpenFiles) << "\"a.zip\" \"b.zip\""
-                                  << QStringList({"a.zip", "b.zip"});
-    QTest::newRow("folder") << int(FileChoice::Kind::Folder) << "sub" << QStringList({"sub"});
-    QTest::newRow("cancelled") << int(FileChoice::Kind::SaveFile) << "" << QStringList();
+                                  << QStringList({"a.zip", "b.zip"})
+                                  << int(QFileDialog::ExistingFiles);
+    QTest::newRow("folder") << int(FileChoice::Kind::Folder) << "sub" << QStringList({"sub"})
+                            << int(QFileDialog::Directory);
+    QTest::newRow("cancelled") << int(FileChoice::Kind::SaveFile) << "" << QStringList()
+                               << int(QFileDialog::AnyFile);
 }
 
 void TestSupportFile::realChoosersAnswer()
@@ -438,12 +443,14 @@ void TestSupportFile::realChoosersAnswer()
     question.caption = QStringLiteral("Choose");
     question.start = folder.path();
     QString caption;
+    int mode = -1;
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] {
         auto *chooser = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
         if (!chooser)
             return;
         caption = chooser->windowTitle();
+        mode = chooser->fileMode();
         if (typed.isEmpty()) {
             chooser->reject();
             return;
@@ -457,6 +464,7 @@ void TestSupportFile::realChoosersAnswer()
         expected.append(dir.filePath(name));
     QCOMPARE(FileChoice::ask(question), expected);
     QCOMPARE(caption, QStringLiteral("Choose"));
+    QTEST(mode, "mode");
 }
 
 int main(int argc, char **argv)

@@ -28,6 +28,9 @@ private slots:
     void slotOfALoadHoldsTheView();
     void pageOfADeletedViewWaitsForTheSlotOfItsLoad();
     void viewWithoutScriptGoesAtOnce();
+    void scriptIsSeenWithoutAFrame();
+    void scriptIsSeenWhereItsStackIsFull();
+    void waitingTaskRunsOnce();
     void viewThatFoundAnotherWindowGoesWithIt();
     void dialogGoesWhenItsScriptHasReturned_data();
     void dialogGoesWhenItsScriptHasReturned();
@@ -226,13 +229,15 @@ void TestViewLifetime::slotOfALoadHoldsTheView()
     Window window;
     QVERIFY(window.loaded);
     bool once = false;
+    bool viewHeld = false;
     connect(window.view, &QWebView::loadFinished, this, [&] {
         if (!std::exchange(once, true))
-            runNested([&] { window.view->deleteLater(); }, [] {});
+            runNested([&] { window.view->deleteLater(); }, [&] { viewHeld = window.view; });
     });
     window.view->reload();
     QVERIFY(QTest::qWaitFor([&] { return !window.view; }));
     QVERIFY(once);
+    QVERIFY(viewHeld);
 }
 
 void TestViewLifetime::pageOfADeletedViewWaitsForTheSlotOfItsLoad()
@@ -267,6 +272,56 @@ void TestViewLifetime::viewWithoutScriptGoesAtOnce()
     window.view->deleteLater();
     QCoreApplication::sendPostedEvents(window.view, QEvent::DeferredDelete);
     QVERIFY(!window.view);
+}
+
+void TestViewLifetime::scriptIsSeenWithoutAFrame()
+{
+    Window window;
+    QVERIFY(window.loaded);
+    bool seen = false;
+    window.mediator.body = [&] { seen = AfterScript::isScriptRunning(nullptr); };
+    QVERIFY(!AfterScript::isScriptRunning(nullptr));
+    window.page->evaluate("bridge.nest()");
+    QVERIFY(seen);
+    QVERIFY(!AfterScript::isScriptRunning(nullptr));
+}
+
+// The deepest calls leave no room for a look at the stack.
+void TestViewLifetime::scriptIsSeenWhereItsStackIsFull()
+{
+    Window window;
+    QVERIFY(window.loaded);
+    int looks = 0;
+    int seen = 0;
+    window.mediator.body = [&] {
+        ++looks;
+        if (AfterScript::isScriptRunning(window.view->page()->mainFrame()))
+            ++seen;
+    };
+    window.page->evaluate("var left = 100;"
+                          "(function deeper() {"
+                          "    try { deeper(); } catch (full) { }"
+                          "    if (left-- > 0)"
+                          "        try { bridge.nest(); } catch (full) { }"
+                          "})()");
+    QVERIFY(looks > 0);
+    QCOMPARE(seen, looks);
+}
+
+void TestViewLifetime::waitingTaskRunsOnce()
+{
+    auto token = std::make_unique<QObject>();
+    int runs = 0;
+    int runsBehindTheToken = 0;
+    AfterScript::run([&] { ++runsBehindTheToken; }, token.get());
+    AfterScript::run([&] { ++runs; });
+    settle();
+    QCOMPARE(runs, 1);
+    QCOMPARE(runsBehindTheToken, 0);
+    token.reset();
+    settle();
+    QCOMPARE(runs, 1);
+    QCOMPARE(runsBehindTheToken, 1);
 }
 
 void TestViewLifetime::viewThatFoundAnotherWindowGoesWithIt()
