@@ -1,7 +1,6 @@
+#include "plugin/region/RegionCursor.h"
 #include "plugin/region/RegionGeometry.h"
 #include "tests/plugin/RegionTool.h"
-
-#include "plugin/region/RegionCursor.h"
 #include "tests/support/TestLog.h"
 
 #include <QGuiApplication>

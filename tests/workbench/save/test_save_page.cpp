@@ -22,6 +22,7 @@ private slots:
     void namesThePartsInWords();
     void growsWhileTheUserTypes();
     void asksOnceBehindAPause();
+    void dropsAnAnswerThatIsOutOfDate();
     void storesEachSetting_data();
     void storesEachSetting();
     void typesIntoItsOwnFamily_data();
@@ -125,6 +126,30 @@ void TestSavePage::asksOnceBehindAPause()
         QCOMPARE(visit.stored(),
                  QStringList("setPrefString(\"export/filename\", \"Shot_abcdef\")"));
         QCOMPARE(visit.host.journal().filter("fileNameAddition").size(), 1);
+    }));
+}
+
+// A call of the round takes its time, and the user goes on under it.
+void TestSavePage::dropsAnAnswerThatIsOutOfDate()
+{
+    SaveVisit visit;
+    QVERIFY(visit.open("exportdialog", [&](QDialog &, GUI_WebView *view) {
+        QVERIFY(click(view, "#fileName"));
+        QVERIFY(press(view, Qt::Key_End));
+        read(view, "SavePage.pause = 400; var shown = [];"
+                   "new MutationObserver(function () {"
+                   "    shown.push(document.getElementById('path').dataset.path);"
+                   "}).observe(document.getElementById('path'), { attributes: true }); 0");
+        int rounds = 0;
+        visit.host.callJournal().setListener([&](const QString &line) {
+            if (line.contains("fileNameAddition") && ++rounds == 1)
+                type(view, "2");
+        });
+        QVERIFY(type(view, "1"));
+        QVERIFY(waitForPath(view, "Shot12"));
+        visit.host.callJournal().setListener({});
+        QCOMPARE(rounds, 2);
+        QCOMPARE(read(view, "shown").toStringList(), QStringList(visit.base() + "Shot12"));
     }));
 }
 
