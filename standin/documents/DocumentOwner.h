@@ -77,6 +77,16 @@ public:
     /// Changes the document alone, as one undo step; nothing is sent.
     virtual void editSettings(StandInCamera &camera, const CameraSettings &settings) = 0;
 
+    // The network.
+
+    /// Gives a camera another setting for an Ethernet type. Throws a DOC_Exception with the reason,
+    /// and changes nothing, where it may not have it.
+    virtual void changeNetwork(StandInCamera &camera, int etherType,
+                               const NetworkSetting &setting) = 0;
+
+    /// Has a camera use the setting of this Ethernet type, where it has one.
+    virtual void chooseEtherType(StandInCamera &camera, int etherType) = 0;
+
 protected:
     ~DocumentOwner() = default;
 };

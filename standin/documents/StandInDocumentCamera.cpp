@@ -1,5 +1,7 @@
 #include "standin/documents/StandInDocument.h"
 
+#include "standin/documents/DocumentOwner.h"
+
 #include <algorithm>
 
 template <class Contract> void StandInDocumentCamera<Contract>::fullImageSize(int *w, int *h)
@@ -218,22 +220,15 @@ void StandInDocumentCamera<Contract>::setNetworkSetting(int etherType,
                                                         const NetworkSetting &setting)
 {
     this->told("setNetworkSetting", etherType, setting);
-    this->state().networkSettings.insert(etherType, setting);
-    if (etherType == this->state().editData.etherType) {
-        this->state().editData.network = setting;
-        this->state().ipAddress = setting.ipAddress;
-    }
+    if (StandInCamera *camera = this->owner().camera(this->key()))
+        this->owner().changeNetwork(*camera, etherType, setting);
 }
 
 template <class Contract> void StandInDocumentCamera<Contract>::setEtherType(int type)
 {
     this->told("setEtherType", type);
-    DocumentState &state = this->state();
-    state.editData.etherType = type;
-    if (state.networkSettings.contains(type)) {
-        state.editData.network = state.networkSettings.value(type);
-        state.ipAddress = state.editData.network.ipAddress;
-    }
+    if (StandInCamera *camera = this->owner().camera(this->key()))
+        this->owner().chooseEtherType(*camera, type);
 }
 
 template <class Contract> QList<PresetInfo> StandInDocumentCamera<Contract>::presets()

@@ -3,7 +3,10 @@
 StandInHost::StandInHost()
     : m_settings(std::make_unique<StandInSettings>()), m_undo(m_events), m_documents(m_events),
       m_lock(*this, m_documents, m_undo), m_readOut(*this, m_documents, m_events),
-      m_tools(*this, m_events, m_readOut), m_messages(m_events), m_prefsDialog(*this)
+      m_tools(*this, m_events, m_readOut),
+      m_connections(m_network, m_documents, m_events,
+                    [this](const StandInCamera::Description &camera) { return addCamera(camera); }),
+      m_messages(m_events), m_prefsDialog(*this)
 {
     qRegisterMetaType<DOCKEY>("DOCKEY"); // so that events can be queued and spied on
     m_journal.setDocumentRemover([this](DOCKEY key) { closeDocument(key); });

@@ -13,6 +13,8 @@
 #include "standin/journal/MessageLog.h"
 #include "standin/journal/Pauses.h"
 #include "standin/journal/StandInEvents.h"
+#include "standin/network/CameraNetwork.h"
+#include "standin/network/DeviceConnections.h"
 #include "standin/saving/SavePlan.h"
 #include "standin/session/CameraLock.h"
 #include "standin/session/DocumentList.h"
@@ -21,9 +23,12 @@
 #include "standin/tools/ReadOut.h"
 #include "standin/tools/ToolTable.h"
 
+#include <QPointer>
 #include <QScopeGuard>
 
 #include <memory>
+
+class NetworkSearch;
 
 /// A complete stand-in for the application: every operation of HostServices, in memory.
 ///
@@ -145,6 +150,27 @@ public:
         m_lock.editSettings(camera, settings);
     }
     bool isLockOn() const { return m_lock.isOn(); }
+
+    // The network; see CameraNetwork and DeviceConnections.
+
+    CameraNetwork &network() { return m_network; }
+    const DeviceConnections &connections() const { return m_connections; }
+
+    /// Does what searchAgain() does, for a user interface around the host. While the host is
+    /// interactive a search that takes longer has a progress dialog, whose Cancel ends it.
+    QString searchNetwork();
+
+    /// Ends a search that runs, with what has answered so far.
+    void cancelSearch();
+
+    void changeNetwork(StandInCamera &camera, int etherType, const NetworkSetting &setting) override
+    {
+        m_connections.setSetting(camera, etherType, setting);
+    }
+    void chooseEtherType(StandInCamera &camera, int etherType) override
+    {
+        m_connections.setEtherType(camera, etherType);
+    }
 
     ReadOut &readOut() { return m_readOut; }
     bool isReadOutEdited() const override { return m_readOut.isEdited(); }
@@ -561,6 +587,9 @@ private:
     CameraLock m_lock;
     ReadOut m_readOut;
     ToolTable m_tools;
+    CameraNetwork m_network;
+    DeviceConnections m_connections;
+    QPointer<NetworkSearch> m_search; ///< the one that was begun last
 
     Pauses m_pauses;
     SavePlan m_savePlan;

@@ -1,5 +1,15 @@
 #include "standin/host/StandInHost.h"
 
+#include "foundation/Keys.h"
+#include "standin/network/NetworkSearch.h"
+#include "standin/network/SearchText.h"
+
+#include <QProgressDialog>
+
+namespace {
+constexpr int ShortSearch = 300; // milliseconds; it shows no progress
+}
+
 QString StandInHost::defaultCameraName()
 {
     asked("defaultCameraName");
@@ -11,30 +21,74 @@ QString StandInHost::defaultCameraName()
 void StandInHost::connectDevices(const QStringList &addresses)
 {
     told("connectDevices", addresses);
-    m_state.connectedAddresses = addresses;
+    m_connections.connect(addresses);
 }
 
 void StandInHost::addDevice(const QString &name, const QString &address, bool dummy)
 {
     told("addDevice", name, address, dummy);
+    if (!dummy) {
+        m_connections.add(name, address);
+        return;
+    }
     StandInCamera::Description description;
     description.name = name;
     description.address = address;
-    description.isDummy = dummy;
-    description.isConnected = !dummy;
+    description.isDummy = true;
+    description.isConnected = false;
     addCamera(description);
 }
 
 QString StandInHost::searchAgain()
 {
     told("searchAgain");
-    return m_state.searchResults;
+    return searchNetwork();
+}
+
+QString StandInHost::searchNetwork()
+{
+    const auto way = NetworkSearch::Way(setting(Keys::cameraConnection.searchWay).toInt());
+    NetworkSearch search(m_network, way, setting(Keys::cameraConnection.searchIp).toString());
+    m_search = &search;
+    std::unique_ptr<QProgressDialog> progress;
+    if (m_interactive && search.duration() > 0) {
+        progress = std::make_unique<QProgressDialog>(
+            translation(QStringLiteral("Searching for cameras...")),
+            translation(QStringLiteral("Cancel")), 0, search.duration(), messageParent(nullptr));
+        progress->setWindowModality(Qt::ApplicationModal);
+        progress->setMinimumDuration(ShortSearch);
+        progress->setAutoClose(false);
+        progress->setAutoReset(false);
+        QObject::connect(progress.get(), &QProgressDialog::canceled, &search,
+                         &NetworkSearch::cancel);
+        QObject::connect(&search, &NetworkSearch::progressed, progress.get(),
+                         &QProgressDialog::setValue);
+        progress->setValue(0); // the duration begins here
+    }
+    const NetworkSearch::Result found = search.run();
+    QHash<QString, QString> names;
+    QSet<QString> connected;
+    for (const QString &serialNumber : found.serialNumbers) {
+        const QList<StandInCamera *> heads = m_connections.heads(serialNumber);
+        if (!heads.isEmpty())
+            names.insert(serialNumber, heads.first()->name());
+        if (m_connections.isConnected(serialNumber))
+            connected.insert(serialNumber);
+    }
+    return SearchText::compactText(m_network, found, names, connected);
+}
+
+void StandInHost::cancelSearch()
+{
+    if (m_search)
+        m_search->cancel();
 }
 
 void StandInHost::setNetworkSettings(const QString &adapter, const QString &ip, const QString &mask,
                                      const QString &gateway, const QString &mac)
 {
     told("setNetworkSettings", adapter, ip, mask, gateway, mac);
+    m_connections.setSetting(adapter, {ip, mask, gateway}, mac);
 }
 
 bool StandInHost::isLowlightOn()

@@ -24,6 +24,7 @@ StandInCamera *StandInHost::addCamera(const StandInCamera::Description &descript
         camera->setLockedTogether(true);
     StandInCamera *added = addDocument(std::move(camera));
     m_readOut.addCamera(*added);
+    m_connections.adopt(*added);
     return added;
 }
 

@@ -94,9 +94,7 @@ struct HostRecordState
 
 struct HostCameraLinkState
 {
-    QString defaultCameraName;                    ///< empty: "Camera" and the next free number
-    QString searchResults = QStringLiteral("[]"); ///< JSON text
-    QStringList connectedAddresses;               ///< given to connectDevices()
+    QString defaultCameraName; ///< empty: "Camera" and the next free number
     bool isLowlightOn = false;
     bool hasLowlightDevice = false;
     bool areAllLowlightOn = false;

@@ -306,18 +306,21 @@ const HostCall HostPlaybackCalls[] = {
 const HostCall HostCameraLinkCalls[] = {
     {[](StandInHost &h) { h.defaultCameraName(); }, "defaultCameraName()", Question},
     {[](StandInHost &h) {
-         h.connectDevices(QStringList({QStringLiteral("a"), QStringLiteral("b")}));
+         const QString address = QStringLiteral("192.168.0.10"); // the camera's
+         h.connectDevices(QStringList({address, address}));
      },
-     "connectDevices([\"a\", \"b\"])", Command},
+     "connectDevices([\"192.168.0.10\", \"192.168.0.10\"])", Command},
     {[](StandInHost &h) { h.addDevice(QStringLiteral("name"), QStringLiteral("address"), false); },
      "addDevice(\"name\", \"address\", false)", Command},
     {[](StandInHost &h) { h.searchAgain(); }, "searchAgain()", Command},
     {[](StandInHost &h) {
-         h.setNetworkSettings(QStringLiteral("adapter"), QStringLiteral("ip"),
-                              QStringLiteral("mask"), QStringLiteral("gateway"),
-                              QStringLiteral("mac"));
+         h.setNetworkSettings(QStringLiteral("192.168.0.1"), QStringLiteral("192.168.0.9"),
+                              QStringLiteral("255.255.255.0"), QStringLiteral("192.168.0.254"),
+                              h.network().devices().first().hardwareAddress);
      },
-     "setNetworkSettings(\"adapter\", \"ip\", \"mask\", \"gateway\", \"mac\")", Command},
+     "setNetworkSettings(\"192.168.0.1\", \"192.168.0.9\", \"255.255.255.0\", "
+     "\"192.168.0.254\", \"02:00:00:00:00:01\")",
+     Command},
     {[](StandInHost &h) { h.isLowlightOn(); }, "isLowlightOn()", Question},
     {[](StandInHost &h) { h.hasLowlightDevice(); }, "hasLowlightDevice()", Question},
     {[](StandInHost &h) { h.areAllLowlight(false); }, "areAllLowlight(false)", Question},
@@ -563,9 +566,10 @@ const DocumentCall DOC_CameraPartCalls[] = {
      "[1].setCameraName(\"name\")", Command},
     {[](DOC_Interface &d) {
          d.setNetworkSetting(
-             3, NetworkSetting{QStringLiteral("i"), QStringLiteral("m"), QStringLiteral("g")});
+             3, NetworkSetting{QStringLiteral("10.0.0.2"), QStringLiteral("255.0.0.0"), QString()});
      },
-     "[1].setNetworkSetting(3, {ipAddress: \"i\", subnetMask: \"m\", defaultGateway: \"g\"})",
+     "[1].setNetworkSetting(3, {ipAddress: \"10.0.0.2\", subnetMask: \"255.0.0.0\", "
+     "defaultGateway: \"\"})",
      Command},
     {[](DOC_Interface &d) { d.setEtherType(3); }, "[1].setEtherType(3)", Command},
     {[](DOC_Interface &d) { d.presets(); }, "[1].presets()", Question},
