@@ -3,6 +3,8 @@
 #include "bridge/dialog/GUI_SyncProgress.h"
 #include "bridge/mediator/PageSignal.h"
 #include "bridge/operation/DialogRun.h"
+#include "device/discovery/GUI_CameraNetworkSettingDialog.h"
+#include "device/discovery/GUI_DiscoverySearchDialog.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "plugin/PLG_Common.h"
@@ -399,6 +401,31 @@ void TestDialogGrowth::nothingGrowsByOneKindOfDialog_data()
             << Cycle([object, end](StandInHost &host) {
                    GUI_AddNumberDialog dialog(&host, nullptr, 2, 2, 1);
                    execAndClose(dialog, end, object + ".rejected.connect(function () {})");
+               });
+    }
+    for (const char *way : {".accept()", ".reject()", ""}) {
+        const QString object = QStringLiteral("discoverysearch");
+        const QString end = *way ? object + way : QString();
+        QTest::addRow("search for cameras, %s", *way ? way + 1 : "closed by its frame")
+            << Cycle([object, end](StandInHost &host) {
+                   if (host.cameraCount() == 0)
+                       host.addCamera();
+                   GUI_DiscoverySearchDialog dialog(&host, host.searchNetwork(), nullptr);
+                   execAndClose(dialog, end,
+                                object + ".rejected.connect(function () {});" + object +
+                                    ".getSearchAgainResults();" + object +
+                                    ".connect('[\"192.168.0.10\"]')");
+               });
+    }
+    for (const char *way : {".ok()", ".cancel()", ""}) {
+        const QString object = QStringLiteral("cameranetworksetting");
+        const QString end = *way ? object + way : QString();
+        QTest::addRow("settings of the search, %s", *way ? way + 1 : "closed by its frame")
+            << Cycle([object, end](StandInHost &host) {
+                   GUI_CameraNetworkSettingDialog dialog(&host, nullptr);
+                   execAndClose(dialog, end,
+                                object + ".rejected.connect(function () {});" + object +
+                                    ".setCameraSearchWay(0)");
                });
     }
     QTest::newRow("time code") << Cycle([](StandInHost &host) {

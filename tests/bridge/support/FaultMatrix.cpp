@@ -67,6 +67,30 @@ QString operationOf(const QString &line)
     return call.section(QLatin1Char('.'), -1);
 }
 
+// Whether the host may have reasons of its own against such a call, as an address that is taken.
+bool mayBeRefused(const QString &line)
+{
+    const QStringList operations = {QStringLiteral("connectDevices"),
+                                    QStringLiteral("setNetworkSetting"),
+                                    QStringLiteral("setNetworkSettings")};
+    return operations.contains(operationOf(line));
+}
+
+// Each reason stands in the log too, where it was thrown, with its quotation marks escaped.
+QStringList withoutRefusals(QStringList handled, const QStringList &critical)
+{
+    for (QString line : critical) {
+        line.remove(QLatin1Char('\\'));
+        const auto reason = std::find_if(handled.begin(), handled.end(), [&](const QString &text) {
+            return line.contains(QLatin1String("[message:") +
+                                 text.section(QLatin1Char('\n'), 0, 0));
+        });
+        if (reason != handled.end())
+            handled.erase(reason);
+    }
+    return handled;
+}
+
 QStringList withoutErrorHandler(QStringList lines)
 {
     for (int i = lines.size() - 1; i >= 0; --i) {
@@ -400,6 +424,9 @@ QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
     if (way.slot.parameterTypes().contains("std::exception&"))
         handled.removeOne(QLatin1String("std::exception")); // what it is there for
 
+    if (std::any_of(calls.cbegin(), calls.cend(), mayBeRefused))
+        handled = withoutRefusals(handled, log.texts(QtCriticalMsg));
+
     QString when = QStringLiteral("without a fault");
     if (form == Form::Once || form == Form::FromThereOn || form == Form::Gone)
         when = QStringLiteral("%1 call %2, %3")
@@ -494,5 +521,5 @@ void FaultMatrix::report(const Way &way, const QString &when, const QString &wha
 QVector<PageClass> allPageClasses()
 {
     return bridgePageClasses() + recordPageClasses() + devicePageClasses() +
-           fileDialogPageClasses() + saveFilePageClasses();
+           discoveryPageClasses() + fileDialogPageClasses() + saveFilePageClasses();
 }

@@ -46,6 +46,7 @@ struct PageClass
 QVector<PageClass> bridgePageClasses();
 QVector<PageClass> recordPageClasses();
 QVector<PageClass> devicePageClasses();
+QVector<PageClass> discoveryPageClasses();
 QVector<PageClass> fileDialogPageClasses();
 QVector<PageClass> saveFilePageClasses();
 
@@ -60,9 +61,9 @@ QVector<PageClass> allPageClasses();
 /// Each slot is called with an empty host and with a furnished one, with arguments made from their
 /// types, and in the ways of its cases. A run without faults counts the host calls; then each of
 /// them fails once, then each and all that follow. Nothing may escape; errorHandler() gets every
-/// failure once; every "[ENTER]" has its "[LEAVE]". Where the caller can, it also deletes the
-/// object inside each of the calls; freed memory must not be read behind it, which is only seen
-/// when something fills it (a sanitizer, or mallopt() with M_PERTURB).
+/// failure once, a refusal of the host too; every "[ENTER]" has its "[LEAVE]". Where the caller
+/// can, it also deletes the object inside each of the calls; freed memory must not be read behind
+/// it, which is only seen when something fills it (a sanitizer, or mallopt() with M_PERTURB).
 class FaultMatrix
 {
 public:
