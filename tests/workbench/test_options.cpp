@@ -3,6 +3,8 @@
 #include "workbench/base/Options.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
 
 class TestOptions : public TestBase
 {
@@ -29,6 +31,7 @@ void TestOptions::startsWithTwoCamerasAndNothingElse()
     QCOMPARE(options.pluginFolder, QString());
     QCOMPARE(options.settingsFile, QString());
     QCOMPARE(options.pagesFolder, QString());
+    QCOMPARE(options.networkFile, QString());
     QCOMPARE(options.openFolder, QString());
     QCOMPARE(options.style, QString());
     QCOMPARE(options.tourFolder, QString());
@@ -37,14 +40,20 @@ void TestOptions::startsWithTwoCamerasAndNothingElse()
 
 void TestOptions::takesEveryOption()
 {
-    const Options options = Options::parse(
-        {"orvix-workbench", "--plugins", "p", "--settings=s.ini", "--cameras", "3", "--open",
-         "pictures", "--style", "Dark", "--tour", "t", "--pages", ".", "--walk", "lock"});
+    QTemporaryDir dir;
+    QFile network(dir.filePath("network.json"));
+    QVERIFY(network.open(QIODevice::WriteOnly) && network.write("{}") == 2);
+    network.close();
+    const Options options =
+        Options::parse({"orvix-workbench", "--plugins", "p", "--settings=s.ini", "--cameras", "3",
+                        "--open", "pictures", "--style", "Dark", "--tour", "t", "--pages", ".",
+                        "--walk", "lock", "--network", network.fileName()});
     QCOMPARE(options.action, Options::Action::Run);
     QCOMPARE(options.cameras, 3);
     QCOMPARE(options.pluginFolder, QString("p"));
     QCOMPARE(options.settingsFile, QString("s.ini"));
     QCOMPARE(options.pagesFolder, QString("."));
+    QCOMPARE(options.networkFile, network.fileName());
     QCOMPARE(options.openFolder, QString("pictures"));
     QCOMPARE(options.style, QString("dark"));
     QCOMPARE(options.tourFolder, QString("t"));
@@ -56,8 +65,8 @@ void TestOptions::explainsItself()
     for (const char *help : {"--help", "-h"}) {
         const Options options = Options::parse({"orvix-workbench", help});
         QCOMPARE(options.action, Options::Action::Help);
-        for (const char *option : {"--plugins", "--settings", "--pages", "--cameras", "--open",
-                                   "--style", "--tour", "--walk", "--help"})
+        for (const char *option : {"--plugins", "--settings", "--pages", "--network", "--cameras",
+                                   "--open", "--style", "--tour", "--walk", "--help"})
             QVERIFY2(options.text.contains(option), option);
     }
 }
@@ -83,6 +92,12 @@ void TestOptions::refusesWhatItDoesNotKnow_data()
     QTest::newRow("file in place of a folder")
         << QStringList{"--pages", QString::fromLocal8Bit(__FILE__)}
         << "--pages wants a folder that can be read, not '" __FILE__ "'.";
+    QTest::newRow("network that is not there")
+        << QStringList{"--network", "not/there"}
+        << "--network cannot read 'not/there': it is no file.";
+    QTest::newRow("file that is no network")
+        << QStringList{"--network", QString::fromLocal8Bit(__FILE__)}
+        << "--network cannot read '" __FILE__ "': illegal value.";
     QTest::newRow("style") << QStringList{"--style", "blue"}
                            << "--style wants light or dark, not 'blue'.";
 }

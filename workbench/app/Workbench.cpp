@@ -5,6 +5,8 @@
 #include "contract/PLG_Interface.h"
 #include "foundation/Keys.h"
 #include "foundation/exceptions/DOC_ReadFileException.h"
+#include "standin/network/BuiltInNetwork.h"
+#include "standin/network/NetworkFile.h"
 #include "workbench/base/Options.h"
 #include "workbench/base/SupportFile.h"
 #include "workbench/log/HostCallPanel.h"
@@ -51,6 +53,9 @@ Workbench::Workbench(const Options &options)
       m_dialogs(std::make_unique<PageDialogs>(*m_host)),
       m_boxes(std::make_unique<DropDownBoxes>(*m_host, *m_window->statusPanel()->view()))
 {
+    m_host->network().load(options.networkFile.isEmpty()
+                               ? BuiltInNetwork::plan()
+                               : NetworkFile::read(options.networkFile).plan);
     m_host->state().hostVersion = QCoreApplication::applicationVersion();
     m_host->showDisplayInfo(true);
     m_host->frontEnd().takeSupportSnapshot = [this] { return takeSupportSnapshot(); };

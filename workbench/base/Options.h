@@ -17,6 +17,7 @@ struct Options
     QString pluginFolder; ///< Empty: the folder "plugins" beside the executable.
     QString settingsFile; ///< Empty: the user's own.
     QString pagesFolder;  ///< Pages come from here, live; empty: from the executable alone.
+    QString networkFile;  ///< The network that cameras are found in; empty: the built-in one.
     int cameras = 2;      ///< 0 to 16.
     QString openFolder;   ///< Folder of pictures to open as a recording; empty: none.
     QString style;        ///< "light" or "dark"; empty: as it was left.
