@@ -7,7 +7,7 @@ GUI_CameraNetworkSettingDialog::GUI_CameraNetworkSettingDialog(HostServices *hos
                         QLatin1String("qrc:/cameranetworksetting.html"),
                         new JS_Mediator_CameraNetworkSettingDialog(host), parent)
 {
-    resize(380, 220);
+    resize(460, 300);
 }
 
 void GUI_CameraNetworkSettingDialog::ok()

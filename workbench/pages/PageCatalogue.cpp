@@ -2,6 +2,8 @@
 
 #include "bridge/mediator/JS_Mediator.h"
 #include "contract/DOC_Interface.h"
+#include "device/discovery/GUI_CameraNetworkSettingDialog.h"
+#include "device/discovery/GUI_DiscoverySearchDialog.h"
 #include "foundation/Clock.h"
 #include "foundation/SaveModes.h"
 #include "record/comment/GUI_CommentDialog.h"
@@ -31,6 +33,17 @@ template <class Dialog>
 std::unique_ptr<QDialog> makeOwn(StandInHost &host, const PageEntry &, QWidget *)
 {
     return std::make_unique<Dialog>(&host);
+}
+
+// With what a search finds now.
+std::unique_ptr<QDialog> makeDiscoverySearch(StandInHost &host, const PageEntry &, QWidget *parent)
+{
+    return std::make_unique<GUI_DiscoverySearchDialog>(&host, host.searchNetwork(), parent);
+}
+
+std::unique_ptr<QDialog> makeNetworkSetting(StandInHost &host, const PageEntry &, QWidget *parent)
+{
+    return std::make_unique<GUI_CameraNetworkSettingDialog>(&host, parent);
 }
 
 std::unique_ptr<QDialog> makeCustomInfo(StandInHost &host, const PageEntry &, QWidget *parent)
@@ -116,6 +129,26 @@ QVector<PageEntry> makePages()
         {"prefs", Kind::Dialog, "Edit", "&Preferences...", QKeySequence("Ctrl+,"), "Preferences",
          "qrc:/prefs.html", "preferences", QSize(420, 300), nullptr,
          [](JS_Mediator &commands) { commands.openPrefsDialog(); }},
+        {"discoverysearch",
+         Kind::Dialog,
+         "Cameras",
+         "&Search for cameras...",
+         {},
+         "Discovery search",
+         "qrc:/discoverysearch.html",
+         "discoverysearch",
+         {},
+         makeDiscoverySearch},
+        {"cameranetworksetting",
+         Kind::Dialog,
+         "Cameras",
+         "Se&ttings of the search...",
+         {},
+         "Camera network setting",
+         "qrc:/cameranetworksetting.html",
+         "cameranetworksetting",
+         {},
+         makeNetworkSetting},
         {"ethernet",
          Kind::Dialog,
          "Cameras",
