@@ -19,6 +19,8 @@ const QVector<Walks::Walk> &Walks::all()
         {"editinfo-dark", {3, 1, true, false}, editInfo},
         {"custominfo", {3, 2, false, false}, customInfo},
         {"custominfo-dark", {3, 2, true, false}, customInfo},
+        {"discovery", {2, 1, false, false}, discovery},
+        {"discovery-dark", {2, 1, true, false}, discovery},
         {"save", {3, 2, false, false}, save},
         {"save-dark", {3, 2, true, false}, save},
         {"catalogue", {3, 2, false, false}, catalogue},

@@ -21,6 +21,7 @@ void regionInTheDark(TourStage &stage); ///< panel and dialog of a tool in the d
 void empty(TourStage &stage);           ///< no camera is left, and one comes
 void information(TourStage &stage);     ///< time code, comments, and how values are written
 void catalogue(TourStage &stage);       ///< each page by keyboard, in the style of the scene
+void discovery(TourStage &stage);       ///< cameras of the network, in the style of the scene
 void customInfo(TourStage &stage);      ///< custom information, in the style of the scene
 void save(TourStage &stage);            ///< where saves go, in the style of the scene
 void cameras(TourStage &stage);         ///< as many cameras as there can be
