@@ -149,6 +149,11 @@ void MainWindow::refresh()
                                     "the current one."));
     m_closeCurrent->setEnabled(m_host.document(m_host.currentKey()));
     m_releaseAll->setEnabled(m_host.isLockOn());
+    const StandInCamera *camera = m_host.camera(m_host.currentKey());
+    const NetworkDevice *device =
+        camera ? m_host.network().device(camera->serialNumber()) : nullptr;
+    m_unplug->setEnabled(device);
+    m_unplug->setChecked(device && !device->isPlugged);
     const bool several = m_views->views().size() > 1;
     m_nextView->setEnabled(several);
     m_previousView->setEnabled(several);
@@ -208,6 +213,12 @@ void MainWindow::makeActions()
     m_releaseAll = makeAction("releaseAll", tr("&Release all cameras"), QKeySequence("Ctrl+R"));
     connect(m_releaseAll, &QAction::triggered, this,
             [this] { guarded(&m_host, [this] { m_host.setTrelvikLock(false); }); });
+    m_unplug = makeAction("unplug", tr("&Unplug the camera"), {});
+    m_unplug->setCheckable(true);
+    connect(m_unplug, &QAction::triggered, this, [this](bool unplug) {
+        if (const StandInCamera *camera = m_host.camera(m_host.currentKey()))
+            m_host.network().setPlugged(camera->serialNumber(), !unplug);
+    });
     m_nextView = makeAction("nextView", tr("&Next view"), QKeySequence("Ctrl+PgDown"));
     connect(m_nextView, &QAction::triggered, this, [this] { m_views->stepCurrent(1); });
     m_previousView = makeAction("previousView", tr("&Previous view"), QKeySequence("Ctrl+PgUp"));
@@ -265,7 +276,7 @@ void MainWindow::makeMenus()
     edit->addActions({m_undo, m_redo});
     edit->addSeparator();
     QMenu *cameras = menuBar()->addMenu(tr("&Cameras"));
-    cameras->addActions({m_addCamera, m_releaseAll});
+    cameras->addActions({m_addCamera, m_releaseAll, m_unplug});
     cameras->addSeparator();
     cameras->addActions({m_nextView, m_previousView});
     cameras->addSeparator();

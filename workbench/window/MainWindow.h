@@ -113,6 +113,7 @@ private:
     QAction *m_nextView = nullptr;
     QAction *m_previousView = nullptr;
     QAction *m_releaseAll = nullptr;
+    QAction *m_unplug = nullptr;
     QAction *m_showInformation = nullptr;
     QActionGroup *m_modes = nullptr;
     QActionGroup *m_styles = nullptr;
