@@ -306,10 +306,14 @@ void DeviceConnections::closeWaiting(const QString &address)
 
 bool DeviceConnections::markWaiting(const QString &address)
 {
-    StandInCamera *camera = waiting(address);
     const bool isFound = !m_network.devicesAt(address).isEmpty();
-    if (!camera || camera->state().isFound == isFound)
-        return false;
-    camera->state().isFound = isFound;
-    return true;
+    bool hasChanged = false;
+    for (StandInCamera *camera : m_documents.cameras()) {
+        const auto found = m_waiting.constFind(camera->key());
+        if (found == m_waiting.constEnd() || *found != address)
+            continue;
+        hasChanged |= camera->state().isFound != isFound;
+        camera->state().isFound = isFound;
+    }
+    return hasChanged;
 }

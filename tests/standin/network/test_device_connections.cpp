@@ -41,6 +41,7 @@ private slots:
     void waitingCameraIsReaddressed();
     void waitingCameraGoesWhereTheDeviceHasItsRow();
     void sameAddressWaitsOnce();
+    void camerasThatWaitForOneAddressFollowTogether();
     void fiveNumbersAreNeverFound();
     void changesAreTold();
 };
@@ -531,6 +532,21 @@ void TestDeviceConnections::sameAddressWaitsOnce()
     host.removeDocument(1);
     host.addDevice("Rear", "192.168.0.20", false);
     QCOMPARE(rows(host), QStringList({"Rear  1/1 192.168.0.20  "}));
+}
+
+void TestDeviceConnections::camerasThatWaitForOneAddressFollowTogether()
+{
+    StandInHost host;
+    host.addDevice("Front", "192.168.0.20", false);
+    host.addDevice("Rear", "192.168.0.21", false);
+    host.camera(2)->setNetworkSetting(0, {"192.168.0.20", Mask, ""});
+    NetworkDevice held = device("1", "192.168.0.20");
+    held.isHeldElsewhere = true;
+    host.network().addDevice(held);
+    QCOMPARE(rows(host), QStringList({"Front  1/1 192.168.0.20  found", //
+                                      "Rear  1/1 192.168.0.20  found"}));
+    host.network().setHeldElsewhere("1", false);
+    QCOMPARE(rows(host), QStringList({"Front 1 1/1 192.168.0.20 connected found"}));
 }
 
 void TestDeviceConnections::fiveNumbersAreNeverFound()
