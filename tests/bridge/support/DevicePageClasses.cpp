@@ -1,3 +1,4 @@
+#include "device/names/JS_Mediator_AutoCameraName.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "plugin/PLG_Common.h"
@@ -27,11 +28,25 @@ QObject *makeLiveSelectBox(StandInHost &host)
     return new JS_Mediator_SelectBox(&host);
 }
 
+QVector<SlotCase> cameraNameCases()
+{
+    const auto withFile = [](FaultScene &scene) {
+        scene.host.state().isAutoCameraNameEnabled = true;
+        scene.host.settings().setValue("usercustom/cameraNameFilePath", "/proc/self/mem");
+    };
+    return {{"existsAutoCompleteFile()", {}, withFile}, {"autoCompleteCameraList()", {}, withFile}};
+}
+
 }
 
 QVector<PageClass> devicePageClasses()
 {
     return {
+        {&JS_Mediator_AutoCameraName::staticMetaObject,
+         [](StandInHost &host) -> QObject * {
+             return new JS_Mediator_AutoCameraName(&host, "adddeviceAutoCameraName");
+         },
+         cameraNameCases()},
         {&JS_Mediator_SelectBox::staticMetaObject,
          makeLiveSelectBox,
          {{"slotNotifyPartition(QString)", {"1"}, {}},
