@@ -1,3 +1,5 @@
+#include "device/edit/GUI_AddDeviceDialog.h"
+#include "device/edit/JS_Mediator_AddDeviceDialog.h"
 #include "device/names/JS_Mediator_AutoCameraName.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
@@ -28,6 +30,17 @@ QObject *makeLiveSelectBox(StandInHost &host)
     return new JS_Mediator_SelectBox(&host);
 }
 
+QVector<SlotCase> addDeviceCases()
+{
+    const auto withDummies = [](FaultScene &scene) {
+        scene.host.camera(1)->state().isDummy = true;
+        scene.host.camera(2)->state().isDummy = true;
+    };
+    return {{"getAddDeviceDialogSettings()", {}, withDummies},
+            {"ok(QString,QString,bool)", {"Left", "192.168.0.20", false}, {}},
+            {"ok(QString,QString,bool)", {"Left", "999.999.999.3", true}, withDummies}};
+}
+
 QVector<SlotCase> cameraNameCases()
 {
     const auto withFile = [](FaultScene &scene) {
@@ -42,6 +55,16 @@ QVector<SlotCase> cameraNameCases()
 QVector<PageClass> devicePageClasses()
 {
     return {
+        {&JS_Mediator_AddDeviceDialog::staticMetaObject,
+         [](StandInHost &host) -> QObject * {
+             return new JS_Mediator_AddDeviceDialog(&host, true);
+         },
+         addDeviceCases()},
+        {&GUI_AddDeviceDialog::staticMetaObject,
+         [](StandInHost &host) -> QObject * {
+             return new GUI_AddDeviceDialog(&host, true, nullptr);
+         },
+         {}},
         {&JS_Mediator_AutoCameraName::staticMetaObject,
          [](StandInHost &host) -> QObject * {
              return new JS_Mediator_AutoCameraName(&host, "adddeviceAutoCameraName");
