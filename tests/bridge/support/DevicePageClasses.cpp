@@ -1,5 +1,6 @@
 #include "device/edit/GUI_AddDeviceDialog.h"
 #include "device/edit/JS_Mediator_AddDeviceDialog.h"
+#include "device/edit/JS_Mediator_EditDeviceDialog.h"
 #include "device/names/JS_Mediator_AutoCameraName.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
@@ -70,6 +71,16 @@ QVector<PageClass> devicePageClasses()
              return new JS_Mediator_AutoCameraName(&host, "adddeviceAutoCameraName");
          },
          cameraNameCases()},
+        {&JS_Mediator_EditDeviceDialog::staticMetaObject,
+         [](StandInHost &host) -> QObject * {
+             return new JS_Mediator_EditDeviceDialog(&host, "editdevice");
+         },
+         {{"getEditDeviceDialogSettings()",
+           {},
+           [](FaultScene &scene) {
+               scene.host.camera(1)->state().headCount = 2;
+               scene.host.camera(2)->state().headCount = 2;
+           }}}},
         {&JS_Mediator_SelectBox::staticMetaObject,
          makeLiveSelectBox,
          {{"slotNotifyPartition(QString)", {"1"}, {}},
