@@ -5,6 +5,7 @@
 #include "bridge/operation/DialogRun.h"
 #include "device/discovery/GUI_CameraNetworkSettingDialog.h"
 #include "device/discovery/GUI_DiscoverySearchDialog.h"
+#include "device/edit/GUI_AddDeviceDialog.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
 #include "plugin/PLG_Common.h"
@@ -215,6 +216,18 @@ template <class Dialog> Cycle formatCycle(const QString &way)
     };
 }
 
+// Its page asks for the defaults and the names, of mediators of its own each.
+Cycle addDeviceCycle(const QString &way)
+{
+    return [way](StandInHost &host) {
+        GUI_AddDeviceDialog dialog(&host, true, nullptr);
+        execAndClose(dialog, way.isEmpty() ? way : "adddevice" + way,
+                     QStringLiteral("adddevice.rejected.connect(function () {});"
+                                    "adddevice.getAddDeviceDialogSettings();"
+                                    "adddeviceAutoCameraName.autoCompleteCameraList()"));
+    };
+}
+
 // On a camera that has records, which an end without acceptance may write back.
 Cycle customInfoCycle(const QString &way)
 {
@@ -397,6 +410,8 @@ void TestDialogGrowth::nothingGrowsByOneKindOfDialog_data()
     for (const char *way : {".accept()", ".reject()", ""}) {
         const QString object = QStringLiteral("addnumberdialog");
         const QString end = *way ? object + way : QString();
+        QTest::addRow("a new camera, %s", *way ? way + 1 : "closed by its frame")
+            << addDeviceCycle(QLatin1String(way));
         QTest::addRow("digits of a number, %s", *way ? way + 1 : "closed by its frame")
             << Cycle([object, end](StandInHost &host) {
                    GUI_AddNumberDialog dialog(&host, nullptr, 2, 2, 1);
