@@ -5,17 +5,31 @@
 #include "standin/network/SearchText.h"
 
 #include <QProgressDialog>
+#include <QSet>
 
 namespace {
+
 constexpr int ShortSearch = 300; // milliseconds; it shows no progress
+
+// "Camera" and the lowest number that no camera's name is made of.
+QString freeName(const QList<StandInCamera *> &cameras)
+{
+    QSet<QString> taken;
+    for (const StandInCamera *camera : cameras)
+        taken.insert(camera->name());
+    for (int number = 1;; ++number) {
+        const QString name = QStringLiteral("Camera %1").arg(number);
+        if (!taken.contains(name))
+            return name;
+    }
+}
+
 }
 
 QString StandInHost::defaultCameraName()
 {
     asked("defaultCameraName");
-    return m_state.defaultCameraName.isEmpty()
-               ? QStringLiteral("Camera %1").arg(cameras().size() + 1)
-               : m_state.defaultCameraName;
+    return m_state.defaultCameraName.isEmpty() ? freeName(cameras()) : m_state.defaultCameraName;
 }
 
 void StandInHost::connectDevices(const QStringList &addresses)

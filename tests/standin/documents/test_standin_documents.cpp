@@ -27,6 +27,8 @@ private slots:
     void liveDocumentsAreConnectedCameras();
     void cameraIsWhatItsDescriptionSays();
     void cameraMakesItsNamesFromItsNumber();
+    void nameThatNoCameraHas_data();
+    void nameThatNoCameraHas();
     void headsOfADevice();
     void partitions();
     void partitionSelection();
@@ -366,6 +368,33 @@ void TestStandInDocuments::cameraMakesItsNamesFromItsNumber()
     QCOMPARE(host.camera(3)->name(), QString("Rear"));
     QCOMPARE(host.camera(3)->ipAddress(), QString("10.0.0.9"));
     QVERIFY(host.camera(3)->isDummy());
+    QCOMPARE(host.defaultCameraName(), QString("Camera 3"));
+    host.closeDocument(1);
+    QCOMPARE(host.defaultCameraName(), QString("Camera 1"));
+}
+
+void TestStandInDocuments::nameThatNoCameraHas_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QString>("free");
+    QTest::newRow("no camera") << QStringList() << "Camera 1";
+    QTest::newRow("in order") << QStringList({"Camera 1", "Camera 2"}) << "Camera 3";
+    QTest::newRow("a gap") << QStringList({"Camera 3", "Camera 1"}) << "Camera 2";
+    QTest::newRow("other names do not count") << QStringList({"Left", "Camera 1"}) << "Camera 2";
+    QTest::newRow("a head twice") << QStringList({"Camera 1", "Camera 1"}) << "Camera 2";
+    QTest::newRow("a longer name") << QStringList({"Camera 10", "Camera 1 "}) << "Camera 1";
+}
+
+void TestStandInDocuments::nameThatNoCameraHas()
+{
+    QFETCH(QStringList, names);
+    StandInHost host;
+    for (const QString &name : names) {
+        StandInCamera::Description description;
+        description.name = name;
+        host.addCamera(description);
+    }
+    QTEST(host.defaultCameraName(), "free");
 }
 
 void TestStandInDocuments::headsOfADevice()
