@@ -3,6 +3,7 @@
 #include "standin/documents/DocumentOwner.h"
 
 #include <algorithm>
+#include <type_traits>
 
 template <class Contract> void StandInDocumentCamera<Contract>::fullImageSize(int *w, int *h)
 {
@@ -211,7 +212,13 @@ template <class Contract> EditDeviceData StandInDocumentCamera<Contract>::editDe
 template <class Contract> void StandInDocumentCamera<Contract>::setCameraName(const QString &name)
 {
     this->told("setCameraName", name);
-    this->state().cameraName = name;
+    DocumentState &state = this->state();
+    state.cameraName = name;
+    if constexpr (std::is_same_v<Contract, DOC_Camera>) { // a recording has the name of its folder
+        state.documentName = name;
+        state.displayName = name;
+        state.fallbackName = name;
+    }
     this->notifyInfoChanged();
 }
 

@@ -498,6 +498,10 @@ void TestStandInDocuments::namesAndComment()
     QCOMPARE(camera->documentComment(), QString("two\nlines"));
     camera->setCameraName("Left");
     QCOMPARE(camera->cameraName(), QString("Left"));
+    QCOMPARE(camera->documentName(), QString("Left"));
+    QCOMPARE(camera->displayName(), QString("Left"));
+    QCOMPARE(camera->fallbackName(), QString("Left"));
+    QCOMPARE(host.currentWindowTitle(), QString("Left"));
     camera->setDataName("run");
     QCOMPARE(camera->state().dataName, QString("run"));
     camera->deleteOwnFile();
