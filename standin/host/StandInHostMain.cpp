@@ -7,6 +7,7 @@
 #include "foundation/InfoItems.h"
 #include "foundation/exceptions/APP_Exception.h"
 #include "standin/host/WaitDialog.h"
+#include "standin/settings/HostKeys.h"
 #include "standin/settings/TimeCodeSetting.h"
 
 #include <QCoreApplication>
@@ -376,7 +377,7 @@ bool StandInHost::writeSupportFile(const QString &path, const SupportSnapshot &s
 bool StandInHost::isAutoCameraNameEnabled()
 {
     asked("isAutoCameraNameEnabled");
-    return m_state.isAutoCameraNameEnabled;
+    return m_state.isAutoCameraNameEnabled || setting(HostKeys::completeCameraNames).toBool();
 }
 
 // A tool has the settings that begin with its name.

@@ -30,4 +30,7 @@ struct SaveKeys
 /// The keys of a family.
 const SaveKeys &save(SaveModes::Family family);
 
+/// Whether the names of cameras are completed from the user's file.
+inline const QString completeCameraNames = QStringLiteral("usercustom/completeCameraNames");
+
 }

@@ -253,6 +253,7 @@ void addApplication(Catalogue &catalogue)
 {
     const Keys::ApplicationKeys &keys = Keys::application;
     catalogue.add(keys.cameraNameFilePath, QString());
+    catalogue.add(HostKeys::completeCameraNames, false);
     catalogue.add(keys.connectedCameraOnlyShowing, false);
     catalogue.add(keys.importDir, QString());
     catalogue.add(keys.screenNumber, 0);

@@ -46,6 +46,7 @@ namespace {
 
 const QString Class = QStringLiteral("JS_Mediator_AutoCameraName::");
 const QString Key = QStringLiteral("usercustom/cameraNameFilePath");
+const QString Switch = QStringLiteral("usercustom/completeCameraNames");
 const QString PathRead = QStringLiteral("getPrefString(\"usercustom/cameraNameFilePath\", \"\")");
 
 /// A host whose setting names a file in a folder of its own.
@@ -53,7 +54,7 @@ struct Names
 {
     explicit Names(const QString &file = QStringLiteral("names.csv")) : path(folder.filePath(file))
     {
-        host.state().isAutoCameraNameEnabled = true;
+        host.settings().setValue(Switch, true);
         host.settings().setValue(Key, path);
     }
 
@@ -119,7 +120,7 @@ void TestAutoCameraName::fileIsAskedForWhileNamesAreCompleted()
     QFETCH(bool, there);
     QFETCH(bool, found);
     Names names;
-    names.host.state().isAutoCameraNameEnabled = enabled;
+    names.host.settings().setValue(Switch, enabled);
     if (there)
         names.write("Lab,Left");
     names.host.clearJournal();
@@ -155,7 +156,7 @@ void TestAutoCameraName::namesAreListed()
 void TestAutoCameraName::listDoesNotAskWhetherNamesAreCompleted()
 {
     Names names;
-    names.host.state().isAutoCameraNameEnabled = false;
+    names.host.settings().setValue(Switch, false);
     names.write("Lab,Left");
     LogCapture log;
     QCOMPARE(names.mediator.autoCompleteCameraList(),

@@ -39,6 +39,7 @@ private slots:
     void fullDiskIsTold();
     void failureIsForgottenOnceThereIsRoom();
     void emptyKeyDisturbsNothing();
+    void cameraNamesAreCompletedBySetting();
     void catalogueKnowsEveryKey();
     void defaultOfEveryKey_data();
     void defaultOfEveryKey();
@@ -372,6 +373,16 @@ void TestStandInSettings::emptyKeyDisturbsNothing()
         QCOMPARE(host.getPrefInt(QString(), QVariant()), 0);
     }
     QCOMPARE(StandInHost(file).getPrefInt("info/RecTimeUnit", QVariant()), 2);
+}
+
+void TestStandInSettings::cameraNamesAreCompletedBySetting()
+{
+    StandInHost host;
+    QVERIFY(!host.isAutoCameraNameEnabled());
+    host.setPrefBool("usercustom/completeCameraNames", true);
+    QVERIFY(host.isAutoCameraNameEnabled());
+    host.setPrefBool("usercustom/completeCameraNames", false);
+    QVERIFY(!host.isAutoCameraNameEnabled());
 }
 
 void TestStandInSettings::catalogueKnowsEveryKey()

@@ -45,7 +45,7 @@ QVector<SlotCase> addDeviceCases()
 QVector<SlotCase> cameraNameCases()
 {
     const auto withFile = [](FaultScene &scene) {
-        scene.host.state().isAutoCameraNameEnabled = true;
+        scene.host.settings().setValue("usercustom/completeCameraNames", true);
         scene.host.settings().setValue("usercustom/cameraNameFilePath", "/proc/self/mem");
     };
     return {{"existsAutoCompleteFile()", {}, withFile}, {"autoCompleteCameraList()", {}, withFile}};
