@@ -4,6 +4,9 @@
 #include "contract/DOC_Interface.h"
 #include "device/discovery/GUI_CameraNetworkSettingDialog.h"
 #include "device/discovery/GUI_DiscoverySearchDialog.h"
+#include "device/edit/GUI_AddDeviceDialog.h"
+#include "device/edit/JS_Mediator_EditDeviceDialog.h"
+#include "device/names/JS_Mediator_AutoCameraName.h"
 #include "foundation/Clock.h"
 #include "foundation/SaveModes.h"
 #include "record/comment/GUI_CommentDialog.h"
@@ -54,6 +57,21 @@ std::unique_ptr<QDialog> makeCustomInfo(StandInHost &host, const PageEntry &, QW
 std::unique_ptr<QDialog> makeTimeCode(StandInHost &host, const PageEntry &, QWidget *parent)
 {
     return std::make_unique<GUI_TimeCodeCustomDialog>(&host, parent);
+}
+
+std::unique_ptr<QDialog> makeAddDevice(StandInHost &host, const PageEntry &, QWidget *parent)
+{
+    return std::make_unique<GUI_AddDeviceDialog>(&host, true, parent);
+}
+
+// Its name field completes as that of a new camera does.
+std::unique_ptr<QDialog> makeEditDevice(StandInHost &host, const PageEntry &page, QWidget *parent)
+{
+    auto *mediator = new JS_Mediator_EditDeviceDialog(&host, page.mediator); // the dialog's
+    auto dialog =
+        std::make_unique<GUI_WebViewDialog>(&host, page.title, page.url, mediator, parent);
+    dialog->addMediator(new JS_Mediator_AutoCameraName(&host, "editdeviceAutoCameraName"));
+    return dialog;
 }
 
 // What is written into files of this type, of the current document as it is now.
@@ -160,6 +178,26 @@ QVector<PageEntry> makePages()
          QSize(430, 250),
          nullptr,
          [](JS_Mediator &commands) { commands.openPrefsEthernetSettings(); }},
+        {"addDevice",
+         Kind::Dialog,
+         "Cameras",
+         "&Add a camera...",
+         {},
+         "Add Device",
+         "qrc:/livecontrol_adddevice.html",
+         "adddevice",
+         {},
+         makeAddDevice},
+        {"editDevice",
+         Kind::Dialog,
+         "Cameras",
+         "E&dit the camera...",
+         {},
+         "Edit Device",
+         "qrc:/editdevice.html",
+         "editdevice",
+         QSize(430, 460),
+         makeEditDevice},
         {"editinfo",
          Kind::Dialog,
          "Information",

@@ -45,12 +45,16 @@ Page.start('preferences', function () {
     var switches = {
         realBitDepth: 'display/DisplayWithRealBitDepth',
         autoDownload: 'recording/AutoDownload',
-        triggerTest: 'recording/useTriggerTest'
+        triggerTest: 'recording/useTriggerTest',
+        completeNames: 'usercustom/completeCameraNames'
     };
     Object.keys(switches).forEach(function (id) {
         onChange(id, function (value) { bridge.setPrefBool(switches[id], value); },
             function () { return bridge.getPrefBool(switches[id]); });
     });
+    var NamesFile = 'usercustom/cameraNameFilePath';
+    onChange('namesFile', function (value) { bridge.setPrefString(NamesFile, value); },
+        function () { return bridge.getPrefString(NamesFile); });
     Page.listen(Page.get('close'), 'click', function () { bridge.accept(); });
 
     return function () {
@@ -68,6 +72,8 @@ Page.start('preferences', function () {
         Object.keys(switches).forEach(function (id) {
             Page.get(id).checked = bridge.getPrefBool(switches[id]);
         });
+        if (document.activeElement !== Page.get('namesFile')) // it may be in the middle of a path
+            Page.get('namesFile').value = bridge.getPrefString(NamesFile);
         Page.get('triggerTest').disabled = !Page.get('autoDownload').checked;
         Page.get('range').textContent = Page.fill('The greatest value is %1 now.',
             bridge.getRangeMax());
