@@ -21,6 +21,8 @@ const QVector<Walks::Walk> &Walks::all()
         {"custominfo-dark", {3, 2, true, false}, customInfo},
         {"discovery", {2, 1, false, false}, discovery},
         {"discovery-dark", {2, 1, true, false}, discovery},
+        {"device-edit", {3, 2, false, false}, deviceEdit},
+        {"device-edit-dark", {3, 2, true, false}, deviceEdit},
         {"save", {3, 2, false, false}, save},
         {"save-dark", {3, 2, true, false}, save},
         {"catalogue", {3, 2, false, false}, catalogue},

@@ -23,6 +23,7 @@ void information(TourStage &stage);     ///< time code, comments, and how values
 void catalogue(TourStage &stage);       ///< each page by keyboard, in the style of the scene
 void discovery(TourStage &stage);       ///< cameras of the network, in the style of the scene
 void customInfo(TourStage &stage);      ///< custom information, in the style of the scene
+void deviceEdit(TourStage &stage);      ///< cameras added, named, edited, in the style of the scene
 void save(TourStage &stage);            ///< where saves go, in the style of the scene
 void cameras(TourStage &stage);         ///< as many cameras as there can be
 void scale(TourStage &stage);           ///< a workbench on a screen that enlarges by 1.5
