@@ -26,6 +26,10 @@ public:
     virtual StandInCamera *camera(DOCKEY key) const = 0; ///< null without such a camera
     virtual int cameraCount() const = 0;
     virtual QList<DOCKEY> selection() const = 0;
+
+    /// Keys of the heads of a camera's device, its own among them; none for what is no camera.
+    virtual QList<DOCKEY> headsOf(DOCKEY key) const = 0;
+
     virtual void select(DOCKEY key, bool selected) = 0;
 
     /// Members of the group that a document stands for or is part of, in the order of the list.

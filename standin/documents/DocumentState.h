@@ -121,7 +121,6 @@ struct DocCameraState
     bool isMobile = false;
     bool isDummy = false;
     QSet<int> capabilities;
-    bool sharesDevice = false;
     EditDeviceData editData;
     QList<PresetInfo> presets;                  ///< in any order
     QSet<int> presetsWithReboot;                ///< numbers of presets that need a reboot

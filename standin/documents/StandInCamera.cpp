@@ -52,7 +52,6 @@ StandInCamera::StandInCamera(DocumentOwner &owner, DOCKEY key, const Description
     own.cameraNumber = description.cameraNumber;
     own.headNumber = description.headNumber;
     own.headCount = description.headCount;
-    own.sharesDevice = description.headCount > 1;
     own.isCameraRecord = true;
     own.partitions = description.partitions;
     own.presets = description.presets;

@@ -250,6 +250,11 @@ int StandInDocument::cameraCountOfOwner() const
     return m_owner.cameraCount();
 }
 
+bool StandInDocument::sharesDeviceHere() const
+{
+    return m_owner.headsOf(m_key).size() > 1;
+}
+
 QList<DOC_Interface *> StandInDocument::groupMembersHere()
 {
     return m_owner.groupMembersOf(this);

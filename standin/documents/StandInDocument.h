@@ -140,6 +140,7 @@ protected:
     bool isSelectedHere() const;
     int selectedCount() const;
     int cameraCountOfOwner() const;
+    bool sharesDeviceHere() const;
     QList<DOC_Interface *> groupMembersHere();
     void setSelectedHere(bool selected);
     void pushSettings();

@@ -200,7 +200,7 @@ template <class Contract> SdCardInfo StandInDocumentCamera<Contract>::sdCardInfo
 template <class Contract> bool StandInDocumentCamera<Contract>::sharesDevice()
 {
     this->asked("sharesDevice");
-    return this->state().sharesDevice;
+    return this->sharesDeviceHere();
 }
 
 template <class Contract> EditDeviceData StandInDocumentCamera<Contract>::editDeviceData()

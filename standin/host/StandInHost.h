@@ -120,6 +120,10 @@ public:
     /// Closes a document without a call in the journal.
     void closeDocument(DOCKEY key) { m_documents.close(key); }
 
+    /// Does what removeDocument() does, for a user interface around the host: a head goes with the
+    /// others of its device.
+    void removeFromList(DOCKEY key);
+
     StandInDocument *document(DOCKEY key) const { return m_documents.document(key); }
     StandInCamera *camera(DOCKEY key) const override { return m_documents.camera(key); }
     QList<StandInDocument *> documents() const { return m_documents.all(); }
@@ -128,10 +132,14 @@ public:
     QList<StandInRecording *> recordings() const { return m_documents.recordings(); }
 
     DOCKEY currentKey() const { return m_documents.currentKey(); }
-    void makeCurrent(DOCKEY key) { m_documents.makeCurrent(key); }
 
+    // Inside an undo macro, a change of what is current or selected is a step of its own.
+
+    void makeCurrent(DOCKEY key);
     QList<DOCKEY> selection() const override { return m_documents.selection(); }
-    void select(DOCKEY key, bool selected) override { m_documents.select(key, selected); }
+    void select(DOCKEY key, bool selected) override;
+
+    QList<DOCKEY> headsOf(DOCKEY key) const override { return m_documents.headsOf(key); }
 
     QList<DOC_Interface *> groupMembersOf(StandInDocument *document) const override
     {
@@ -573,6 +581,7 @@ private:
 
     DOC_Interface *contractOf(DOCKEY key) const;
     template <class Document> Document *addDocument(std::unique_ptr<Document> document);
+    template <class Change> void choose(const Change &change);
 
     CallJournal m_journal;
     StandInEvents m_events;

@@ -1,6 +1,7 @@
 #include "standin/host/StandInHost.h"
 
 #include "bridge/mediator/JS_Mediator.h"
+#include "standin/session/SelectionStep.h"
 
 #include <algorithm>
 
@@ -38,6 +39,33 @@ StandInRecording *StandInHost::openRecording(const QString &folder)
 StandInGroup *StandInHost::addGroup(const QString &name, const QList<StandInDocument *> &members)
 {
     return addDocument(std::make_unique<StandInGroup>(*this, m_documents.nextKey(), name, members));
+}
+
+void StandInHost::removeFromList(DOCKEY key)
+{
+    const QList<DOCKEY> heads = headsOf(key);
+    closeDocument(key);
+    for (DOCKEY head : heads)
+        closeDocument(head);
+}
+
+template <class Change> void StandInHost::choose(const Change &change)
+{
+    const DocumentList::Chosen before = m_documents.chosen();
+    change();
+    const DocumentList::Chosen after = m_documents.chosen();
+    if (openMacros() > 0 && after != before)
+        m_undo.push(new SelectionStep(m_documents, before, after));
+}
+
+void StandInHost::makeCurrent(DOCKEY key)
+{
+    choose([&] { m_documents.makeCurrent(key); });
+}
+
+void StandInHost::select(DOCKEY key, bool selected)
+{
+    choose([&] { m_documents.select(key, selected); });
 }
 
 DOC_Interface *StandInHost::contractOf(DOCKEY key) const
@@ -88,14 +116,14 @@ DOCKEY StandInHost::currentDocKey()
 void StandInHost::removeDocument(DOCKEY key)
 {
     told("removeDocument", key);
-    closeDocument(key);
+    removeFromList(key);
 }
 
 void StandInHost::removeAllDocuments(int number, bool unselectOnly)
 {
     told("removeAllDocuments", number, unselectOnly);
     if (unselectOnly) {
-        m_documents.setSelection({});
+        choose([&] { m_documents.setSelection({}); });
         return;
     }
     for (DOCKEY key : m_documents.keys())
@@ -110,13 +138,13 @@ void StandInHost::selectAllDocs(JS_Mediator *receiver)
         if (document->state().isSelectable)
             keys.append(document->key());
     }
-    m_documents.setSelection(keys);
+    choose([&] { m_documents.setSelection(keys); });
 }
 
 void StandInHost::selectDocs(const QList<DOCKEY> &keys, bool flag)
 {
     told("selectDocs", keys, flag);
-    m_documents.setSelection(keys);
+    choose([&] { m_documents.setSelection(keys); });
 }
 
 void StandInHost::refreshDocumentInfo(bool flag)

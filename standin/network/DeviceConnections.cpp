@@ -278,7 +278,6 @@ void DeviceConnections::takeDevice(StandInCamera &camera, const NetworkDevice &d
     data.modelName = device.model;
     state.deviceName = device.model;
     state.headCount = device.heads;
-    state.sharesDevice = device.heads > 1;
     state.isConnected = true;
     state.isFound = true;
     place(state, device.setting);

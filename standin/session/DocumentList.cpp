@@ -117,6 +117,19 @@ QList<DOCKEY> DocumentList::cameraKeys(bool liveOnly) const
     return keys;
 }
 
+QList<DOCKEY> DocumentList::headsOf(DOCKEY key) const
+{
+    QList<DOCKEY> keys;
+    const StandInCamera *head = camera(key);
+    if (!head)
+        return keys;
+    for (const StandInCamera *other : cameras()) {
+        if (other->state().cameraNumber == head->state().cameraNumber)
+            keys.append(other->key());
+    }
+    return keys;
+}
+
 QList<DOC_Interface *> DocumentList::groupMembersOf(StandInDocument *document) const
 {
     QList<StandInDocument *> members = document->members();
@@ -163,15 +176,35 @@ void DocumentList::select(DOCKEY key, bool selected)
 
 void DocumentList::setSelection(const QList<DOCKEY> &keys)
 {
+    const QList<DOCKEY> wanted = known(keys);
+    if (!wanted.isEmpty())
+        makeCurrent(wanted.last());
+    takeSelection(wanted);
+}
+
+void DocumentList::choose(const Chosen &chosen)
+{
+    makeCurrent(chosen.current);
+    takeSelection(known(chosen.selection));
+}
+
+// Those that are here, each once.
+QList<DOCKEY> DocumentList::known(const QList<DOCKEY> &keys) const
+{
     QList<DOCKEY> known;
+    QSet<DOCKEY> seen;
     for (DOCKEY key : keys) {
-        if (document(key) && !known.contains(key))
+        if (document(key) && !seen.contains(key))
             known.append(key);
+        seen.insert(key);
     }
-    if (!known.isEmpty())
-        makeCurrent(known.last());
-    if (known == m_selection)
+    return known;
+}
+
+void DocumentList::takeSelection(const QList<DOCKEY> &keys)
+{
+    if (keys == m_selection)
         return;
-    m_selection = known;
+    m_selection = keys;
     emit m_events.selectionChanged();
 }

@@ -26,6 +26,19 @@ public:
     DocumentList(const DocumentList &) = delete;
     DocumentList &operator=(const DocumentList &) = delete;
 
+    /// Which documents are selected, in the order of selection, and which is the current one.
+    struct Chosen
+    {
+        QList<DOCKEY> selection;
+        DOCKEY current = NoDocKey;
+
+        bool operator==(const Chosen &other) const
+        {
+            return selection == other.selection && current == other.current;
+        }
+        bool operator!=(const Chosen &other) const { return !(*this == other); }
+    };
+
     /// Key that the next document gets. Keys count from 1, each behind the one added last; a key
     /// that was ever used, and NoDocKey, are passed over.
     DOCKEY nextKey() const;
@@ -35,7 +48,7 @@ public:
     StandInDocument *add(std::unique_ptr<StandInDocument> document);
 
     /// Nothing without such a document. When it was the current one, the document that was selected
-    /// last takes its place, else the first of the list.
+    /// last takes its place, else the first of the list. Groups lose it.
     void close(DOCKEY key);
 
     // In the order of the list. Found in constant time; null without such a document.
@@ -52,6 +65,9 @@ public:
     /// Keys of the cameras, those alone that are connected and real when `liveOnly` is set.
     QList<DOCKEY> cameraKeys(bool liveOnly) const;
 
+    /// Keys of the heads of a camera's device, its own among them; none for what is no camera.
+    QList<DOCKEY> headsOf(DOCKEY key) const;
+
     /// Members of the group that a document stands for or is part of, in the order of the list.
     QList<DOC_Interface *> groupMembersOf(StandInDocument *document) const;
 
@@ -66,8 +82,15 @@ public:
     /// Makes this the selection, and its last document current. Unknown keys are left out.
     void setSelection(const QList<DOCKEY> &keys);
 
+    Chosen chosen() const { return {m_selection, m_currentKey}; }
+
+    /// Brings back what was chosen once, as far as it is still there.
+    void choose(const Chosen &chosen);
+
 private:
     template <class Document> QList<Document *> allOf() const;
+    QList<DOCKEY> known(const QList<DOCKEY> &keys) const;
+    void takeSelection(const QList<DOCKEY> &keys);
 
     StandInEvents &m_events;
     std::vector<std::unique_ptr<StandInDocument>> m_documents;

@@ -49,6 +49,8 @@ private slots:
     void documentThatCannotBeSelectedOpensNoMacro();
     void groupIsSelectedWithIt();
     void membersThatCannotBeSelectedAreLeftOut();
+    void memberCostsAFixedNumberOfCalls_data();
+    void memberCostsAFixedNumberOfCalls();
     void documentIsUnselected();
     void unknownKeyIsPassedOn();
     void groupIsUnselectedWithIt();
@@ -525,6 +527,29 @@ void TestDeviceControl::membersThatCannotBeSelectedAreLeftOut()
     QCOMPARE(control.host.selection(), QList<DOCKEY>({1, 3}));
 }
 
+void TestDeviceControl::memberCostsAFixedNumberOfCalls_data()
+{
+    QTest::addColumn<int>("members");
+    QTest::newRow("2") << 2;
+    QTest::newRow("10") << 10;
+    QTest::newRow("1000") << 1000;
+}
+
+// Each other member is looked for, asked and selected.
+void TestDeviceControl::memberCostsAFixedNumberOfCalls()
+{
+    QFETCH(int, members);
+    Control control;
+    QList<StandInDocument *> cameras;
+    for (int i = 0; i < members; ++i)
+        cameras.append(control.host.addCamera());
+    control.host.addGroup("all", cameras);
+    control.host.clearJournal();
+    control.mediator->selectDoc(1);
+    QCOMPARE(control.host.journal().size(), 12 + 3 * (members - 1));
+    QCOMPARE(control.host.selection().size(), members);
+}
+
 void TestDeviceControl::documentIsUnselected()
 {
     Control control;
@@ -541,11 +566,9 @@ void TestDeviceControl::unknownKeyIsPassedOn()
 {
     Control control;
     control.mediator->unselectDoc("18446744073709551615");
-    QCOMPARE(
-        control.host.journal(),
-        PausedInLiveMode +
-            QStringList({"deviceByKey(-1, true)", "beginUndoMacro(\"\")",
-                         "unselectDoc(-1)", "endUndoMacro()", "resumeLive()"}));
+    QCOMPARE(control.host.journal(),
+             PausedInLiveMode + QStringList({"deviceByKey(-1, true)", "beginUndoMacro(\"\")",
+                                             "unselectDoc(-1)", "endUndoMacro()", "resumeLive()"}));
 }
 
 void TestDeviceControl::groupIsUnselectedWithIt()
