@@ -484,6 +484,9 @@ bool FaultMatrix::isOfAnother(const QStringList &trace) const
 
 void FaultMatrix::checkTrace(const Way &way, const QString &when, const QStringList &lines)
 {
+    // A body of its own for a slot of its base is traced as that of its class.
+    const QString traceNameHere = QLatin1String(m_meta->className()) + QLatin1String("::") +
+                                  QString::fromLatin1(way.slot.name());
     bool first = true;
     for (const QString &line : lines) {
         if (!line.startsWith(QLatin1String("[ENTER]")))
@@ -502,7 +505,7 @@ void FaultMatrix::checkTrace(const Way &way, const QString &when, const QStringL
                                way.slot.enclosingMetaObject()->className()) == 0;
             });
         if (first && own && way.slot.methodType() == QMetaMethod::Slot && !isOfAnother(parts))
-            fits = fits && (name == traceNameOf(way.slot) ||
+            fits = fits && (name == traceNameOf(way.slot) || name == traceNameHere ||
                             parts.last() == QLatin1String("closeEvent")); // it ends a dialog alone
         if (!fits)
             report(way, when, QLatin1String("name: ") + line);
