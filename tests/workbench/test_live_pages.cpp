@@ -5,6 +5,8 @@
 #include "workbench/app/Workbench.h"
 #include "workbench/base/Options.h"
 #include "workbench/pages/LivePages.h"
+#include "workbench/pages/PageCatalogue.h"
+#include "workbench/pages/PageEntry.h"
 #include "workbench/pages/PageFolder.h"
 #include "workbench/pages/PagePanel.h"
 #include "workbench/pages/Pages.h"
@@ -46,8 +48,10 @@ struct Shown
 
     std::unique_ptr<PagePanel> show(const QString &url)
     {
-        auto shown = std::make_unique<PagePanel>(host, QStringLiteral("devicepanel"), url,
-                                                 QStringLiteral("Probe"));
+        PageEntry page = PageCatalogue::page(QStringLiteral("devices"));
+        page.url = url;
+        page.title = QStringLiteral("Probe");
+        auto shown = std::make_unique<PagePanel>(host, page);
         QObject::connect(shown->view(), &QWebView::loadStarted, [this] { ++loads; });
         shown->show();
         return shown;

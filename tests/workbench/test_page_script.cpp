@@ -88,6 +88,7 @@ private slots:
     void choosesSeveralRows_data();
     void choosesSeveralRows();
     void choosesSeveralRowsByTheMouse();
+    void rangeGoesOnWhenRowsComeAnew();
 };
 
 void TestPageScript::init()
@@ -445,6 +446,20 @@ void TestPageScript::choosesSeveralRowsByTheMouse()
     QCOMPARE(clickWith("c", Qt::ControlModifier), QString("b,d"));
     QCOMPARE(clickWith("e", Qt::NoModifier), QString("e"));
     QCOMPARE(read(rows.view(), "changes").toInt(), 4);
+}
+
+void TestPageScript::rangeGoesOnWhenRowsComeAnew()
+{
+    Rows rows;
+    QVERIFY(rows.open("fillSeveral()"));
+    read(rows.view(), "several.focus()");
+    QVERIFY(press(rows.view(), Qt::Key_Down) && press(rows.view(), Qt::Key_Space));
+    read(rows.view(), "fillSeveral()");
+    QVERIFY(press(rows.view(), Qt::Key_Down) && press(rows.view(), Qt::Key_Down));
+    QVERIFY(press(rows.view(), Qt::Key_Space, Qt::ShiftModifier));
+    QCOMPARE(read(rows.view(), "several.chosen().map(function (row) { return row.id; }).join()")
+                 .toString(),
+             QString("b,c,d"));
 }
 
 int main(int argc, char **argv)

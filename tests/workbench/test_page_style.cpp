@@ -3,6 +3,7 @@
 #include "foundation/Keys.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
+#include "workbench/pages/PageCatalogue.h"
 #include "workbench/pages/PageDialogs.h"
 #include "workbench/pages/PageFont.h"
 #include "workbench/pages/PagePanel.h"
@@ -109,10 +110,8 @@ void TestPageStyle::keepsThinLines()
     host.addCamera();
     host.addCamera();
     PageDialogs dialogs(host);
-    for (const char *page : {"status", "device"}) {
-        const QString name = page;
-        PagePanel panel(host, name + "panel",
-                        name == "device" ? "qrc:/devices.html" : "qrc:/status.html", name);
+    for (const char *page : {"status", "devices"}) {
+        PagePanel panel(host, PageCatalogue::page(page));
         panel.resize(320, 420);
         panel.show();
         QTRY_VERIFY(panel.isLoaded());

@@ -6,6 +6,7 @@
 #include "device/discovery/GUI_DiscoverySearchDialog.h"
 #include "device/edit/GUI_AddDeviceDialog.h"
 #include "device/edit/JS_Mediator_EditDeviceDialog.h"
+#include "device/list/JS_Mediator_DeviceList.h"
 #include "device/names/JS_Mediator_AutoCameraName.h"
 #include "foundation/Clock.h"
 #include "foundation/SaveModes.h"
@@ -114,6 +115,20 @@ std::unique_ptr<QDialog> makeConvertParameters(StandInHost &host, const PageEntr
                                                             host.currentDocKey(), 1);
 }
 
+template <class Mediator>
+std::unique_ptr<JS_Mediator> makePanelMediator(StandInHost &host, const QString &name)
+{
+    return std::make_unique<Mediator>(&host, name);
+}
+
+PageEntry panel(const QString &name, const QString &title, const QString &url,
+                const QString &mediator, PageEntry::MakeMediator make)
+{
+    PageEntry page{name, Kind::Panel, "", "", {}, title, url, mediator, {}};
+    page.makeMediator = make;
+    return page;
+}
+
 PageEntry save(const QString &mediator, const QString &entry, const QKeySequence &shortcut,
                const QString &title)
 {
@@ -141,7 +156,8 @@ QVector<PageEntry> makePages()
 {
     return {
         {"views", Kind::Panel, "", "", {}, "Views", "qrc:/viewarea.html", "viewareapage", {}},
-        {"devices", Kind::Panel, "", "", {}, "Devices", "qrc:/devices.html", "devicepanel", {}},
+        panel("devices", "Devices", "qrc:/devices.html", "devicepanel",
+              makePanelMediator<JS_Mediator_DeviceList>),
         {"status", Kind::Panel, "", "", {}, "Status", "qrc:/status.html", "statuspanel", {}},
         {"partitions", Kind::List, "", "", {}, "Partitions", "qrc:/selectbox.html", "items", {}},
         {"prefs", Kind::Dialog, "Edit", "&Preferences...", QKeySequence("Ctrl+,"), "Preferences",

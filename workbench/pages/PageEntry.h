@@ -25,6 +25,7 @@ struct PageEntry
     using Make = std::unique_ptr<QDialog> (*)(StandInHost &host, const PageEntry &page,
                                               QWidget *parent);
     using Command = void (*)(JS_Mediator &commands);
+    using MakeMediator = std::unique_ptr<JS_Mediator> (*)(StandInHost &host, const QString &name);
 
     QString name; ///< of the page and of its menu entry, for tests and the log
     Kind kind = Kind::Dialog;
@@ -42,4 +43,7 @@ struct PageEntry
 
     /// The command of the host that opens it from the menu; null: it is made and run as it is.
     Command command = nullptr;
+
+    /// Makes the mediator of a panel; null: a JS_Mediator_Page.
+    MakeMediator makeMediator = nullptr;
 };

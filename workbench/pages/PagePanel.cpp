@@ -11,13 +11,24 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
-PagePanel::PagePanel(StandInHost &host, const QString &name, const QString &url,
+namespace {
+
+std::unique_ptr<JS_Mediator> makeMediator(StandInHost &host, const PageEntry &page)
+{
+    if (page.makeMediator)
+        return page.makeMediator(host, page.mediator);
+    return std::make_unique<JS_Mediator_Page>(&host, page.mediator);
+}
+
+}
+
+PagePanel::PagePanel(StandInHost &host, std::unique_ptr<JS_Mediator> mediator, const QString &url,
                      const QString &title, QWidget *parent)
     : QWidget(parent), m_host(host), m_view(new GUI_WebView(&host, this)),
-      m_mediator(std::make_unique<JS_Mediator_Page>(&host, name))
+      m_mediator(std::move(mediator))
 {
     Pages::registerResources();
-    m_view->setObjectName(name + QStringLiteral("View"));
+    m_view->setObjectName(m_mediator->pageName() + QStringLiteral("View"));
     m_view->setAccessibleName(title);
     setFocusProxy(m_view);
     auto *layout = new QVBoxLayout(this);
@@ -29,8 +40,14 @@ PagePanel::PagePanel(StandInHost &host, const QString &name, const QString &url,
     m_view->load(QUrl(url));
 }
 
+PagePanel::PagePanel(StandInHost &host, const QString &name, const QString &url,
+                     const QString &title, QWidget *parent)
+    : PagePanel(host, std::make_unique<JS_Mediator_Page>(&host, name), url, title, parent)
+{
+}
+
 PagePanel::PagePanel(StandInHost &host, const PageEntry &page, QWidget *parent)
-    : PagePanel(host, page.mediator, page.url, page.title, parent)
+    : PagePanel(host, makeMediator(host, page), page.url, page.title, parent)
 {
 }
 

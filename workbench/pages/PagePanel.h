@@ -5,7 +5,7 @@
 #include <memory>
 
 class GUI_WebView;
-class JS_Mediator_Page;
+class JS_Mediator;
 class StandInHost;
 struct PageEntry;
 
@@ -25,7 +25,7 @@ public:
     ~PagePanel() override;
 
     GUI_WebView *view() const { return m_view; }
-    JS_Mediator_Page *mediator() const { return m_mediator.get(); }
+    JS_Mediator *mediator() const { return m_mediator.get(); }
 
     /// Whether the page has loaded, and so can be asked and clicked.
     bool isLoaded() const { return m_loaded; }
@@ -36,10 +36,13 @@ public:
     QSize sizeHint() const override;
 
 private:
+    PagePanel(StandInHost &host, std::unique_ptr<JS_Mediator> mediator, const QString &url,
+              const QString &title, QWidget *parent);
+
     void tellOpen(bool loaded);
 
     StandInHost &m_host;
     GUI_WebView *m_view; ///< child
-    std::unique_ptr<JS_Mediator_Page> m_mediator;
+    std::unique_ptr<JS_Mediator> m_mediator;
     bool m_loaded = false;
 };

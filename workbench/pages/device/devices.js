@@ -1,19 +1,64 @@
 'use strict';
 
 Page.start('devicepanel', function () {
-    var list = Page.list(Page.get('devices'), function (row) {
-        Page.bridge.setSelectDoc(row.dataset.key);
-    });
+    var rows = Page.get('devices');
+    var list = Page.multiList(rows, choose);
     var onlyConnected = Page.get('connectedOnly');
     var Marks = [
         ['isMissing', 'not found'], ['isDummy', 'dummy'], ['isMobile', 'mobile'],
-        ['isWireless', 'wireless'], ['isConnected', 'wireless on'], ['isLinkSpeed', 'link speed'],
+        ['isMultiHead', 'several heads'], ['isWireless', 'wireless'],
+        ['isConnected', 'wireless on'], ['isLinkSpeed', 'link speed'],
         ['isShutdown', 'can be shut down']
     ];
     // The values are class names as they stand.
     var Classes = ['selected', 'found', 'mobile', 'dummy', 'shutdown', 'sup-wifi', 'con-wifi',
         'sup-linkspeed'];
+    var Delete = 46;
     var drawn = '';
+    var heads = new Map(); // whether a key is that of one of several heads
+
+    // Asked once a device, since each question stands in the log.
+    function hasHeads(key) {
+        if (!heads.has(key))
+            heads.set(key, Page.bridge.isMultiHead(key));
+        return heads.get(key);
+    }
+
+    function isSelected(row) {
+        return row.classList.contains('ui-selected');
+    }
+
+    function selected() {
+        return Array.from(rows.children).filter(isSelected);
+    }
+
+    // A row alone, or the rows that have come and gone; the one that the user is on becomes the
+    // current one.
+    function choose(event) {
+        var chosen = list.chosen();
+        if (chosen.length === 1 && !event.ctrlKey && !event.shiftKey) {
+            Page.bridge.setSelectDoc(chosen[0].dataset.key);
+        } else {
+            selected().forEach(function (row) {
+                if (chosen.indexOf(row) < 0)
+                    Page.bridge.unselectDoc(row.dataset.key);
+            });
+            var here = document.activeElement;
+            chosen.filter(function (row) { return row !== here; }).concat(
+                chosen.filter(function (row) { return row === here; })).forEach(function (row) {
+                if (!isSelected(row))
+                    Page.bridge.selectDoc(row.dataset.key);
+            });
+            Page.bridge.updateUI();
+        }
+        draw(true);
+    }
+
+    function remove(keys) {
+        keys.forEach(function (key) { Page.bridge.deleteDoc(key); });
+        Page.bridge.updateUI();
+        draw(false);
+    }
 
     function makeRow(device) {
         var row = Page.make('li', 'device', '');
@@ -23,6 +68,8 @@ Page.start('devicepanel', function () {
             if (device[name] !== '')
                 row.classList.add(device[name]);
         });
+        if (hasHeads(device.key))
+            row.classList.add('multihead');
         list.mark(row, device.selected !== '');
         row.appendChild(Page.make('div', 'name', device.cameraname));
         row.appendChild(Page.make('div', 'about', device.devicename + ', ' + device.ipaddress +
@@ -35,8 +82,55 @@ Page.start('devicepanel', function () {
         return row;
     }
 
+    // `anew`: also where the devices are as they were, since the user has marked rows.
+    function draw(anew) {
+        var texts = Array.from(Page.bridge.getDeviceInfoList(true));
+        var filtered = Page.bridge.getConnectedCameraShowing();
+        onlyConnected.checked = filtered;
+        if (anew || texts.join() !== drawn) {
+            drawn = texts.join();
+            list.fill(texts.map(function (text) { return makeRow(JSON.parse(text)); }));
+        }
+        ['selectAll', 'removeAll'].forEach(function (id) {
+            Page.get(id).disabled = texts.length === 0;
+        });
+        ['selectNone', 'remove'].forEach(function (id) {
+            Page.get(id).disabled = selected().length === 0;
+        });
+        var hidden = filtered && Page.bridge.isLiveMode() &&
+            Page.bridge.getDeviceInfoList(false).length > 0;
+        Page.tell('state', 'empty', texts.length > 0 ? '' : Page.translate(hidden ?
+            'No camera is connected. The others are hidden.' :
+            'There is no camera. Cameras, Add camera brings one.'));
+    }
+
     Page.listen(Page.get('selectAll'), 'click', function () {
         Page.bridge.selectAllDocs();
+    });
+    Page.listen(Page.get('selectNone'), 'click', function () {
+        Page.bridge.deleteAllDocs(true);
+        Page.bridge.updateUI();
+    });
+    Page.listen(Page.get('add'), 'click', function () {
+        Page.bridge.addDoc();
+        Page.bridge.updateUI();
+    });
+    Page.listen(Page.get('remove'), 'click', function () {
+        remove(selected().map(function (row) { return row.dataset.key; }));
+    });
+    Page.listen(Page.get('removeAll'), 'click', function () {
+        if (!Page.bridge.confirm(Page.translate(
+                'Do you want to remove all cameras and recordings from the list?')))
+            return;
+        Page.bridge.deleteAllDocs();
+        Page.bridge.updateUI();
+    });
+    Page.listen(rows, 'keydown', function (event) {
+        var row = event.target;
+        if (event.keyCode !== Delete || row.parentNode !== rows)
+            return;
+        event.preventDefault();
+        remove([row.dataset.key]);
     });
     Page.listen(onlyConnected, 'change', function () {
         var wanted = onlyConnected.checked;
@@ -46,19 +140,5 @@ Page.start('devicepanel', function () {
             Page.tellStored('state', false);
     });
 
-    return function () {
-        var texts = Array.from(Page.bridge.getDeviceInfoList(true));
-        var filtered = Page.bridge.getConnectedCameraShowing();
-        onlyConnected.checked = filtered;
-        Page.get('selectAll').disabled = texts.length === 0;
-        if (texts.join() !== drawn) {
-            drawn = texts.join();
-            list.fill(texts.map(function (text) { return makeRow(JSON.parse(text)); }));
-        }
-        var hidden = filtered && Page.bridge.isLiveMode() &&
-            Page.bridge.getDeviceInfoList(false).length > 0;
-        Page.tell('state', 'empty', texts.length > 0 ? '' : Page.translate(hidden ?
-            'No camera is connected. The others are hidden.' :
-            'There is no camera. Cameras, Add camera brings one.'));
-    };
+    return function () { draw(false); };
 });

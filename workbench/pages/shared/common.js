@@ -273,7 +273,8 @@ var Page = (function () {
     // A list of which several rows may be chosen. A click, Enter or Space chooses a row alone, with
     // Ctrl it joins or leaves the others, and with Shift all rows are chosen from the last one that
     // was chosen without it; Shift and a key that goes on do the same, and Ctrl+A takes all.
-    // `changed` is called when the user has chosen.
+    // `changed` is called with the event when the user has chosen. Rows that come anew are known by
+    // their ids.
     page.multiList = function (element, changed) {
         var anchor = null;
 
@@ -292,10 +293,15 @@ var Page = (function () {
             rows().forEach(function (row) { list.mark(row, set.has(row)); });
         }
 
+        function isAnchor(row) {
+            return row === anchor || (anchor !== null && row.id !== '' && row.id === anchor.id);
+        }
+
         function choose(row, event) {
             var all = rows();
-            if (event.shiftKey && all.indexOf(anchor) >= 0) {
-                var ends = [all.indexOf(anchor), all.indexOf(row)];
+            var from = all.findIndex(isAnchor);
+            if (event.shiftKey && from >= 0) {
+                var ends = [from, all.indexOf(row)];
                 select(all.slice(Math.min(ends[0], ends[1]), Math.max(ends[0], ends[1]) + 1));
             } else {
                 anchor = row;
@@ -304,7 +310,7 @@ var Page = (function () {
                 else
                     select([row]);
             }
-            changed();
+            changed(event);
         }
 
         var list = page.list(element, choose);
@@ -314,7 +320,7 @@ var Page = (function () {
             var row = document.activeElement; // the list has gone on to it
             if (event.ctrlKey && event.keyCode === 65) {
                 select(rows());
-                changed();
+                changed(event);
                 event.preventDefault();
             } else if (event.shiftKey && event.keyCode >= 33 && event.keyCode <= 40 &&
                     row.parentNode === element) {
