@@ -110,7 +110,7 @@ void TestPageStyle::keepsThinLines()
     host.addCamera();
     host.addCamera();
     PageDialogs dialogs(host);
-    for (const char *page : {"status", "devices"}) {
+    for (const char *page : {"status", "devices", "devicecontrol"}) {
         PagePanel panel(host, PageCatalogue::page(page));
         panel.resize(320, 420);
         panel.show();

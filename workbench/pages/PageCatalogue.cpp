@@ -2,6 +2,7 @@
 
 #include "bridge/mediator/JS_Mediator.h"
 #include "contract/DOC_Interface.h"
+#include "device/control/JS_Mediator_DeviceControl.h"
 #include "device/discovery/GUI_CameraNetworkSettingDialog.h"
 #include "device/discovery/GUI_DiscoverySearchDialog.h"
 #include "device/edit/GUI_AddDeviceDialog.h"
@@ -158,6 +159,8 @@ QVector<PageEntry> makePages()
         {"views", Kind::Panel, "", "", {}, "Views", "qrc:/viewarea.html", "viewareapage", {}},
         panel("devices", "Devices", "qrc:/devices.html", "devicepanel",
               makePanelMediator<JS_Mediator_DeviceList>),
+        panel("devicecontrol", "Selection", "qrc:/devicecontrol.html", "devicecontrol",
+              makePanelMediator<JS_Mediator_DeviceControl>),
         {"status", Kind::Panel, "", "", {}, "Status", "qrc:/status.html", "statuspanel", {}},
         {"partitions", Kind::List, "", "", {}, "Partitions", "qrc:/selectbox.html", "items", {}},
         {"prefs", Kind::Dialog, "Edit", "&Preferences...", QKeySequence("Ctrl+,"), "Preferences",

@@ -19,6 +19,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QMenuBar>
+#include <QTabBar>
 #include <QTest>
 
 #include <algorithm>
@@ -52,7 +53,7 @@ bool TourStage::prepare(const Scene &scene)
 {
     const bool active = QTest::qWaitForWindowActive(&window());
     const QList<PagePanel *> panels = {window().viewPage(), window().statusPanel(),
-                                       window().devicePanel()};
+                                       window().devicePanel(), window().controlPanel()};
     const bool loaded = TourHand::waitFor([&] {
         return std::all_of(panels.begin(), panels.end(),
                            [](const PagePanel *panel) { return panel->isLoaded(); });
@@ -120,6 +121,21 @@ void TourStage::pressAction(const char *name)
 {
     const auto *action = window().findChild<QAction *>(name);
     check(TourHand::click(buttonOf(action)), QStringLiteral("a click on the button %1").arg(name));
+}
+
+void TourStage::raisePanel(const QString &title)
+{
+    for (QTabBar *tabs : window().findChildren<QTabBar *>()) {
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (tabs->tabText(i) != title)
+                continue;
+            QTest::mouseClick(tabs, Qt::LeftButton, Qt::NoModifier, tabs->tabRect(i).center());
+            TourHand::settle();
+            check(tabs->currentIndex() == i, "the tab " + title + " is in front");
+            return;
+        }
+    }
+    check(false, "a tab " + title);
 }
 
 void TourStage::pressTool()

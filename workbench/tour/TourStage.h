@@ -70,6 +70,9 @@ public:
     /// Clicks the tool bar's button of an action of the window.
     void pressAction(const char *name);
 
+    /// Clicks the tab of a panel of the window that stands behind another one.
+    void raisePanel(const QString &title);
+
     /// Clicks the button of the lock tool.
     void pressTool();
 

@@ -63,6 +63,8 @@ void lookAt(TourStage &stage, GUI_WebView *page)
 void walkPanel(TourStage &stage, const PageEntry &page)
 {
     auto *view = stage.window().findChild<GUI_WebView *>(page.mediator + "View");
+    if (view && !view->isVisible())
+        stage.raisePanel(page.title);
     stage.check(view && view->isVisible(), "the panel is in view");
     if (!view)
         return;

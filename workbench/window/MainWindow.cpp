@@ -17,6 +17,7 @@
 #include "workbench/views/ToolView.h"
 #include "workbench/views/ViewArea.h"
 #include "workbench/window/CameraPanel.h"
+#include "workbench/window/GroupActions.h"
 #include "workbench/window/NoticeBar.h"
 #include "workbench/window/StatusLine.h"
 #include "workbench/window/ToolBar.h"
@@ -50,6 +51,7 @@ MainWindow::MainWindow(StandInHost &host, LogModel &log)
     makeMenus();
     followHost();
     new ViewActions(m_host, this);
+    new GroupActions(m_host, *m_cameras, this);
     new ToolView(m_host, *m_views, this);
     auto *toolPanel = new ToolPanel(m_host, this);
     addDockWidget(Qt::LeftDockWidgetArea, toolPanel); // where it has room, whatever else is open
@@ -166,6 +168,7 @@ void MainWindow::refresh()
     m_viewPage->refresh();
     m_statusPanel->refresh();
     m_devicePanel->refresh();
+    m_controlPanel->refresh();
     m_hostCalls->collect();
 }
 
@@ -275,17 +278,18 @@ void MainWindow::makeMenus()
     QMenu *edit = menuBar()->addMenu(tr("&Edit"));
     edit->addActions({m_undo, m_redo});
     edit->addSeparator();
-    QMenu *cameras = menuBar()->addMenu(tr("&Cameras"));
-    cameras->addActions({m_addCamera, m_releaseAll, m_unplug});
-    cameras->addSeparator();
-    cameras->addActions({m_nextView, m_previousView});
-    cameras->addSeparator();
+    m_cameras = menuBar()->addMenu(tr("&Cameras"));
+    m_cameras->addActions({m_addCamera, m_releaseAll, m_unplug});
+    m_cameras->addSeparator();
+    m_cameras->addActions({m_nextView, m_previousView});
+    m_cameras->addSeparator();
     QMenu *view = menuBar()->addMenu(tr("&View"));
     view->addActions(m_modes->actions());
     view->addSeparator();
     view->addActions(m_styles->actions());
     view->addSeparator();
-    for (QDockWidget *dock : {m_cameraDock, m_deviceDock, m_statusDock, m_logDock, m_callsDock})
+    for (QDockWidget *dock :
+         {m_cameraDock, m_deviceDock, m_controlDock, m_statusDock, m_logDock, m_callsDock})
         view->addAction(dock->toggleViewAction());
     m_toolMenu = menuBar()->addMenu(tr("&Tools"));
     m_toolMenu->setEnabled(false);
@@ -366,8 +370,12 @@ void MainWindow::makePanels()
     m_hostCalls = new HostCallPanel(m_host, this);
     m_cameraDock = dock("cameraDock", tr("Camera"), m_cameraPanel, Qt::RightDockWidgetArea);
     m_devicePanel = new PagePanel(m_host, PageCatalogue::page("devices"), this);
+    m_controlPanel = new PagePanel(m_host, PageCatalogue::page("devicecontrol"), this);
     m_statusPanel = new PagePanel(m_host, PageCatalogue::page("status"), this);
     m_deviceDock = dock("deviceDock", tr("Devices"), m_devicePanel, Qt::RightDockWidgetArea);
+    m_controlDock = dock("controlDock", tr("Selection"), m_controlPanel, Qt::RightDockWidgetArea);
+    tabifyDockWidget(m_deviceDock, m_controlDock);
+    m_deviceDock->raise();
     m_statusDock = dock("statusDock", tr("Status"), m_statusPanel, Qt::RightDockWidgetArea);
     m_logDock = dock("logDock", tr("Log"), m_logPanel, Qt::BottomDockWidgetArea);
     m_callsDock = dock("callsDock", tr("Host calls"), m_hostCalls, Qt::BottomDockWidgetArea);
@@ -441,5 +449,5 @@ void MainWindow::showLog()
 
 void MainWindow::closeCurrent()
 {
-    m_host.closeDocument(m_host.currentKey());
+    m_host.removeFromList(m_host.currentKey());
 }

@@ -41,6 +41,7 @@ public:
     PagePanel *viewPage() const { return m_viewPage; }
     PagePanel *statusPanel() const { return m_statusPanel; }
     PagePanel *devicePanel() const { return m_devicePanel; }
+    PagePanel *controlPanel() const { return m_controlPanel; }
 
     /// Adds and removes a tool that the host has.
     void addTool(PLG_Interface *tool);
@@ -94,11 +95,14 @@ private:
     PagePanel *m_viewPage = nullptr;
     PagePanel *m_statusPanel = nullptr;
     PagePanel *m_devicePanel = nullptr;
+    PagePanel *m_controlPanel = nullptr;
     QDockWidget *m_cameraDock = nullptr;
     QDockWidget *m_logDock = nullptr;
     QDockWidget *m_callsDock = nullptr;
     QDockWidget *m_statusDock = nullptr;
     QDockWidget *m_deviceDock = nullptr;
+    QDockWidget *m_controlDock = nullptr;
+    QMenu *m_cameras = nullptr;
     QMenu *m_toolMenu = nullptr;
 
     QAction *m_openFolder = nullptr;
