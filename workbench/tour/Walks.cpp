@@ -25,6 +25,8 @@ const QVector<Walks::Walk> &Walks::all()
         {"device-edit-dark", {3, 2, true, false}, deviceEdit},
         {"save", {3, 2, false, false}, save},
         {"save-dark", {3, 2, true, false}, save},
+        {"devicelist", {3, 1, false, false}, deviceList},
+        {"devicelist-dark", {3, 1, true, false}, deviceList},
         {"catalogue", {3, 2, false, false}, catalogue},
         {"catalogue-dark", {3, 2, true, false}, catalogue},
         {"cameras", {16, 1, false, false}, cameras},

@@ -24,6 +24,7 @@ void catalogue(TourStage &stage);       ///< each page by keyboard, in the style
 void discovery(TourStage &stage);       ///< cameras of the network, in the style of the scene
 void customInfo(TourStage &stage);      ///< custom information, in the style of the scene
 void deviceEdit(TourStage &stage);      ///< cameras added, named, edited, in the style of the scene
+void deviceList(TourStage &stage);      ///< several devices, heads and groups
 void save(TourStage &stage);            ///< where saves go, in the style of the scene
 void cameras(TourStage &stage);         ///< as many cameras as there can be
 void scale(TourStage &stage);           ///< a workbench on a screen that enlarges by 1.5
