@@ -81,6 +81,9 @@ public:
     /// Changes the document alone, as one undo step; nothing is sent.
     virtual void editSettings(StandInCamera &camera, const CameraSettings &settings) = 0;
 
+    /// Chooses a preset of a camera's device.
+    virtual void applyPreset(StandInCamera &camera, int number) = 0;
+
     // The network.
 
     /// Gives a camera another setting for an Ethernet type. Throws a DOC_Exception with the reason,

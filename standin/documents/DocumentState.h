@@ -1,6 +1,7 @@
 #pragma once
 
 #include "contract/HostTypes.h"
+#include "standin/documents/CameraSettings.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -124,7 +125,9 @@ struct DocCameraState
     EditDeviceData editData;
     QList<PresetInfo> presets;                  ///< in any order
     QSet<int> presetsWithReboot;                ///< numbers of presets that need a reboot
+    QHash<int, CameraSettings> presetSettings;  ///< by number; a preset without any changes nothing
     int appliedPreset = 0;                      ///< 0: none
+    int waitingPreset = 0;                      ///< that a restart brings, 0: none
     QHash<int, NetworkSetting> networkSettings; ///< by ether type
     int cameraRefreshes = 0;                    ///< how often refreshCamera() was called
 };

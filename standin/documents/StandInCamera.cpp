@@ -55,6 +55,8 @@ StandInCamera::StandInCamera(DocumentOwner &owner, DOCKEY key, const Description
     own.isCameraRecord = true;
     own.partitions = description.partitions;
     own.presets = description.presets;
+    own.presetSettings = description.presetSettings;
+    own.presetsWithReboot = description.presetsWithReboot;
     own.customInfo = description.customInfo;
     own.comment = description.comment;
     own.mediaSlots = description.mediaSlots;
@@ -121,6 +123,11 @@ void StandInCamera::setLockedTogether(bool locked)
 {
     m_locked = locked;
     emit owner().events()->cameraSettingsChanged(key());
+}
+
+void StandInCamera::takePreset(int number)
+{
+    owner().applyPreset(*this, number);
 }
 
 QImage StandInCamera::frame(quint64 number) const

@@ -28,6 +28,8 @@ public:
         QRect region;             ///< on the sensor; null: 640x480 in its middle
         QList<StandInPartition> partitions{{1, QStringLiteral("Partition1"), 0, 0}};
         QList<PresetInfo> presets;
+        QHash<int, CameraSettings> presetSettings; ///< by the preset's number
+        QSet<int> presetsWithReboot;               ///< that act when the camera is restarted
         QVariantList customInfo;
         QString comment;
         QList<StandInSlot> mediaSlots;
@@ -69,6 +71,8 @@ public:
     /// Whether it is locked together with other cameras.
     bool isLockedTogether() const override { return m_locked; }
     void setLockedTogether(bool locked);
+
+    void takePreset(int number) override;
 
     QImage frame(quint64 number) const override; ///< of the current partition
     QImage partitionFrame(quint64 number, int partitionNo) const override;

@@ -82,6 +82,9 @@ public:
     /// Sends the document's settings to its device.
     virtual void sendSettings() {}
 
+    /// Chooses a preset of the device.
+    virtual void takePreset(int number) { m_state.appliedPreset = number; }
+
     /// Whether the device is locked together with others.
     virtual bool isLockedTogether() const { return false; }
 

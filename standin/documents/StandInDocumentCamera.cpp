@@ -30,9 +30,7 @@ template <class Contract> int StandInDocumentCamera<Contract>::scaleDivider()
 template <class Contract> void StandInDocumentCamera<Contract>::applyPreset(int number)
 {
     this->told("applyPreset", number);
-    this->state().appliedPreset = number;
-    for (PresetInfo &preset : this->state().presets)
-        preset.selected = preset.number == number;
+    this->takePreset(number);
 }
 
 template <class Contract> int StandInDocumentCamera<Contract>::cameraNumber()

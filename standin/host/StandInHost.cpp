@@ -2,8 +2,8 @@
 
 StandInHost::StandInHost()
     : m_settings(std::make_unique<StandInSettings>()), m_undo(m_events), m_documents(m_events),
-      m_lock(*this, m_documents, m_undo), m_readOut(*this, m_documents, m_events),
-      m_tools(*this, m_events, m_readOut),
+      m_lock(*this, m_documents, m_undo), m_presets(m_documents, m_lock),
+      m_readOut(*this, m_documents, m_events), m_tools(*this, m_events, m_readOut),
       m_connections(m_network, m_documents, m_events,
                     [this](const StandInCamera::Description &camera) { return addCamera(camera); }),
       m_messages(m_events), m_prefsDialog(*this)
@@ -13,6 +13,12 @@ StandInHost::StandInHost()
     m_journal.setListener([this](const QString &line) { emit m_events.callJournalled(line); });
     m_tools.setForgetListener(
         [this](PLG_Interface *plugin) { m_state.embeddedWidgets.remove(plugin); });
+    QObject::connect(&m_events, &StandInEvents::cameraSettingsChanged, [this](DOCKEY key) {
+        if (const StandInCamera *changed = camera(key))
+            m_settingsCopies.take(*changed);
+    });
+    QObject::connect(&m_events, &StandInEvents::documentClosed,
+                     [this](DOCKEY key) { m_settingsCopies.drop(key); });
     m_appScriptObject.setObjectName(QStringLiteral("app"));
     m_mainScriptObject.setObjectName(QStringLiteral("main"));
 }

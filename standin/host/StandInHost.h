@@ -17,6 +17,8 @@
 #include "standin/network/DeviceConnections.h"
 #include "standin/saving/SavePlan.h"
 #include "standin/session/CameraLock.h"
+#include "standin/session/CameraPresets.h"
+#include "standin/session/CameraSettingsCopies.h"
 #include "standin/session/DocumentList.h"
 #include "standin/session/UndoHistory.h"
 #include "standin/settings/StandInSettings.h"
@@ -157,7 +159,15 @@ public:
     {
         m_lock.editSettings(camera, settings);
     }
+    void applyPreset(StandInCamera &camera, int number) override
+    {
+        m_presets.apply(camera, number);
+    }
     bool isLockOn() const { return m_lock.isOn(); }
+
+    /// Restarts the device of a camera, as its user does: a preset that waited for this acts.
+    /// Nothing for a key that is no camera's.
+    void restartCamera(DOCKEY key);
 
     // The network; see CameraNetwork and DeviceConnections.
 
@@ -594,6 +604,8 @@ private:
     DocumentList m_documents;
     QMutex m_documentsMutex;
     CameraLock m_lock;
+    CameraPresets m_presets;
+    CameraSettingsCopies m_settingsCopies;
     ReadOut m_readOut;
     ToolTable m_tools;
     CameraNetwork m_network;

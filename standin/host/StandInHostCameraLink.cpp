@@ -1,14 +1,17 @@
 #include "standin/host/StandInHost.h"
 
 #include "foundation/Keys.h"
+#include "foundation/exceptions/DOC_FileException.h"
 #include "standin/network/NetworkSearch.h"
 #include "standin/network/SearchText.h"
+#include "standin/session/CameraSettingsFile.h"
 
 #include <QProgressDialog>
 #include <QSet>
 
 namespace {
 
+constexpr uint NoSettings = 3;
 constexpr int ShortSearch = 300; // milliseconds; it shows no progress
 
 // "Camera" and the lowest number that no camera's name is made of.
@@ -24,6 +27,12 @@ QString freeName(const QList<StandInCamera *> &cameras)
     }
 }
 
+}
+
+void StandInHost::restartCamera(DOCKEY key)
+{
+    if (StandInCamera *restarted = camera(key))
+        m_presets.restart(*restarted);
 }
 
 QString StandInHost::defaultCameraName()
@@ -156,11 +165,33 @@ bool StandInHost::isCurrentOtherThanAutoFocus(bool flag)
 void StandInHost::saveCameraSettings(const QString &path, const QList<DOCKEY> &keys)
 {
     told("saveCameraSettings", path, keys);
+    const QVector<CameraSettingsRecord> records = m_settingsCopies.of(keys);
+    if (!records.isEmpty())
+        CameraSettingsFile::write(path, records);
 }
 
 void StandInHost::loadCameraSettings(const QString &path, const QList<DOCKEY> &keys)
 {
     told("loadCameraSettings", path, keys);
+    QList<StandInCamera *> targets;
+    for (DOCKEY key : keys) {
+        if (StandInCamera *target = camera(key))
+            targets.append(target);
+    }
+    if (targets.isEmpty())
+        return;
+    const QVector<CameraSettingsRecord> records = CameraSettingsFile::read(path);
+    CameraSettingsByKey wanted;
+    for (const CameraSettingsRecord &record : records) {
+        for (const StandInCamera *target : qAsConst(targets)) {
+            if (record.isOf(*target))
+                wanted.insert(target->key(), record.appliedTo(target->settings()));
+        }
+    }
+    if (wanted.isEmpty())
+        throw DOC_FileException(QStringLiteral("The file has no settings of these cameras."), path,
+                                NoSettings);
+    m_lock.setAll(wanted, QStringLiteral("Settings of a file"));
 }
 
 void StandInHost::selectCameraPartition(int partitionNo, bool flag)

@@ -26,6 +26,7 @@ StandInCamera *StandInHost::addCamera(const StandInCamera::Description &descript
     StandInCamera *added = addDocument(std::move(camera));
     m_readOut.addCamera(*added);
     m_connections.adopt(*added);
+    m_settingsCopies.take(*added);
     return added;
 }
 

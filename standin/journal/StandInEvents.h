@@ -13,7 +13,8 @@ class StandInEvents : public QObject
     Q_OBJECT
 
 signals:
-    void documentsChanged(); ///< the list of documents, or their order
+    void documentsChanged();         ///< the list of documents, or their order
+    void documentClosed(DOCKEY key); ///< its key names nothing any more
     void currentDocumentChanged(DOCKEY key);
     void selectionChanged();
     void modeChanged(int mode); ///< 0 live, 1 memory, 2 file

@@ -73,6 +73,16 @@ void CameraLock::editSettings(StandInCamera &camera, const CameraSettings &setti
          QStringLiteral("Settings of %1").arg(camera.name()), false);
 }
 
+void CameraLock::setAll(const CameraSettingsByKey &wanted, const QString &text)
+{
+    CameraSettingsByKey possible;
+    for (auto entry = wanted.cbegin(); entry != wanted.cend(); ++entry) {
+        if (const StandInCamera *camera = m_documents.camera(entry.key()))
+            possible.insert(entry.key(), clampedSettings(entry.value(), camera->limits()));
+    }
+    push(possible, text, true);
+}
+
 void CameraLock::push(const CameraSettingsByKey &wanted, const QString &text, bool send)
 {
     QMap<DOCKEY, CameraSettingsStep::Change> changes;

@@ -30,6 +30,10 @@ public:
     /// Changes the document alone; nothing is sent.
     void editSettings(StandInCamera &camera, const CameraSettings &settings);
 
+    /// Sets and sends the settings of these cameras, whether locked or not, as one undo step of
+    /// that name. Cameras that have gone are passed over.
+    void setAll(const CameraSettingsByKey &wanted, const QString &text);
+
     /// Sends the settings of the current camera, and while it is locked to all locked ones.
     void resend();
 

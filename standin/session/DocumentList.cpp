@@ -61,6 +61,7 @@ void DocumentList::close(DOCKEY key)
     }
     if (wasSelected)
         emit m_events.selectionChanged();
+    emit m_events.documentClosed(key);
     emit m_events.documentsChanged();
 }
 

@@ -1,9 +1,11 @@
 #include "standin/host/StandInHost.h"
 #include "tests/support/TestLog.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFutureWatcher>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <stdexcept>
@@ -681,6 +683,10 @@ void TestStandInOperations::checkHost(const char *table, const HostCall (&calls)
 
 void TestStandInOperations::hostOperationsLeaveTheirLine()
 {
+    const QTemporaryDir folder; // for those that write
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(folder.path()));
+    const auto back = qScopeGuard([&] { QDir::setCurrent(before); });
     checkHost("HostMain", HostMainCalls);
     checkHost("HostPlugins", HostPluginsCalls);
     checkHost("HostDocuments", HostDocumentsCalls);
