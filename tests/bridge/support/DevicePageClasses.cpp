@@ -1,3 +1,4 @@
+#include "bridge/operation/FileChoice.h"
 #include "device/control/JS_Mediator_DeviceControl.h"
 #include "device/edit/GUI_AddDeviceDialog.h"
 #include "device/edit/JS_Mediator_AddDeviceDialog.h"
@@ -6,8 +7,15 @@
 #include "device/names/JS_Mediator_AutoCameraName.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
+#include "device/settingsfile/GUI_CameraFileDialog.h"
+#include "device/settingsfile/JS_Mediator_CameraSettingsDialog.h"
 #include "plugin/PLG_Common.h"
 #include "tests/bridge/support/FaultMatrix.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QTemporaryDir>
 
 // The classes of device/.
 
@@ -111,10 +119,59 @@ QVector<SlotCase> cameraNameCases()
     return {{"existsAutoCompleteFile()", {}, withFile}, {"autoCompleteCameraList()", {}, withFile}};
 }
 
+/// A folder with a file "a.qcfg" of the settings of the first two cameras.
+const QTemporaryDir &settingsFolder()
+{
+    static const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("a.qcfg")));
+    if (!file.exists() && file.open(QIODevice::WriteOnly))
+        file.write(R"({"format":"qcfg","cameras":[{"serialNumber":"10001"},)"
+                   R"({"serialNumber":"10002"}]})");
+    return folder;
+}
+
+void furnishSettings(FaultScene &scene)
+{
+    StandInSettings &settings = scene.host.settings();
+    settings.setValue(QStringLiteral("qcfg/path"), settingsFolder().path());
+    settings.setValue(QStringLiteral("qcfg/userFileName"), QStringLiteral("a"));
+    settings.setValue(QStringLiteral("qcfg/filenameasoriginal"), true);
+    for (StandInCamera *camera : scene.host.cameras()) {
+        camera->state().presets = {{1, QString(), true}, {2, QString(), false}};
+        camera->state().presetsWithReboot = {1};
+    }
+}
+
+/// The mediator of a dialog for which a file has been chosen.
+QObject *makeCameraSettings(StandInHost &host)
+{
+    auto *mediator =
+        new JS_Mediator_CameraSettingsDialog(&host, JS_Mediator_CameraSettingsDialog::ApplyPresets);
+    FileChoice::setAnswer([](const FileChoice::Question &) {
+        return QStringList(settingsFolder().filePath(QStringLiteral("a.qcfg")));
+    });
+    mediator->openFile();
+    return mediator;
+}
+
+/// The dialog in which a preset has been chosen for each camera.
+QObject *makeCameraFile(StandInHost &host)
+{
+    auto *dialog = new GUI_CameraFileDialog(&host, QFileDialog::AcceptOpen, nullptr);
+    dialog->findChild<QCheckBox *>(QStringLiteral("checkLoadCamera"))->setChecked(true);
+    const auto boxes =
+        dialog->findChild<QWidget *>(QStringLiteral("cameras"))->findChildren<QComboBox *>();
+    for (QComboBox *box : boxes)
+        box->setCurrentIndex(1);
+    return dialog;
+}
+
 }
 
 QVector<PageClass> devicePageClasses()
 {
+    const QString presets =
+        QStringLiteral(R"("presetList":[{"key":"1","value":1},{"key":"2","value":2}]})");
     return {
         {&JS_Mediator_AddDeviceDialog::staticMetaObject,
          [](StandInHost &host) -> QObject * {
@@ -147,6 +204,30 @@ QVector<PageClass> devicePageClasses()
              return new JS_Mediator_DeviceList(&host, QStringLiteral("devicepanel"));
          },
          deviceListCases()},
+        {&JS_Mediator_CameraSettingsDialog::staticMetaObject,
+         makeCameraSettings,
+         {{"getPresetList()", {}, furnishSettings},
+          {"getFileName(bool)",
+           {true},
+           [](FaultScene &scene) {
+               scene.host.settings().setValue(QStringLiteral("qcfg/filenameasoriginal"), false);
+           }},
+          {"sendFileNameDialogData(QString)",
+           {R"({"userFileName":"a","original":true,"addTime":true,"addTimeFormat":"hh"})"},
+           {}},
+          {"ok(QString)", {R"({"dialogMode":0})"}, furnishSettings},
+          {"ok(QString)", {R"({"dialogMode":0})"}, {}}, // nothing to save to
+          {"ok(QString)",
+           {R"({"dialogMode":0})"},
+           [](FaultScene &scene) {
+               furnishSettings(scene);
+               scene.host.setMode(StandInHost::Mode::Memory);
+           }},
+          {"ok(QString)", {R"({"dialogMode":1})"}, furnishSettings},
+          {"ok(QString)", {QStringLiteral(R"({"dialogMode":2,)") + presets}, {}}}},
+        {&GUI_CameraFileDialog::staticMetaObject,
+         makeCameraFile,
+         {{"accept()", {}, furnishSettings}, {"on_ok_clicked()", {}, furnishSettings}}},
         {&JS_Mediator_SelectBox::staticMetaObject,
          makeLiveSelectBox,
          {{"slotNotifyPartition(QString)", {"1"}, {}},
