@@ -1,5 +1,6 @@
 #include "workbench/pages/PageCatalogue.h"
 
+#include "bridge/dialog/GUI_WebViewDialog.h"
 #include "bridge/mediator/JS_Mediator.h"
 #include "contract/DOC_Interface.h"
 #include "device/control/JS_Mediator_DeviceControl.h"
@@ -9,6 +10,7 @@
 #include "device/edit/JS_Mediator_EditDeviceDialog.h"
 #include "device/list/JS_Mediator_DeviceList.h"
 #include "device/names/JS_Mediator_AutoCameraName.h"
+#include "device/settingsfile/JS_Mediator_CameraSettingsDialog.h"
 #include "foundation/Clock.h"
 #include "foundation/SaveModes.h"
 #include "record/comment/GUI_CommentDialog.h"
@@ -130,6 +132,30 @@ PageEntry panel(const QString &name, const QString &title, const QString &url,
     return page;
 }
 
+// What its page does with the settings of the selected cameras.
+template <int Mode>
+std::unique_ptr<QDialog> makeCameraSettings(StandInHost &host, const PageEntry &page,
+                                            QWidget *parent)
+{
+    auto *mediator = new JS_Mediator_CameraSettingsDialog(&host, Mode); // the dialog's
+    return std::make_unique<GUI_WebViewDialog>(&host, page.title, page.url, mediator, parent);
+}
+
+PageEntry cameraSettings(const QString &name, const QString &entry, const QString &title,
+                         PageEntry::Make make)
+{
+    return {name,
+            Kind::Dialog,
+            "Cameras",
+            entry,
+            {},
+            title,
+            "qrc:/camerasettings.html",
+            "camerasettings",
+            QSize(500, 330),
+            make};
+}
+
 PageEntry save(const QString &mediator, const QString &entry, const QKeySequence &shortcut,
                const QString &title)
 {
@@ -217,6 +243,12 @@ QVector<PageEntry> makePages()
          "editdevice",
          QSize(430, 460),
          makeEditDevice},
+        cameraSettings("cameraSettingsSave", "&Save settings...", "Save camera settings",
+                       makeCameraSettings<JS_Mediator_CameraSettingsDialog::SaveFile>),
+        cameraSettings("cameraSettingsLoad", "L&oad settings...", "Load camera settings",
+                       makeCameraSettings<JS_Mediator_CameraSettingsDialog::LoadFile>),
+        cameraSettings("cameraPresets", "Pr&esets...", "Camera presets",
+                       makeCameraSettings<JS_Mediator_CameraSettingsDialog::ApplyPresets>),
         {"editinfo",
          Kind::Dialog,
          "Information",
