@@ -7,6 +7,7 @@
 #include "foundation/exceptions/DOC_ReadFileException.h"
 #include "standin/network/BuiltInNetwork.h"
 #include "standin/network/NetworkFile.h"
+#include "workbench/app/CameraFiles.h"
 #include "workbench/base/Options.h"
 #include "workbench/base/SupportFile.h"
 #include "workbench/log/HostCallPanel.h"
@@ -32,6 +33,26 @@ namespace {
 
 // Frames that each camera of the workbench has in its first partition.
 constexpr uint RecordedFrames = 200;
+
+CameraSettings presetSettings(uint recordRate, uint shutterSpeed, const QRect &region)
+{
+    CameraSettings settings;
+    settings.recordRate = recordRate;
+    settings.shutterSpeed = shutterSpeed;
+    settings.region = region;
+    return settings;
+}
+
+void addPresets(StandInCamera::Description &camera)
+{
+    camera.presets = {{1, QStringLiteral("Fast"), false},
+                      {2, QStringLiteral("Whole sensor"), false},
+                      {3, QStringLiteral("Slow"), false}};
+    camera.presetSettings = {{1, presetSettings(10000, 20000, QRect(384, 384, 256, 256))},
+                             {2, presetSettings(1000, 2000, QRect(0, 0, 1024, 1024))},
+                             {3, presetSettings(100, 200, QRect(192, 272, 640, 480))}};
+    camera.presetsWithReboot = {3};
+}
 
 QString settingsFile(const Options &options)
 {
@@ -69,6 +90,9 @@ Workbench::Workbench(const Options &options)
     });
     connect(m_window.get(), &MainWindow::addCameraRequested, this, &Workbench::addCamera);
     connect(m_window.get(), &MainWindow::openFolderRequested, this, &Workbench::askForFolder);
+    connect(m_window.get(), &MainWindow::cameraFileRequested, this, [this](bool isSaved) {
+        (isSaved ? CameraFiles::save : CameraFiles::open)(m_host.get(), m_window.get());
+    });
     connect(m_window.get(), &MainWindow::loadToolRequested, this, &Workbench::askForTool);
     connect(m_window.get(), &MainWindow::styleChosen, this, &Workbench::setStyle);
     connect(m_window.get(), &MainWindow::pageRequested, this, [this](const PageEntry &page) {
@@ -115,6 +139,7 @@ void Workbench::addCamera()
     StandInCamera::Description camera;
     camera.partitions = {{1, QStringLiteral("Partition 1"), RecordedFrames, 1000},
                          {2, QStringLiteral("Partition 2"), RecordedFrames / 2, 1000}};
+    addPresets(camera);
     m_host->addCamera(camera);
 }
 

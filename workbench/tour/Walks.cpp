@@ -27,6 +27,8 @@ const QVector<Walks::Walk> &Walks::all()
         {"save-dark", {3, 2, true, false}, save},
         {"devicelist", {3, 1, false, false}, deviceList},
         {"devicelist-dark", {3, 1, true, false}, deviceList},
+        {"camerasettings", {2, 1, false, false}, cameraSettings},
+        {"camerasettings-dark", {2, 1, true, false}, cameraSettings},
         {"catalogue", {3, 2, false, false}, catalogue},
         {"catalogue-dark", {3, 2, true, false}, catalogue},
         {"cameras", {16, 1, false, false}, cameras},

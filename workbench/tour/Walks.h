@@ -26,6 +26,7 @@ void customInfo(TourStage &stage);      ///< custom information, in the style of
 void deviceEdit(TourStage &stage);      ///< cameras added, named, edited, in the style of the scene
 void deviceList(TourStage &stage);      ///< several devices, heads and groups
 void save(TourStage &stage);            ///< where saves go, in the style of the scene
+void cameraSettings(TourStage &stage);  ///< settings in files and presets, in the scene's style
 void cameras(TourStage &stage);         ///< as many cameras as there can be
 void scale(TourStage &stage);           ///< a workbench on a screen that enlarges by 1.5
 void scaled(TourStage &stage);          ///< what that one does; a walk for itself alone

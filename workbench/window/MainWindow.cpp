@@ -156,6 +156,8 @@ void MainWindow::refresh()
         camera ? m_host.network().device(camera->serialNumber()) : nullptr;
     m_unplug->setEnabled(device);
     m_unplug->setChecked(device && !device->isPlugged);
+    m_saveCameraFile->setEnabled(!m_host.selection().isEmpty());
+    m_restartCamera->setEnabled(m_host.camera(m_host.currentKey()));
     const bool several = m_views->views().size() > 1;
     m_nextView->setEnabled(several);
     m_previousView->setEnabled(several);
@@ -222,6 +224,15 @@ void MainWindow::makeActions()
         if (const StandInCamera *camera = m_host.camera(m_host.currentKey()))
             m_host.network().setPlugged(camera->serialNumber(), !unplug);
     });
+    m_openCameraFile = makeAction("openCameraFile", tr("Open camera &file..."), {});
+    connect(m_openCameraFile, &QAction::triggered, this,
+            [this] { emit cameraFileRequested(false); });
+    m_saveCameraFile = makeAction("saveCameraFile", tr("Save camera f&ile..."), {});
+    connect(m_saveCameraFile, &QAction::triggered, this,
+            [this] { emit cameraFileRequested(true); });
+    m_restartCamera = makeAction("restartCamera", tr("Res&tart camera"), {});
+    connect(m_restartCamera, &QAction::triggered, this,
+            [this] { m_host.restartCamera(m_host.currentKey()); });
     m_nextView = makeAction("nextView", tr("&Next view"), QKeySequence("Ctrl+PgDown"));
     connect(m_nextView, &QAction::triggered, this, [this] { m_views->stepCurrent(1); });
     m_previousView = makeAction("previousView", tr("&Previous view"), QKeySequence("Ctrl+PgUp"));
@@ -282,6 +293,8 @@ void MainWindow::makeMenus()
     m_cameras->addActions({m_addCamera, m_releaseAll, m_unplug});
     m_cameras->addSeparator();
     m_cameras->addActions({m_nextView, m_previousView});
+    m_cameras->addSeparator();
+    m_cameras->addActions({m_openCameraFile, m_saveCameraFile, m_restartCamera});
     m_cameras->addSeparator();
     QMenu *view = menuBar()->addMenu(tr("&View"));
     view->addActions(m_modes->actions());

@@ -64,6 +64,7 @@ public:
 signals:
     void addCameraRequested();
     void openFolderRequested();
+    void cameraFileRequested(bool isSaved); ///< settings of cameras: from a file, or to one
     void loadToolRequested();
     void styleChosen(const QString &style);
 
@@ -118,6 +119,9 @@ private:
     QAction *m_previousView = nullptr;
     QAction *m_releaseAll = nullptr;
     QAction *m_unplug = nullptr;
+    QAction *m_openCameraFile = nullptr;
+    QAction *m_saveCameraFile = nullptr;
+    QAction *m_restartCamera = nullptr;
     QAction *m_showInformation = nullptr;
     QActionGroup *m_modes = nullptr;
     QActionGroup *m_styles = nullptr;
