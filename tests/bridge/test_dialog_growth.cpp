@@ -8,6 +8,8 @@
 #include "device/edit/GUI_AddDeviceDialog.h"
 #include "device/selectbox/GUI_SelectBox.h"
 #include "device/selectbox/JS_Mediator_SelectBox.h"
+#include "device/settingsfile/GUI_CameraFileDialog.h"
+#include "device/settingsfile/JS_Mediator_CameraSettingsDialog.h"
 #include "plugin/PLG_Common.h"
 #include "record/comment/GUI_CommentDialog.h"
 #include "record/display/GUI_EditInfoDialog.h"
@@ -287,6 +289,42 @@ Cycle convertCycle(const QString &way)
     };
 }
 
+// Its page lists presets, composes the name of a file, and applies a preset.
+Cycle cameraSettingsCycle(const QString &way)
+{
+    return [way](StandInHost &host) {
+        if (host.cameraCount() == 0) {
+            StandInCamera::Description camera;
+            camera.presets = {{1, QString(), false}};
+            host.addCamera(camera);
+        }
+        GUI_WebViewDialog dialog(&host, QStringLiteral("Presets"), Calls,
+                                 new JS_Mediator_CameraSettingsDialog(
+                                     &host, JS_Mediator_CameraSettingsDialog::ApplyPresets),
+                                 nullptr);
+        const QString page = QStringLiteral("camerasettings.");
+        execAndClose(dialog, way.isEmpty() ? way : page + way,
+                     page + "rejected.connect(function () {});" + page + "getPresetList();" + page +
+                         "getFileName(true);" + page + "recvFileNameDialogData()");
+    };
+}
+
+// With the files, the presets, and one of them applied.
+Cycle cameraFileCycle(bool isAccepted)
+{
+    return [isAccepted](StandInHost &host) {
+        if (host.cameraCount() == 0)
+            host.addCamera();
+        GUI_CameraFileDialog dialog(&host, QFileDialog::AcceptOpen, nullptr);
+        dialog.show();
+        dialog.on_checkLoadCamera_change(true);
+        if (isAccepted)
+            dialog.on_ok_clicked();
+        else
+            dialog.on_cancel_clicked();
+    };
+}
+
 class DialogTool : public PLG_Common
 {
 public:
@@ -452,6 +490,12 @@ void TestDialogGrowth::nothingGrowsByOneKindOfDialog_data()
         QTest::addRow("save of a file, %s", end) << fileSaveCycle(QLatin1String(way));
         QTest::addRow("what follows a conversion, %s", end) << convertCycle(QLatin1String(way));
     }
+    QTest::newRow("camera settings, accepted")
+        << cameraSettingsCycle(R"(ok('{"presetList":[{"key":"1","value":1}]}'))");
+    QTest::newRow("camera settings, cancelled") << cameraSettingsCycle("cancel()");
+    QTest::newRow("camera settings, closed by its frame") << cameraSettingsCycle("");
+    QTest::newRow("file of camera settings, accepted") << cameraFileCycle(true);
+    QTest::newRow("file of camera settings, cancelled") << cameraFileCycle(false);
 }
 
 void TestDialogGrowth::nothingGrowsByOneKindOfDialog()
