@@ -220,7 +220,7 @@ void TestEditDevice::addressesAreThoseOfThePresentKind()
     QCOMPARE(shown.host.journal().last(), QString("[2].setNetworkSetting(1, " + Addresses + ")"));
 }
 
-// The page and the camera are the ones that refuse.
+// The page and the camera are the ones that refuse; then the dialog stays.
 void TestEditDevice::textsPassUntested()
 {
     Shown shown;
@@ -230,7 +230,9 @@ void TestEditDevice::textsPassUntested()
              QStringList({"[2].setCameraName(\"a:b\")",
                           "[2].setNetworkSetting(3, {ipAddress: \"x\", subnetMask: \"\", "
                           "defaultGateway: \"1.2.3.4.5\"})"}));
-    QVERIFY(!shown.dialog->isVisible());
+    QCOMPARE(shown.host.handledErrors(),
+             QStringList("\"x\" is not an address of four numbers from 0 to 255."));
+    QVERIFY(shown.dialog->isVisible());
 }
 
 void TestEditDevice::withoutACameraNothingIsSet()

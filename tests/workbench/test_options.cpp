@@ -21,6 +21,9 @@ private slots:
     void keepsTextReadableInBothLooks_data();
     void keepsTextReadableInBothLooks();
     void givesTheLookToTheApplication();
+
+private:
+    QTemporaryDir m_folder;
 };
 
 void TestOptions::startsWithTwoCamerasAndNothingElse()
@@ -75,6 +78,10 @@ void TestOptions::refusesWhatItDoesNotKnow_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("reason");
+    const QString noNetwork = m_folder.filePath("words.txt");
+    QFile words(noNetwork);
+    QVERIFY(words.open(QIODevice::WriteOnly) && words.write("no network") > 0);
+    words.close();
     QTest::newRow("unknown option") << QStringList{"--camera"} << "Unknown option 'camera'.";
     QTest::newRow("no value") << QStringList{"--tour"} << "Missing value after '--tour'.";
     QTest::newRow("empty value") << QStringList{"--tour", ""} << "--tour wants a name.";
@@ -90,14 +97,14 @@ void TestOptions::refusesWhatItDoesNotKnow_data()
         << QStringList{"--pages", "not/there"}
         << "--pages wants a folder that can be read, not 'not/there'.";
     QTest::newRow("file in place of a folder")
-        << QStringList{"--pages", QString::fromLocal8Bit(__FILE__)}
-        << "--pages wants a folder that can be read, not '" __FILE__ "'.";
+        << QStringList{"--pages", noNetwork}
+        << "--pages wants a folder that can be read, not '" + noNetwork + "'.";
     QTest::newRow("network that is not there")
         << QStringList{"--network", "not/there"}
         << "--network cannot read 'not/there': it is no file.";
     QTest::newRow("file that is no network")
-        << QStringList{"--network", QString::fromLocal8Bit(__FILE__)}
-        << "--network cannot read '" __FILE__ "': illegal value.";
+        << QStringList{"--network", noNetwork}
+        << "--network cannot read '" + noNetwork + "': illegal value.";
     QTest::newRow("style") << QStringList{"--style", "blue"}
                            << "--style wants light or dark, not 'blue'.";
 }

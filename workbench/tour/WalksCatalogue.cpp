@@ -63,9 +63,9 @@ void lookAt(TourStage &stage, GUI_WebView *page)
 void walkPanel(TourStage &stage, const PageEntry &page)
 {
     auto *view = stage.window().findChild<GUI_WebView *>(page.mediator + "View");
-    if (view && !view->isVisible())
+    if (view && view->visibleRegion().isEmpty()) // behind the tab of another one
         stage.raisePanel(page.title);
-    stage.check(view && view->isVisible(), "the panel is in view");
+    stage.check(view && !view->visibleRegion().isEmpty(), "the panel is in view");
     if (!view)
         return;
     lookAt(stage, view);

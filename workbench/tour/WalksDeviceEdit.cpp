@@ -66,7 +66,7 @@ void addsADummy(TourStage &stage, const QString &style)
 {
     const int before = stage.host().cameraCount();
     stage.step("dummy-" + style, "A dummy is added with a completed name", [&] {
-        visit(stage, "Add a camera...", "-opened", [&](GUI_WebView *page) {
+        visit(stage, "Add a camera by address...", "-opened", [&](GUI_WebView *page) {
             write(stage, page, "#name", "Left:");
             stage.check(!PageHand::isEnabled(page, "#ok"), "a name with a colon is not taken");
             stage.compare(PageHand::text(page, "#state"),

@@ -12,7 +12,7 @@
 GroupActions::GroupActions(StandInHost &host, QMenu &menu, QObject *parent)
     : QObject(parent), m_host(host),
       m_group(add(menu, "group", tr("&Group selected cameras"), &GroupActions::group)),
-      m_ungroup(add(menu, "ungroup", tr("&Ungroup selected cameras"), &GroupActions::ungroup))
+      m_ungroup(add(menu, "ungroup", tr("Ungr&oup selected cameras"), &GroupActions::ungroup))
 {
     menu.addSeparator();
     const StandInEvents *events = m_host.events();

@@ -230,7 +230,7 @@ void MainWindow::makeActions()
     m_saveCameraFile = makeAction("saveCameraFile", tr("Save camera f&ile..."), {});
     connect(m_saveCameraFile, &QAction::triggered, this,
             [this] { emit cameraFileRequested(true); });
-    m_restartCamera = makeAction("restartCamera", tr("Res&tart camera"), {});
+    m_restartCamera = makeAction("restartCamera", tr("Restart &camera"), {});
     connect(m_restartCamera, &QAction::triggered, this,
             [this] { m_host.restartCamera(m_host.currentKey()); });
     m_nextView = makeAction("nextView", tr("&Next view"), QKeySequence("Ctrl+PgDown"));
