@@ -292,12 +292,12 @@ void MainWindow::makeMenus()
     m_cameras = menuBar()->addMenu(tr("&Cameras"));
     m_cameras->addActions({m_addCamera, m_releaseAll, m_unplug});
     m_cameras->addSeparator();
-    m_cameras->addActions({m_nextView, m_previousView});
-    m_cameras->addSeparator();
     m_cameras->addActions({m_openCameraFile, m_saveCameraFile, m_restartCamera});
     m_cameras->addSeparator();
     QMenu *view = menuBar()->addMenu(tr("&View"));
     view->addActions(m_modes->actions());
+    view->addSeparator();
+    view->addActions({m_nextView, m_previousView});
     view->addSeparator();
     view->addActions(m_styles->actions());
     view->addSeparator();
