@@ -35,7 +35,7 @@ private slots:
 namespace {
 
 constexpr int Warming = 10;
-constexpr int Openings = 40;
+constexpr int Openings = 20;
 constexpr int FadeIn = 700; // milliseconds that an animation may live, with some to spare
 
 bool isDrawn(GUI_WebView *view)
