@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QSet>
 #include <QString>
+
+#include <bitset>
 
 /// Addresses of dummy cameras, which exist in the application alone: "999.999.999.1" to
 /// "999.999.999.255". None can be a real address, and pages tell dummies by them. Any thread.
@@ -12,7 +13,18 @@ constexpr int Count = 255;
 /// The address with a number from 1 to Count.
 QString numbered(int number);
 
-/// The one with the lowest number that `taken` does not hold; the first when it holds them all.
-QString firstFree(const QSet<QString> &taken);
+/// Which of the addresses are in use. One thread at a time.
+class Taken
+{
+public:
+    /// Takes exactly what numbered() gives; another text takes none.
+    void add(const QString &address);
+
+    /// The free one with the lowest number; the first when all are in use.
+    QString firstFree() const;
+
+private:
+    std::bitset<Count + 1> m_numbers;
+};
 
 }

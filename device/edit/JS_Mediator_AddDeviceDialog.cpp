@@ -13,17 +13,17 @@
 
 namespace {
 
-QSet<QString> dummyAddresses(HostServices *host)
+QString firstFreeDummy(HostServices *host)
 {
     QList<DOCKEY> keys;
     host->deviceKeys(keys, true);
-    QSet<QString> addresses;
+    DummyAddress::Taken taken;
     for (DOCKEY key : qAsConst(keys)) {
         DOC_Interface *doc = host->documentByKey(key);
         if (doc && doc->isDummy())
-            addresses.insert(doc->ipAddress());
+            taken.add(doc->ipAddress());
     }
-    return addresses;
+    return taken.firstFree();
 }
 
 }
@@ -42,8 +42,7 @@ QString JS_Mediator_AddDeviceDialog::getAddDeviceDialogSettings()
         settings.insert(
             QLatin1String("DefaultIPAddress"),
             services->getPrefString(Keys::cameraConnection.addIpDefault, Keys::texts.addIpDefault));
-        settings.insert(QLatin1String("DefaultDummyIPAddress"),
-                        DummyAddress::firstFree(dummyAddresses(services)));
+        settings.insert(QLatin1String("DefaultDummyIPAddress"), firstFreeDummy(services));
         return Json::compactText(settings);
     });
 }

@@ -25,29 +25,42 @@ void TestDummyAddress::firstFree_data()
         << QStringList({"999.999.999.3", "999.999.999.1"}) << "999.999.999.2";
     QTest::newRow("another address") << QStringList("192.168.0.1") << "999.999.999.1";
     QTest::newRow("out of the range")
-        << QStringList({"999.999.999.0", "999.999.999.256"}) << "999.999.999.1";
+        << QStringList({"999.999.999.0", "999.999.999.256", "999.999.999.1000"}) << "999.999.999.1";
+    // Another spelling is another address.
+    QTest::newRow("a leading zero") << QStringList("999.999.999.01") << "999.999.999.1";
+    QTest::newRow("a sign") << QStringList("999.999.999.+1") << "999.999.999.1";
+    QTest::newRow("a blank") << QStringList("999.999.999.1 ") << "999.999.999.1";
+    QTest::newRow("beginning elsewhere") << QStringList("0999.999.999.1") << "999.999.999.1";
+    QTest::newRow("no number") << QStringList("999.999.999.") << "999.999.999.1";
+    QTest::newRow("below the digits") << QStringList("999.999.999./") << "999.999.999.1";
+    QTest::newRow("above the digits") << QStringList("999.999.999.:") << "999.999.999.1";
+    QTest::newRow("a digit of another script")
+        << QStringList(QString("999.999.999.") + QChar(0x0661)) << "999.999.999.1";
 }
 
 void TestDummyAddress::firstFree()
 {
     QFETCH(QStringList, taken);
-    QTEST(DummyAddress::firstFree(QSet<QString>(taken.begin(), taken.end())), "address");
+    DummyAddress::Taken addresses;
+    for (const QString &address : taken)
+        addresses.add(address);
+    QTEST(addresses.firstFree(), "address");
 }
 
 void TestDummyAddress::lastOneIsFree()
 {
-    QSet<QString> taken;
+    DummyAddress::Taken taken;
     for (int number = 1; number < 255; ++number)
-        taken.insert(QString("999.999.999.%1").arg(number));
-    QCOMPARE(DummyAddress::firstFree(taken), QString("999.999.999.255"));
+        taken.add(QString("999.999.999.%1").arg(number));
+    QCOMPARE(taken.firstFree(), QString("999.999.999.255"));
 }
 
 void TestDummyAddress::allAreTaken()
 {
-    QSet<QString> taken;
+    DummyAddress::Taken taken;
     for (int number = 1; number <= 255; ++number)
-        taken.insert(QString("999.999.999.%1").arg(number));
-    QCOMPARE(DummyAddress::firstFree(taken), QString("999.999.999.1"));
+        taken.add(QString("999.999.999.%1").arg(number));
+    QCOMPARE(taken.firstFree(), QString("999.999.999.1"));
 }
 
 void TestDummyAddress::everyOneIsAnAddressThatNobodyHas()
