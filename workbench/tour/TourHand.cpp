@@ -27,11 +27,11 @@ QString plain(const QString &text)
 }
 
 // Without a window manager nobody gives the focus back to a window when a dialog or a menu has
-// gone.
+// gone. One that has been closed meanwhile gets none.
 void giveFocusBack(const QPointer<QWidget> &window)
 {
     TourHand::settle();
-    if (!window || QApplication::activeWindow() == window)
+    if (!window || !window->isVisible() || QApplication::activeWindow() == window)
         return;
     window->activateWindow();
     TourHand::waitFor([&] { return QApplication::activeWindow() == window; });
