@@ -78,7 +78,10 @@ bool saveFile(HostServices *host, const QString &chosenFolder)
     if (host->isLiveMode())
         pause.emplace(host, false, false);
     const QString folder = folderOf(host, chosenFolder);
-    const QString path = CameraSettingsPath::path(folder, composedName(host, true));
+    const QString name = composedName(host, true);
+    // A name is no way into another folder.
+    const QString path =
+        name.contains(QLatin1Char('/')) ? QString() : CameraSettingsPath::path(folder, name);
     if (!CameraSettingsTarget::mayWrite(host, path, nullptr))
         return false;
     const QList<DOCKEY> keys = selectedKeys(host);

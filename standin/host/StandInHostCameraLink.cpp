@@ -70,7 +70,9 @@ QString StandInHost::searchAgain()
 
 QString StandInHost::searchNetwork()
 {
-    const auto way = NetworkSearch::Way(setting(Keys::cameraConnection.searchWay).toInt());
+    const auto way = setting(Keys::cameraConnection.searchWay).toInt() == NetworkSearch::Subnet
+                         ? NetworkSearch::Subnet
+                         : NetworkSearch::Broadcast;
     NetworkSearch search(m_network, way, setting(Keys::cameraConnection.searchIp).toString());
     m_search = &search;
     std::unique_ptr<QProgressDialog> progress;

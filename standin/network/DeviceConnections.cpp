@@ -102,6 +102,7 @@ void DeviceConnections::add(const QString &name, const QString &address)
         EditDeviceData &data = camera->state().editData;
         data.deviceSerialNumber.clear();
         data.headSerialNumber.clear();
+        emit m_events.cameraSettingsChanged(camera->key());
         m_waiting.insert(camera->key(), where);
     }
     if (isFree && !isConnected(device->serialNumber))
@@ -281,6 +282,7 @@ void DeviceConnections::takeDevice(StandInCamera &camera, const NetworkDevice &d
     state.isConnected = true;
     state.isFound = true;
     place(state, device.setting);
+    emit m_events.cameraSettingsChanged(camera.key()); // it may have another serial number
 }
 
 // A camera of the list that waits for this address; null without.

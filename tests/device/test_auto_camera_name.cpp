@@ -3,6 +3,7 @@
 #include "tests/support/ChildRun.h"
 #include "tests/support/TestLog.h"
 
+#include <QDir>
 #include <QFile>
 #include <QMetaMethod>
 #include <QTemporaryDir>
@@ -40,6 +41,10 @@ private slots:
     void fileIsReadAnewAtEachCall();
     void failureOfTheHost_data();
     void failureOfTheHost();
+    void callsAreTracedOnEntry();
+    void fileThatMayNotBeWrittenIsRead();
+    void fileIsClosedAgain();
+    void fileThatGetsShorterGivesWhatIsLeft();
 };
 
 namespace {
@@ -229,7 +234,10 @@ void TestAutoCameraName::largeFileIsNotOpened_data()
 {
     QTest::addColumn<qint64>("size");
     QTest::newRow("256 MiB") << qint64(256) * 1024 * 1024;
-    QTest::newRow("1 TiB") << qint64(1024) * 1024 * 1024 * 1024;
+    rlimit limit{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    if (limit.rlim_cur == RLIM_INFINITY) // where a test may write so much
+        QTest::newRow("1 TiB") << qint64(1024) * 1024 * 1024 * 1024;
 }
 
 void TestAutoCameraName::largeFileIsNotOpened()
@@ -333,6 +341,72 @@ void TestAutoCameraName::failureOfTheHost()
     names.host.failOn("getPrefString");
     QCOMPARE(names.mediator.autoCompleteCameraList(), QString("[]"));
     QCOMPARE(names.host.handledErrors(), QStringList("getPrefString failed"));
+}
+
+void TestAutoCameraName::callsAreTracedOnEntry()
+{
+    Names names;
+    LogCapture log;
+    QList<QStringList> before; // what stood in the log at each call of the host
+    QObject context;
+    connect(names.host.events(), &StandInEvents::callJournalled, &context,
+            [&] { before.append(log.texts()); });
+    names.mediator.existsAutoCompleteFile();
+    QCOMPARE(before.value(0), QStringList("[ENTER] \"" + Class + "existsAutoCompleteFile\" \"\""));
+    before.clear();
+    log.clear();
+    names.mediator.autoCompleteCameraList();
+    QCOMPARE(before.value(0), QStringList("[ENTER] \"" + Class + "autoCompleteCameraList\" \"\""));
+}
+
+void TestAutoCameraName::fileThatMayNotBeWrittenIsRead()
+{
+    Names names;
+    QFile::setPermissions(names.folder.path(), QFile::permissions(names.folder.path()) |
+                                                   QFile::ReadOther | QFile::ExeOther);
+    names.write("Lab,Left\n");
+    QVERIFY(QFile::setPermissions(names.path, QFile::ReadOwner | QFile::ReadOther));
+    const QByteArray list = ChildRun::run([&] {
+        ChildRun::dropRights();
+        LogCapture log;
+        return names.mediator.autoCompleteCameraList().toUtf8();
+    });
+    QCOMPARE(list, QByteArray("[{\"category\":\"Lab\",\"label\":\"Left\"}]"));
+}
+
+void TestAutoCameraName::fileIsClosedAgain()
+{
+    const auto openFiles = [] {
+        return QDir("/proc/self/fd")
+            .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+            .size();
+    };
+    Names names;
+    names.write("Lab,Left\n");
+    LogCapture log;
+    names.mediator.autoCompleteCameraList();
+    const int before = openFiles();
+    names.mediator.autoCompleteCameraList();
+    names.host.settings().setValue(Key, "/proc/self/mem"); // cannot be read
+    names.mediator.autoCompleteCameraList();
+    QCOMPARE(openFiles(), before);
+}
+
+// A file that ends before the size that it was said to have.
+void TestAutoCameraName::fileThatGetsShorterGivesWhatIsLeft()
+{
+    const QString path("/sys/devices/system/cpu/online"); // says 4096 bytes, has a few
+    if (QFileInfo(path).size() != 4096)
+        QSKIP("There is no such file here.");
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString word = QString::fromLatin1(file.readAll()).trimmed();
+    QVERIFY(!word.contains(',')); // one range of processors
+    Names names;
+    names.host.settings().setValue(Key, path);
+    LogCapture log;
+    QCOMPARE(names.mediator.autoCompleteCameraList(), QString("[]"));
+    QCOMPARE(inside(log, "autoCompleteCameraList"), QStringList("[only category] \"" + word + '"'));
 }
 
 int main(int argc, char *argv[])

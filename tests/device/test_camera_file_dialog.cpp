@@ -52,6 +52,8 @@ private slots:
     void cameraMayGo();
     void dialogMayGoInACall();
     void failureWhileConstructedReachesTheCaller();
+    void messagesAreTranslatedAndStandOverTheDialog();
+    void cameraThatHasGoneMakesNoRow();
 };
 
 namespace {
@@ -548,6 +550,35 @@ void TestCameraFileDialog::failureWhileConstructedReachesTheCaller()
         scene.host.failOn(operation);
         QVERIFY_EXCEPTION_THROWN(scene.open(), StandInFault);
     }
+}
+
+void TestCameraFileDialog::messagesAreTranslatedAndStandOverTheDialog()
+{
+    Scene scene;
+    scene.host.state().translations.insert("Invalid filename.", "Falscher Name.");
+    scene.host.state().translations.insert(
+        "The following camera preset is loaded after rebooting. Please restart the camera.",
+        "Neu starten:");
+    scene.host.camera(1)->state().presetsWithReboot = {1};
+    scene.open();
+    scene.type("b.qcfg");
+    scene.click("ok");
+    scene.check();
+    scene.presets().at(0)->setCurrentIndex(1);
+    scene.click("ok");
+    QCOMPARE(scene.messages(), QStringList({"warn: Falscher Name.", "warn: Neu starten:\nLeft"}));
+    const QStringList warnings = scene.host.journal().filter("warn(");
+    QCOMPARE(warnings.size(), 2);
+    for (const QString &warning : warnings)
+        QVERIFY2(warning.endsWith(", GUI_CameraFileDialog)"), qPrintable(warning));
+}
+
+void TestCameraFileDialog::cameraThatHasGoneMakesNoRow()
+{
+    Scene scene;
+    scene.host.answerNullOn("deviceByKey"); // the first that is asked for
+    scene.open();
+    QCOMPARE(scene.presets().size(), 1);
 }
 
 int main(int argc, char **argv)

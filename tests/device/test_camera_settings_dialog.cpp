@@ -1,4 +1,5 @@
 #include "bridge/operation/FileChoice.h"
+#include "bridge/page/GUI_WebView.h"
 #include "device/settingsfile/JS_Mediator_CameraSettingsDialog.h"
 #include "foundation/Clock.h"
 #include "foundation/exceptions/APP_Exception.h"
@@ -69,6 +70,10 @@ private slots:
     void mediatorMayGoWhileAFileIsChosen_data();
     void mediatorMayGoWhileAFileIsChosen();
     void failuresGiveNeutralValues();
+    void messagesAreTranslatedAndStandAlone();
+    void choosersStandOverTheWindow();
+    void nameIsThatOfTheFirstSelectedCamera();
+    void fileThatCannotBeWrittenIsTold();
 };
 
 namespace {
@@ -388,7 +393,7 @@ void TestCameraSettingsDialog::deviceIsListedOnce()
 void TestCameraSettingsDialog::documentThatHasGoneMakesNoRow()
 {
     Scene scene;
-    scene.host.removeDocumentOn("selectedDocKeys", scene.keys.at(0));
+    scene.host.answerNullOn("deviceByKey"); // the first that is asked for
     const QVariantList rows = scene.mediator->getPresetList();
     QCOMPARE(rows.size(), 1);
     QCOMPARE(objectOf(rows.at(0).toString()).value("key").toString(),
@@ -466,7 +471,7 @@ void TestCameraSettingsDialog::nameIsRefused_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("empty") << "";
-    for (const char letter : {'\\', '*', '?', '|', '\t', '\n', '"', ':', '<', '>', '%'})
+    for (const char letter : {'\\', '/', '*', '?', '|', '\t', '\n', '"', ':', '<', '>', '%'})
         QTest::addRow("character %d", int(letter)) << QString("a%1b").arg(QLatin1Char(letter));
 }
 
@@ -511,6 +516,10 @@ void TestCameraSettingsDialog::pathOf260CharactersIsTheLongest()
     QVERIFY(QDir().mkpath(folder));
     scene.set("path", folder);
     scene.set("userFileName", QString(rest - 61, 'n'));
+    if (!messages.isEmpty()) { // nobody is asked about a file that is there
+        QFile file(folder + '/' + QString(rest - 61, 'n') + end);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
     scene.mediator->ok("{}");
     QCOMPARE(scene.messages(), messages);
     QCOMPARE(scene.accepted.size(), messages.isEmpty() ? 1 : 0);
@@ -734,6 +743,67 @@ void TestCameraSettingsDialog::failuresGiveNeutralValues()
     QCOMPARE(scene.host.livePauses(), 0);
     QCOMPARE(scene.host.exclusiveUpdates(), 0);
     QCOMPARE(scene.host.exclusiveRefreshes(), 0);
+}
+
+void TestCameraSettingsDialog::messagesAreTranslatedAndStandAlone()
+{
+    Scene scene;
+    scene.host.state().translations.insert("Do you want to overwrite it?", "Ersetzen?");
+    scene.host.state().translations.insert("The path of the target is too long.", "Zu lang.");
+    QFile file(scene.dir.filePath("test.qcfg"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    scene.host.answerConfirm(false);
+    scene.mediator->ok("{}");
+    scene.set("userFileName", QString(260, 'n'));
+    scene.mediator->ok("{}");
+    QCOMPARE(scene.messages(), QStringList({"confirm: Ersetzen?", "warn: Zu lang."}));
+    QVERIFY(scene.host.journal().contains("confirm(\"Ersetzen?\", null, {})"));
+    QVERIFY(scene.host.journal().contains("warn(\"Zu lang.\", null)"));
+}
+
+void TestCameraSettingsDialog::choosersStandOverTheWindow()
+{
+    Scene scene;
+    QWidget window;
+    GUI_WebView view(&scene.host, &window);
+    QList<QWidget *> parents;
+    FileChoice::setAnswer([&](const FileChoice::Question &question) {
+        parents.append(question.parent);
+        return QStringList();
+    });
+    scene.mediator->openFile();
+    scene.mediator->openFolder();
+    scene.host.attachMediator(&view, scene.mediator);
+    scene.mediator->openFile();
+    scene.mediator->openFolder();
+    QCOMPARE(parents, QList<QWidget *>({nullptr, nullptr, &window, &window}));
+    delete scene.mediator; // before its view
+}
+
+void TestCameraSettingsDialog::nameIsThatOfTheFirstSelectedCamera()
+{
+    Scene scene(Mediator::SaveFile, 3);
+    scene.set("filenameasoriginal", false);
+    scene.host.camera(2)->state().cameraName = "Front";
+    scene.host.select(1, false);
+    scene.host.clearJournal();
+    QCOMPARE(scene.mediator->getFileName(), QStringLiteral("Front"));
+    QCOMPARE(scene.host.journal(),
+             nameLines().mid(1) + QStringList({"selectedDocKeys(true)", "deviceByKey(2, true)",
+                                               "[2].cameraName()"}));
+}
+
+void TestCameraSettingsDialog::fileThatCannotBeWrittenIsTold()
+{
+    Scene scene;
+    scene.set("path", scene.dir.filePath("missing"));
+    LogCapture log;
+    scene.mediator->ok("{}");
+    QCOMPARE(scene.host.handledErrors(), QStringList("File write failed."));
+    QCOMPARE(scene.messages(), QStringList());
+    QCOMPARE(scene.accepted.size(), 0);
+    QCOMPARE(scene.host.livePauses(), 0);
 }
 
 int main(int argc, char **argv)

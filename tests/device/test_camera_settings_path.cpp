@@ -91,6 +91,8 @@ void TestCameraSettingsPath::pathsAreRefused_data()
         QTest::addRow("character %d", int(letter))
             << QString("/data/a%1b.qcfg").arg(QLatin1Char(letter)) << Refusal::InvalidName;
     }
+    QTest::newRow("forbidden and too long")
+        << "/data/" + QString(300, 'x') + ":.qcfg" << Refusal::InvalidName;
     QTest::newRow("in front of a dot") << "/data/a:b.c.qcfg" << Refusal::InvalidName;
     QTest::newRow("in the folder") << "/da*ta/a.qcfg" << Refusal::InvalidName;
     QTest::newRow("colon of a drive") << "D:/data/a.qcfg" << Refusal::None;

@@ -61,6 +61,15 @@ private slots:
     void selectionIsTraced();
     void allAreSelectedAndShown();
     void mediatorMayGoBeforeAllAreSelected();
+    void failedUnselectionEndsWhatWasBegun_data();
+    void failedUnselectionEndsWhatWasBegun();
+    void documentIsUnselectedInEachMode_data();
+    void documentIsUnselectedInEachMode();
+    void membersThatCannotBeSelectedAreUnselectedToo();
+    void editorsWorkOnTheSelection_data();
+    void editorsWorkOnTheSelection();
+    void callIsTracedFirst_data();
+    void callIsTracedFirst();
 };
 
 namespace {
@@ -680,6 +689,126 @@ void TestDeviceControl::mediatorMayGoBeforeAllAreSelected()
                      [&] { control.mediator.reset(); });
     control.mediator->viewAll();
     QCOMPARE(control.host.journal(), QStringList({"prepareSelectAll()", "showAllDocuments()"}));
+}
+
+void TestDeviceControl::failedUnselectionEndsWhatWasBegun_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<bool>("macro");
+    QTest::newRow("document") << "deviceByKey" << false;
+    QTest::newRow("unselected") << "unselectDoc" << true;
+    QTest::newRow("group") << "groupMembers" << true;
+    QTest::newRow("member") << "documentKeyOf" << true;
+}
+
+void TestDeviceControl::failedUnselectionEndsWhatWasBegun()
+{
+    QFETCH(QString, operation);
+    QFETCH(bool, macro);
+    Control control;
+    StandInCamera *first = control.host.addCamera();
+    StandInCamera *second = control.host.addCamera();
+    control.host.addGroup("pair", {first, second});
+    control.host.clearJournal();
+    control.host.failOn(operation);
+    control.mediator->unselectDoc(1);
+    QStringList end = {"resumeLive()", "errorHandler(\"" + operation + " failed\")"};
+    if (macro)
+        end.prepend("endUndoMacro()");
+    QCOMPARE(control.host.commands().mid(control.host.commands().size() - end.size()), end);
+    QCOMPARE(control.host.openMacros(), 0);
+    QCOMPARE(control.host.livePauses(), 0);
+    QVERIFY(control.host.documentsMutex()->tryLock());
+    control.host.documentsMutex()->unlock();
+}
+
+void TestDeviceControl::documentIsUnselectedInEachMode_data()
+{
+    QTest::addColumn<StandInHost::Mode>("mode");
+    QTest::addColumn<QStringList>("before");
+    QTest::addColumn<QString>("after");
+    using Mode = StandInHost::Mode;
+    QTest::newRow("live") << Mode::Live << PausedInLiveMode << "resumeLive()";
+    QTest::newRow("memory") << Mode::Memory << PausedElsewhere << "resumePlayback()";
+    QTest::newRow("file") << Mode::File << PausedElsewhere << "resumePlayback()";
+}
+
+void TestDeviceControl::documentIsUnselectedInEachMode()
+{
+    QFETCH(StandInHost::Mode, mode);
+    QFETCH(QStringList, before);
+    QFETCH(QString, after);
+    Control control;
+    control.host.addCamera();
+    control.host.setMode(mode);
+    control.host.clearJournal();
+    control.mediator->unselectDoc(1);
+    QCOMPARE(control.host.journal(),
+             before + QStringList({"deviceByKey(1, true)", "beginUndoMacro(\"\")", "unselectDoc(1)",
+                                   "[1].groupMembers()", "endUndoMacro()", after}));
+    QCOMPARE(control.host.selection(), QList<DOCKEY>());
+}
+
+void TestDeviceControl::membersThatCannotBeSelectedAreUnselectedToo()
+{
+    Control control;
+    StandInCamera *first = control.host.addCamera();
+    StandInCamera *second = control.host.addCamera();
+    StandInGroup *group = control.host.addGroup("pair", {first, second});
+    second->state().isSelectable = false;
+    control.host.select(2, true);
+    control.mediator->unselectDoc(1);
+    QCOMPARE(control.host.selection(), QList<DOCKEY>());
+    for (DOCKEY key : {DOCKEY(1), DOCKEY(2), group->key()})
+        control.host.select(key, true);
+    control.mediator->unselectDoc(QString::number(group->key()));
+    QCOMPARE(control.host.selection(), QList<DOCKEY>());
+}
+
+void TestDeviceControl::editorsWorkOnTheSelection_data()
+{
+    QTest::addColumn<Press>("press");
+    using Mediator = JS_Mediator_DeviceControl;
+    QTest::newRow("comments") << Press([](Mediator &m) { m.editComment(); });
+    QTest::newRow("custom information") << Press([](Mediator &m) { m.editCustom(); });
+}
+
+void TestDeviceControl::editorsWorkOnTheSelection()
+{
+    QFETCH(Press, press);
+    Control control;
+    control.host.addCamera();
+    control.host.clearJournal();
+    press(*control.mediator);
+    QVERIFY(control.host.journal().contains("selectedDocKeys(true)"));
+    QCOMPARE(control.host.journal().filter("targetDocKeys"), QStringList());
+    QCOMPARE(control.host.journal().filter("temporaryDocumentKeys"), QStringList());
+}
+
+void TestDeviceControl::callIsTracedFirst_data()
+{
+    QTest::addColumn<Press>("press");
+    using Mediator = JS_Mediator_DeviceControl;
+    QTest::newRow("selectDoc") << Press([](Mediator &m) { m.selectDoc(1); });
+    QTest::newRow("unselectDoc") << Press([](Mediator &m) { m.unselectDoc(1); });
+    QTest::newRow("setDisplayInfoShowing")
+        << Press([](Mediator &m) { m.setDisplayInfoShowing(true); });
+}
+
+void TestDeviceControl::callIsTracedFirst()
+{
+    QFETCH(Press, press);
+    Control control;
+    control.host.addCamera();
+    LogCapture log;
+    QList<QStringList> before; // what stood in the log at each call of the host
+    QObject context;
+    QObject::connect(control.host.events(), &StandInEvents::callJournalled, &context,
+                     [&] { before.append(log.texts()); });
+    press(*control.mediator);
+    QCOMPARE(before.value(0).size(), 1);
+    QVERIFY(before.first().first().startsWith(
+        QString("[ENTER] \"JS_Mediator_DeviceControl::%1\" \"[").arg(QTest::currentDataTag())));
 }
 
 int main(int argc, char *argv[])

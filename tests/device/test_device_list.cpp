@@ -1,5 +1,6 @@
 #include "bridge/operation/DialogRun.h"
 #include "device/edit/GUI_AddDeviceDialog.h"
+#include "device/edit/JS_Mediator_AddDeviceDialog.h"
 #include "device/list/JS_Mediator_DeviceList.h"
 #include "standin/host/StandInHost.h"
 #include "tests/support/OwnMethods.h"
@@ -46,6 +47,11 @@ private slots:
     void failureGoesToTheHost();
     void mediatorMayGoInAnyCall_data();
     void mediatorMayGoInAnyCall();
+    void flagReachesTheDialog_data();
+    void flagReachesTheDialog();
+    void callIsTracedFirst_data();
+    void callIsTracedFirst();
+    void keysKeepAllTheirBits();
 
 private:
     struct Run
@@ -444,6 +450,73 @@ void TestDeviceList::mediatorMayGoInAnyCall()
     call(*list.mediator);
     QVERIFY(!list.mediator);
     QCOMPARE(list.host.handledErrors(), QStringList());
+}
+
+void TestDeviceList::flagReachesTheDialog_data()
+{
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<QList<bool>>("flags");
+    using Mediator = JS_Mediator_DeviceList;
+    QTest::newRow("at once") << Call([](Mediator &m) { m.addDoc(true); }) << QList<bool>({true});
+    QTest::newRow("later") << Call([](Mediator &m) { m.addDoc(false); }) << QList<bool>({false});
+    QTest::newRow("not told") << Call([](Mediator &m) { m.addDoc(); }) << QList<bool>({true});
+}
+
+void TestDeviceList::flagReachesTheDialog()
+{
+    QFETCH(Call, call);
+    List list;
+    QList<bool> flags;
+    DialogRun::setAnswer([&](QDialog &dialog) {
+        JS_Mediator_Dialog *mediator = static_cast<GUI_AddDeviceDialog &>(dialog).mediator();
+        flags.append(static_cast<JS_Mediator_AddDeviceDialog *>(mediator)->connectsAtOnce());
+        return int(QDialog::Rejected);
+    });
+    call(*list.mediator);
+    QTEST(flags, "flags");
+}
+
+void TestDeviceList::callIsTracedFirst_data()
+{
+    QTest::addColumn<Call>("call");
+    for (const auto &each : calls())
+        QTest::newRow(each.first) << each.second;
+}
+
+void TestDeviceList::callIsTracedFirst()
+{
+    QFETCH(Call, call);
+    List list;
+    list.host.addCamera();
+    LogCapture log;
+    QList<QStringList> before; // what stood in the log at each call of the host
+    QObject context;
+    QObject::connect(list.host.events(), &StandInEvents::callJournalled, &context,
+                     [&] { before.append(log.texts()); });
+    call(*list.mediator);
+    QVERIFY(!before.isEmpty());
+    QCOMPARE(before.first().size(), 1);
+    QVERIFY(before.first().first().startsWith(
+        QString("[ENTER] \"JS_Mediator_DeviceList::%1\" \"[").arg(QTest::currentDataTag())));
+}
+
+void TestDeviceList::keysKeepAllTheirBits()
+{
+    const DOCKEY key = (DOCKEY(1) << 63) + 1;
+    const QVariant text = QString::number(key);
+    List list;
+    list.host.setNextKey(key);
+    list.host.addCamera()->state().headCount = 2;
+    StandInCamera *other = list.host.addCamera();
+    list.host.select(other->key(), true);
+    QVERIFY(list.mediator->isSelectedDoc(text));
+    QVERIFY(list.mediator->isSelectedMultiDoc(text));
+    QVERIFY(list.mediator->isMultiHead(text));
+    list.mediator->unselectDoc(text);
+    QCOMPARE(list.host.selection(), QList<DOCKEY>({other->key()}));
+    list.mediator->selectDoc(text);
+    QCOMPARE(list.host.currentKey(), key);
+    QCOMPARE(list.host.selection(), QList<DOCKEY>({other->key(), key}));
 }
 
 int main(int argc, char *argv[])

@@ -47,6 +47,7 @@ private slots:
     void loadIsOneUndoStep();
     void fileOfOtherCamerasIsAFailure();
     void presentSettingsStayWhereTheFileIsNone();
+    void cameraAddedByItsAddressIsSavedByItsSerialNumber();
 };
 
 namespace {
@@ -443,6 +444,25 @@ void TestCameraSettingsFile::presentSettingsStayWhereTheFileIsNone()
 }
 
 Q_DECLARE_METATYPE(CameraSettings)
+
+void TestCameraSettingsFile::cameraAddedByItsAddressIsSavedByItsSerialNumber()
+{
+    const QTemporaryDir dir;
+    const QString path = dir.filePath("a.qcfg");
+    StandInHost host;
+    NetworkDevice device;
+    device.serialNumber = "70001";
+    device.setting = {"192.168.0.201", "255.255.255.0", ""};
+    host.network().addDevice(device);
+    host.addDevice("Front", "192.168.0.201", false);
+    StandInCamera *camera = host.cameras().first();
+    QCOMPARE(camera->serialNumber(), QStringLiteral("70001"));
+    host.saveCameraSettings(path, {camera->key()});
+    const auto records = CameraSettingsFile::fromJson(contentOf(path));
+    QVERIFY(records && records->size() == 1);
+    QCOMPARE(records->first().serialNumber, QStringLiteral("70001"));
+    host.loadCameraSettings(path, {camera->key()}); // and it is known again
+}
 
 int main(int argc, char **argv)
 {

@@ -262,6 +262,8 @@ void TestNetworkSearch::settingsChooseTheWay()
     QCOMPARE(statesOf(host.searchAgain()), QStringList({"1 free"}));
     host.setPref(Keys::cameraConnection.searchIp, "172.16.5.0");
     QCOMPARE(statesOf(host.searchAgain()), QStringList({"2 unreachable"}));
+    host.setPref(Keys::cameraConnection.searchWay, 7); // shown as a search for all
+    QCOMPARE(statesOf(host.searchAgain()).size(), 2);
 }
 
 void TestNetworkSearch::hostIsCancelled()

@@ -123,6 +123,7 @@ private slots:
     void namesRunNothing();
     void closeEndsIt();
     void workbenchHasItsNetwork();
+    void addressIsOfTheAdapterThatHearsTheCamera();
 };
 
 void TestDiscoveryPage::rowsTellTheirState()
@@ -502,6 +503,28 @@ void TestDiscoveryPage::workbenchHasItsNetwork()
     QCOMPARE(workbench.host().network().adapters().size(), 1);
     QCOMPARE(workbench.host().network().adapters().first().name, QString("A"));
     QCOMPARE(workbench.host().network().devices().size(), 1);
+}
+
+void TestDiscoveryPage::addressIsOfTheAdapterThatHearsTheCamera()
+{
+    DiscoveryVisit visit;
+    NetworkPlan plan;
+    plan.adapters = visit.host.network().adapters();
+    plan.adapters.append({"Second", "10.0.0.1", "255.0.0.0"});
+    NetworkDevice lost = device("8", "0.0.0.0");
+    lost.adapter = "10.0.0.1";
+    plan.devices = {lost};
+    visit.host.network().load(plan);
+    QVERIFY(visit.open([&visit](GUI_WebView *view) {
+        QVERIFY(choose(view, "8"));
+        QCOMPARE(fields(view), QStringList({"10.0.0.2", "255.0.0.0", ""}));
+        visit.host.clearJournal();
+        QVERIFY(click(view, "#change"));
+        QCOMPARE(visit.commandsOf("setNetworkSettings"),
+                 QString("setNetworkSettings(\"10.0.0.1\", \"10.0.0.2\", \"255.0.0.0\", \"\", "
+                         "\"02:00:5E:00:00:08\")"));
+        QCOMPARE(row(view, "8"), QString("10.0.0.2 | S-1024, 8 | ready"));
+    }));
 }
 
 int main(int argc, char **argv)

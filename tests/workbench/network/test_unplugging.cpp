@@ -1,9 +1,12 @@
+#include "bridge/operation/DialogRun.h"
 #include "tests/support/TestLog.h"
 #include "workbench/app/Workbench.h"
 #include "workbench/base/Options.h"
 #include "workbench/window/MainWindow.h"
 
 #include <QAction>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTemporaryDir>
 
 // The entry that takes the current camera off the network, and puts it back.
@@ -14,6 +17,7 @@ class TestUnplugging : public TestBase
 private slots:
     void currentCameraIsUnplugged();
     void entryFollowsTheCurrentCamera();
+    void menuSavesTheSelectedCameras();
 };
 
 namespace {
@@ -69,6 +73,22 @@ void TestUnplugging::entryFollowsTheCurrentCamera()
     shown.host().makeCurrent(shown.host().cameras().last()->key());
     shown.workbench->window().refresh();
     QVERIFY(!shown.entry()->isEnabled());
+}
+
+void TestUnplugging::menuSavesTheSelectedCameras()
+{
+    Shown shown;
+    shown.host().settings().setValue("qcfg/path", shown.dir.path());
+    shown.host().select(shown.host().cameras().first()->key(), true);
+    shown.workbench->window().refresh();
+    DialogRun::setAnswer([](QDialog &dialog) {
+        dialog.findChild<QLineEdit *>("fileNameEdit")->setText("run");
+        dialog.findChild<QPushButton *>("ok")->click();
+        return dialog.result();
+    });
+    shown.workbench->window().findChild<QAction *>("saveCameraFile")->trigger();
+    DialogRun::setAnswer({});
+    QVERIFY(QFile::exists(shown.dir.filePath("run.qcfg")));
 }
 
 int main(int argc, char **argv)

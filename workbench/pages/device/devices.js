@@ -17,7 +17,7 @@ Page.start('devicepanel', function () {
     var drawn = '';
     var heads = new Map(); // whether a key is that of one of several heads
 
-    // Asked once a device, since each question stands in the log.
+    // Asked once for each device as it is, since each question stands in the log.
     function hasHeads(key) {
         if (!heads.has(key))
             heads.set(key, Page.bridge.isMultiHead(key));
@@ -87,6 +87,8 @@ Page.start('devicepanel', function () {
         var texts = Array.from(Page.bridge.getDeviceInfoList(true));
         var filtered = Page.bridge.getConnectedCameraShowing();
         onlyConnected.checked = filtered;
+        if (texts.join() !== drawn)
+            heads.clear(); // a camera may turn out to have several
         if (anew || texts.join() !== drawn) {
             drawn = texts.join();
             list.fill(texts.map(function (text) { return makeRow(JSON.parse(text)); }));
