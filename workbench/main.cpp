@@ -1,6 +1,7 @@
 #include "workbench/app/Workbench.h"
 #include "workbench/base/Options.h"
 #include "workbench/tour/Tour.h"
+#include "workbench/tour/walks/Walks.h"
 #include "workbench/window/MainWindow.h"
 
 #include <QApplication>
@@ -45,7 +46,7 @@ int main(int argc, char **argv)
     QApplication::setApplicationDisplayName("Orvix Workbench");
     QApplication::setStyle("fusion");
     if (tour)
-        return Tour(options).run();
+        return Tour(options, Walks::all()).run();
 
     Workbench workbench(options);
     workbench.host().setInteractive(true);

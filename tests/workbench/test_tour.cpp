@@ -176,23 +176,23 @@ void TestTour::goesOnBehindAWalkThatFails()
     options.tourFolder = dir.filePath("tour");
     options.pluginFolder = dir.filePath("empty");
     // The first leaves a mess behind and ends early; the second finds what it was promised.
-    const Walks::Walk mess = {"mess", {2, 1, true, false}, [](TourStage &stage) {
-                                  stage.step("mess", "Closes a camera", [&] {
-                                      stage.host().setMode(StandInHost::Mode::Memory);
-                                      stage.host().closeDocument(2);
-                                      throw std::runtime_error("no hand");
-                                  });
-                              }};
-    const Walks::Walk next = {
-        "next", {3, 2, false, false}, [](TourStage &stage) {
-            stage.step("next", "Looks", [&] {
-                stage.check(stage.isReady(), "ready");
-                stage.check(stage.host().mode() == StandInHost::Mode::Live, "live");
-                stage.check(stage.window().views()->views().size() == 3, "three pictures");
-                stage.check(stage.host().selection() == QList<DOCKEY>({2}),
-                            "the second is selected");
-            });
-        }};
+    const Walk mess = {"mess", {2, 1, true, false}, [](TourStage &stage) {
+                           stage.step("mess", "Closes a camera", [&] {
+                               stage.host().setMode(StandInHost::Mode::Memory);
+                               stage.host().closeDocument(2);
+                               throw std::runtime_error("no hand");
+                           });
+                       }};
+    const Walk next = {"next", {3, 2, false, false}, [](TourStage &stage) {
+                           stage.step("next", "Looks", [&] {
+                               stage.check(stage.isReady(), "ready");
+                               stage.check(stage.host().mode() == StandInHost::Mode::Live, "live");
+                               stage.check(stage.window().views()->views().size() == 3,
+                                           "three pictures");
+                               stage.check(stage.host().selection() == QList<DOCKEY>({2}),
+                                           "the second is selected");
+                           });
+                       }};
     QCOMPARE(Tour(options, {mess, next}).run(), 1);
     QCOMPARE(
         readLines(dir.filePath("tour/transcript.txt")),

@@ -6,6 +6,7 @@
 #include "tests/support/TestLog.h"
 #include "workbench/app/Workbench.h"
 #include "workbench/base/Options.h"
+#include "workbench/pages/PagePanel.h"
 #include "workbench/tour/PageHand.h"
 #include "workbench/views/ViewArea.h"
 #include "workbench/window/MainWindow.h"
@@ -109,6 +110,16 @@ void openRegion(Workbench &workbench)
     QVERIFY(QTest::qWaitFor([&] { return panel->isLoaded() && isDrawn(panel->view()); }));
 }
 
+void loadAnew(PagePanel *panel)
+{
+    QVERIFY(QTest::qWaitFor([&] { return isDrawn(panel->view()); }));
+    PageHand::read(panel->view(), "window.isLeft = true");
+    panel->view()->reload();
+    QVERIFY(QTest::qWaitFor([&] {
+        return isDrawn(panel->view()) && !PageHand::read(panel->view(), "window.isLeft").isValid();
+    }));
+}
+
 // The page of the panel opens the preferences, the page in there closes the tool, and time goes by.
 void closeRegionUnderItsOwnScript(Workbench &workbench)
 {
@@ -149,6 +160,14 @@ void TestWindowGrowth::nothingGrows_data()
     row("preferences, closed by the frame", "prefs", "");
     row("about", "about", "close");
     row("Ethernet settings", "ethernet", "ok");
+    row("limits of the search", "cameranetworksetting", "cancel");
+    row("camera by address", "addDevice", "cancel");
+    row("camera that is edited", "editDevice", "cancel");
+    row("camera that is edited, closed by the frame", "editDevice", "");
+    row("settings that are saved", "cameraSettingsSave", "cancel");
+    row("settings that are loaded", "cameraSettingsLoad", "cancel");
+    row("presets", "cameraPresets", "cancel");
+    row("presets, closed by the frame", "cameraPresets", "");
     row("displayed information", "editinfo", "cancel");
     row("displayed information, closed by the frame", "editinfo", "");
     row("saved information", "saveinfo", "ok");
@@ -168,6 +187,10 @@ void TestWindowGrowth::nothingGrows_data()
     row("recordings that are saved", "exportdialog", "cancel");
     row("recordings that are saved, closed by the frame", "exportdialog", "");
     row("automatic conversion", "convertparametereditdialog", "save");
+    QTest::newRow("list of devices, loaded anew")
+        << Cycle([](Workbench &workbench) { loadAnew(workbench.window().devicePanel()); });
+    QTest::newRow("selection, loaded anew")
+        << Cycle([](Workbench &workbench) { loadAnew(workbench.window().controlPanel()); });
     QTest::newRow("note, closed by the button") << Cycle([](Workbench &workbench) {
         openNote(workbench);
         workbench.window().tools()->action(noteTool(workbench))->trigger();

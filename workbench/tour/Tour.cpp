@@ -1,7 +1,7 @@
 #include "workbench/tour/Tour.h"
 
 #include "workbench/tour/TourReport.h"
-#include "workbench/tour/Walks.h"
+#include "workbench/tour/Walk.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -52,7 +52,7 @@ private:
 };
 
 // Neither the workbench of a walk nor what it throws reaches the next.
-void take(const Walks::Walk &walk, const Options &options, TourReport &report)
+void take(const Walk &walk, const Options &options, TourReport &report)
 {
     try {
         TourStage stage(options, walk.scene, report);
@@ -66,16 +66,15 @@ void take(const Walks::Walk &walk, const Options &options, TourReport &report)
 
 }
 
-Tour::Tour(const Options &options, const QVector<Walks::Walk> &walks)
-    : m_options(options), m_walks(walks)
+Tour::Tour(const Options &options, const QVector<Walk> &walks) : m_options(options), m_walks(walks)
 {
 }
 
 int Tour::run()
 {
-    QVector<Walks::Walk> walks;
+    QVector<Walk> walks;
     QStringList names;
-    for (const Walks::Walk &walk : m_walks) {
+    for (const Walk &walk : m_walks) {
         names.append(walk.name);
         if (m_options.walk.isEmpty() ? !walk.isAsked : walk.name == m_options.walk)
             walks.append(walk);
@@ -98,7 +97,7 @@ int Tour::run()
     QApplication::setFont(font);
 
     const Watchdog watchdog(report);
-    for (const Walks::Walk &walk : walks)
+    for (const Walk &walk : walks)
         take(walk, m_options, report);
     qInstallMessageHandler(handler);
     report.finish();

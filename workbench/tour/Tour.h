@@ -1,7 +1,9 @@
 #pragma once
 
 #include "workbench/base/Options.h"
-#include "workbench/tour/Walks.h"
+#include "workbench/tour/Walk.h"
+
+#include <QVector>
 
 /// Walks through the whole workbench by itself and looks at the effect of each step. Each walk has
 /// a workbench of its own, with settings and files in a temporary folder: what one breaks, the next
@@ -10,7 +12,7 @@ class Tour
 {
 public:
     /// The options' tour folder gets the pictures and the transcript.
-    explicit Tour(const Options &options, const QVector<Walks::Walk> &walks = Walks::all());
+    Tour(const Options &options, const QVector<Walk> &walks);
 
     /// 0 when everything was seen, 1 when something was not, 2 when the folder cannot be written
     /// to.
@@ -18,5 +20,5 @@ public:
 
 private:
     Options m_options;
-    QVector<Walks::Walk> m_walks;
+    QVector<Walk> m_walks;
 };

@@ -177,6 +177,7 @@ private slots:
     void controlTellsOfTheCurrentCamera();
     void controlSelectsAll();
     void controlWithoutACameraSaysSo();
+    void listMarksHeadsThatACameraTurnsOutToHave();
 };
 
 void TestDevicePages::cleanup()
@@ -508,6 +509,23 @@ void TestDevicePages::controlSwitchesTheInformation()
     QVERIFY(shown.host.isInfoShowing());
     shown.host.showDisplayInfo(false);
     QTRY_VERIFY(!isChecked().toBool());
+}
+
+void TestDevicePages::listMarksHeadsThatACameraTurnsOutToHave()
+{
+    List shown;
+    shown.host.addDevice("Front", "192.168.0.20", false); // nobody answers there yet
+    QVERIFY(shown.open());
+    QVERIFY(!shown.isShown("#device-1 .isMultiHead"));
+    NetworkDevice device;
+    device.serialNumber = "1";
+    device.hardwareAddress = "02:00:5E:00:00:01";
+    device.heads = 2;
+    device.setting = {"192.168.0.20", "255.255.255.0", ""};
+    shown.host.network().addDevice(device);
+    QTRY_COMPARE(shown.rows(), 2);
+    QVERIFY(shown.isShown("#device-2 .isMultiHead"));
+    QVERIFY(shown.isShown("#device-1 .isMultiHead"));
 }
 
 int main(int argc, char **argv)

@@ -2,7 +2,7 @@
 #include "workbench/log/LogPanel.h"
 #include "workbench/tour/TourHand.h"
 #include "workbench/tour/TourStage.h"
-#include "workbench/tour/Walks.h"
+#include "workbench/tour/walks/Walks.h"
 #include "workbench/window/MainWindow.h"
 #include "workbench/window/NoticeBar.h"
 

@@ -1,6 +1,9 @@
-#include "workbench/tour/Walks.h"
+#include "workbench/tour/walks/Walks.h"
 
-const QVector<Walks::Walk> &Walks::all()
+#include "workbench/tour/device/DeviceWalks.h"
+#include "workbench/tour/record/RecordWalks.h"
+
+const QVector<Walk> &Walks::all()
 {
     static const QVector<Walk> walks = {
         {"lock", {2, 1, false, false}, lock},

@@ -3,7 +3,7 @@
 #include "workbench/tour/PageHand.h"
 #include "workbench/tour/TourHand.h"
 #include "workbench/tour/TourStage.h"
-#include "workbench/tour/Walks.h"
+#include "workbench/tour/record/RecordWalks.h"
 #include "workbench/views/DocumentView.h"
 #include "workbench/window/MainWindow.h"
 

@@ -8,7 +8,7 @@
 #include "workbench/tour/PageHand.h"
 #include "workbench/tour/TourHand.h"
 #include "workbench/tour/TourStage.h"
-#include "workbench/tour/Walks.h"
+#include "workbench/tour/walks/Walks.h"
 #include "workbench/views/ViewArea.h"
 #include "workbench/window/MainWindow.h"
 

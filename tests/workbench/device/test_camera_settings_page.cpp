@@ -42,6 +42,7 @@ private slots:
     void manyCamerasScroll();
     void failureToReadIsTold();
     void escapeLeavesItOpen();
+    void staysOpenWhenTheFileCannotBeWritten();
 };
 
 namespace {
@@ -439,6 +440,19 @@ void TestCameraSettingsPage::escapeLeavesItOpen()
         QVERIFY(press(view, Qt::Key_Escape));
         QVERIFY(dialog.isVisible());
         QCOMPARE(shownIn(view, "name"), QVariant("other"));
+    }));
+}
+
+void TestCameraSettingsPage::staysOpenWhenTheFileCannotBeWritten()
+{
+    Visit visit;
+    visit.set("path", visit.dir.filePath("missing"));
+    LogCapture log; // of the failure
+    QVERIFY(visit.open(Save, [&](QDialog &dialog, GUI_WebView *view) {
+        QVERIFY(click(view, "#ok"));
+        QCOMPARE(visit.host.handledErrors(), QStringList("File write failed."));
+        QVERIFY(dialog.isVisible());
+        QVERIFY(isEnabled(view, "#ok"));
     }));
 }
 

@@ -4,7 +4,7 @@
 #include "workbench/tour/PageHand.h"
 #include "workbench/tour/TourHand.h"
 #include "workbench/tour/TourStage.h"
-#include "workbench/tour/Walks.h"
+#include "workbench/tour/device/DeviceWalks.h"
 #include "workbench/window/MainWindow.h"
 
 #include <QAbstractButton>

@@ -1,7 +1,7 @@
 #include "workbench/app/Workbench.h"
 #include "workbench/tour/TourHand.h"
 #include "workbench/tour/TourStage.h"
-#include "workbench/tour/Walks.h"
+#include "workbench/tour/device/DeviceWalks.h"
 #include "workbench/views/DocumentView.h"
 #include "workbench/views/ViewArea.h"
 #include "workbench/window/MainWindow.h"

@@ -1,7 +1,7 @@
 #include "workbench/tour/TourHand.h"
 #include "workbench/tour/TourPictures.h"
 #include "workbench/tour/TourStage.h"
-#include "workbench/tour/Walks.h"
+#include "workbench/tour/record/RecordWalks.h"
 #include "workbench/views/DocumentView.h"
 #include "workbench/views/EmptyPage.h"
 #include "workbench/views/ViewArea.h"
