@@ -93,9 +93,14 @@ class Tree:
             for word in words:
                 if word == "-o":
                     next(words)
+                elif word == "-include":
+                    header = next(words)
+                    # One that is compiled is the other compiler's; each file names what it needs.
+                    if not Path(header + ".gch").exists():
+                        arguments += [word, header]
                 elif word.startswith("-") and word != "-c":
                     arguments.append(word)
-                    if word in ("-I", "-isystem", "-D", "-include"):
+                    if word in ("-I", "-isystem", "-D"):
                         arguments.append(next(words))
             result[str(source.relative_to(self.root))] = arguments
         return result
