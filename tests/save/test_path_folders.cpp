@@ -101,6 +101,8 @@ void TestPathFolders::directoryIsNamed_data()
     };
     row("fixed name", Mode::Live, "Shot", {}, "Run");
     row("no name", Mode::Live, "Shot", {{"name", ""}}, "");
+    row("wrong types", Mode::Live, "Shot",
+        {{"name", 7}, {"addnumber", "yes"}, {"addnumbersessionnodigits", "three"}}, "7_C01H02");
     row("file name", Mode::Live, "Shot", {{"asfilename", true}}, "Shot");
     row("no file name", Mode::Live, "", {{"asfilename", true}}, "");
     row("number", Mode::Live, "Shot", {{"addnumber", true}}, "Run_C01H02S001");

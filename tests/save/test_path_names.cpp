@@ -47,6 +47,7 @@ private slots:
     void additionThatNeverChangesIsRefused();
     void additionThatReadsTheSameIsPassedOver();
     void numberPastTheLastIsRefused();
+    void documentIsAskedForItsAddition();
 };
 
 void TestPathNames::baseIsComposed_data()
@@ -622,6 +623,17 @@ void TestPathNames::numberPastTheLastIsRefused()
         PathComposition(m_host.get(), m_camera.get(), moment(), Last - 1).fileName(1, 1, true, {}),
         UTL_Exception);
     QCOMPARE(log.texts(), QStringList(refusal("Invalid filename.")));
+}
+
+void TestPathNames::documentIsAskedForItsAddition()
+{
+    m_camera->addition = numbered("");
+    touch("Shot_S0001.x");
+    m_host->clearJournal();
+    PathComposer::composeFileName(m_host.get(), 1, m_camera.get(), 7, true, moment());
+    QCOMPARE(m_host->journal().filter("fileNameAddition("),
+             QStringList({"[100].fileNameAddition(1, 7, 1, \"2017-06-05T07:08:09\")",
+                          "[100].fileNameAddition(1, 7, 2, \"2017-06-05T07:08:09\")"}));
 }
 
 int main(int argc, char *argv[])

@@ -58,6 +58,8 @@ private slots:
     void nothingIsWritten();
     void tracesNameTheirArguments_data();
     void tracesNameTheirArguments();
+    void namesAreThoseOfThePage_data();
+    void namesAreThoseOfThePage();
 
 private:
     using Preview = std::function<QString(JS_Mediator_FileDialog &)>;
@@ -179,8 +181,13 @@ QStringList TestFileDialogPaths::files() const
     QStringList paths;
     QDirIterator entries(m_dir->path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
                          QDirIterator::Subdirectories);
-    while (entries.hasNext())
-        paths.append(entries.next());
+    while (entries.hasNext()) {
+        entries.next();
+        const QFileInfo info = entries.fileInfo();
+        paths.append(QString("%1 %2 %3")
+                         .arg(info.filePath(), QString::number(info.size()),
+                              info.lastModified().toString(Qt::ISODateWithMs)));
+    }
     paths.sort();
     return paths;
 }
@@ -686,14 +693,20 @@ void TestFileDialogPaths::nothingIsWritten()
     set("export/subdirname", "Sub");
     QVERIFY(QDir(m_dir->path()).mkpath("Shot_C1/Sub"));
     const QStringList before = files();
-    const auto page = open();
-    page->getExportGroupDir();
-    page->getExportGroupDir(1, 1);
-    page->setSelectDocKey(2);
-    page->getExportPath();
-    page->getExportFile();
-    page->getExportSubDir();
-    QCOMPARE(files(), before);
+    for (const char *name :
+         {"filesavedialog", "fileopendialog", "batchconverter", "convertparametereditdialog",
+          "reportExportDialog", "snapshotdialog", "layoutsavedialog"}) {
+        const auto page = open(name);
+        page->list();
+        page->select(2, 1, 16, 16);
+        page->getExportGroupDir();
+        page->getExportGroupDir(1, 1);
+        page->setSelectDocKey(2);
+        page->getExportPath();
+        page->getExportFile();
+        page->getExportSubDir();
+        QCOMPARE(files(), before);
+    }
 }
 
 void TestFileDialogPaths::tracesNameTheirArguments_data()
@@ -734,6 +747,43 @@ void TestFileDialogPaths::tracesNameTheirArguments()
     LogCapture log;
     preview(*page);
     QTEST(log.texts(), "lines");
+}
+
+void TestFileDialogPaths::namesAreThoseOfThePage_data()
+{
+    QTest::addColumn<QString>("family");
+    QTest::addColumn<int>("mode");
+    QTest::newRow("filesavedialog") << "export" << 1;
+    QTest::newRow("fileopendialog") << "export" << 1;
+    QTest::newRow("batchconverter") << "convert" << 6;
+    QTest::newRow("convertparametereditdialog") << "convert" << 6;
+    QTest::newRow("reportExportDialog") << "report" << 16;
+    QTest::newRow("snapshotdialog") << "snap" << 7;
+    QTest::newRow("layoutsavedialog") << "layout" << 4;
+}
+
+void TestFileDialogPaths::namesAreThoseOfThePage()
+{
+    QFETCH(QString, family);
+    QFETCH(int, mode);
+    for (const QString each : {"export", "convert", "snap", "report", "layout"}) {
+        set(each + "/filename", each);
+        set(each + "/subdir", true);
+        set(each + "/subdirname", each + " sub");
+        if (each == "layout")
+            continue;
+        set(each + "/groupdir", true);
+        set(each + "/groupdirname", each + " group");
+    }
+    const auto page = open(QTest::currentDataTag());
+    page->setSelectDocKey(1);
+    QCOMPARE(page->getExportGroupDir(1, 0), family == "layout" ? QString() : family + " group");
+    m_host->clearJournal();
+    QCOMPARE(page->getExportFile(), family + "_C1");
+    const QString asked = m_host->journal().filter("fileNameAddition(").value(0);
+    QVERIFY2(asked.startsWith(QString("[1].fileNameAddition(%1, 0, 1, ").arg(mode)),
+             qPrintable(asked));
+    QCOMPARE(page->getExportSubDir(), family + " sub");
 }
 
 int main(int argc, char *argv[])

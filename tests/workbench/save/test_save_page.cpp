@@ -52,6 +52,11 @@ private slots:
     void reportSetsItsOwnDigits();
     void layoutHasNoGroupDirectory();
     void tellsAFailure();
+    void eachSettingMovesThePath_data();
+    void eachSettingMovesThePath();
+    void tellsWhyADirectoryHasItsNumber();
+    void tellsWhatExistsAndWhatIsPlanned();
+    void tellsWhatLiveModeHas();
 };
 
 void TestSavePage::showsThePathInParts()
@@ -78,12 +83,17 @@ void TestSavePage::namesThePartsInWords()
     visit.numberFiles();
     visit.set("export/groupdir", true);
     visit.set("export/groupdirname", "Run");
+    visit.set("export/subdir", true);
+    visit.set("export/subdirname", "Sub");
+    visit.set("export/filenameaddtime", true);
+    visit.set("export/filenameaddtimeformat", "'now'");
     QVERIFY(visit.open("exportdialog", [&](QDialog &, GUI_WebView *view) {
         const QStringList labels =
             read(view, "Array.from(document.querySelectorAll('#legend .key')).map("
                        "function (each) { return each.textContent; })")
                 .toStringList();
-        QCOMPARE(labels, QStringList({"Folder", "Group directory", "Name", "Number"}));
+        QCOMPARE(labels, QStringList({"Folder", "Group directory", "Sub directory", "Name",
+                                      "Number", "Time"}));
         // Each kind has a line of its own, beside its colour.
         const QStringList lines =
             read(view, "Array.from(document.querySelectorAll('#path .piece')).map("
@@ -92,7 +102,7 @@ void TestSavePage::namesThePartsInWords()
                        "    return style.borderBottomStyle + style.borderBottomWidth;"
                        "})")
                 .toStringList();
-        QCOMPARE(QSet<QString>(lines.begin(), lines.end()).size(), 4);
+        QCOMPARE(QSet<QString>(lines.begin(), lines.end()).size(), 6);
     }));
 }
 
@@ -596,7 +606,8 @@ void TestSavePage::tellsWhatIsMissing()
         else
             visit.host.removeDocument(key);
     }
-    for (const char *page : {"exportdialog", "snapshotdialog", "layoutsavedialog"}) {
+    for (const char *page : {"exportdialog", "snapshotdialog", "layoutsavedialog",
+                             "reportExportDialog", "batchconverter"}) {
         QVERIFY(visit.open(page, [&](QDialog &, GUI_WebView *view) {
             QCOMPARE(text(view, "#noTargets"), told);
             QVERIFY(!isEnabled(view, "#save"));
@@ -673,6 +684,137 @@ void TestSavePage::tellsAFailure()
         QVERIFY(isEnabled(view, "#save"));
     }));
     QCOMPARE(visit.host.handledErrors(), QStringList("fileNameAddition failed"));
+}
+
+void TestSavePage::eachSettingMovesThePath_data()
+{
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<QString>("typed"); // null: a box that is clicked
+    QTest::addColumn<QVariantMap>("more");
+    QTest::addColumn<QString>("path");
+    const auto box = [](const char *id, const char *path, const QVariantMap &more = {}) {
+        QTest::newRow(id) << id << QString() << more << path;
+    };
+    const auto text = [](const char *id, const char *typed, const char *path,
+                         const QVariantMap &more = {}) {
+        QTest::newRow(id) << id << typed << more << path;
+    };
+    const QVariantMap time{{"filenameaddtime", true}};
+    QVariantMap group = time;
+    group["groupdirasfilename"] = true;
+    QVariantMap sub = time;
+    sub["subdirasfilename"] = true;
+    box("groupUse", "Sub/Shot");
+    box("groupAsFile", "Shot/Sub/Shot");
+    box("groupWithOptions", "Shot_f/Sub/Shot_f", group);
+    box("groupNumber", "Run_S01/Sub/Shot");
+    box("groupTime", "Run_g/Sub/Shot");
+    box("subUse", "Run/Shot");
+    box("subAsFile", "Run/Shot/Shot");
+    box("subWithOptions", "Run/Shot_f/Shot_f", sub);
+    box("subNumber", "Run/Sub_S01/Shot");
+    box("subTime", "Run/Sub_s/Shot");
+    box("fileNumber", "Run/Sub/Shot_S0001");
+    box("fileTime", "Run/Sub/Shot_f");
+    text("groupName", "G", "G/Sub/Shot");
+    text("subName", "S", "Run/S/Shot");
+    text("fileName", "F", "Run/Sub/F");
+    text("fileText", "T", "Run/Sub/Shot_T");
+    text("groupTimeFormat", "'x'", "Run_x/Sub/Shot", {{"groupdiraddtime", true}});
+    text("subTimeFormat", "'x'", "Run/Sub_x/Shot", {{"subdiraddtime", true}});
+    text("fileTimeFormat", "'x'", "Run/Sub/Shot_x", time);
+}
+
+void TestSavePage::eachSettingMovesThePath()
+{
+    QFETCH(QString, id);
+    QFETCH(QString, typed);
+    QFETCH(QVariantMap, more);
+    QFETCH(QString, path);
+    SaveVisit visit;
+    visit.numberFiles();
+    visit.set("export/filenameaddnumber", false);
+    for (const QString level : {"export/groupdir", "export/subdir"}) {
+        visit.set(level, true);
+        visit.set(level + "addnumberformat", "");
+        visit.set(level + "addnumbercameranodigits", 0);
+        visit.set(level + "addnumberheadnodigits", 0);
+        visit.set(level + "addnumbersessionnodigits", 2);
+    }
+    visit.set("export/groupdirname", "Run");
+    visit.set("export/subdirname", "Sub");
+    visit.set("export/groupdiraddtimeformat", "'g'");
+    visit.set("export/subdiraddtimeformat", "'s'");
+    visit.set("export/filenameaddtimeformat", "'f'");
+    for (auto each = more.cbegin(); each != more.cend(); ++each)
+        visit.set("export/" + each.key(), each.value());
+    QVERIFY(visit.open("exportdialog", [&](QDialog &, GUI_WebView *view) {
+        if (typed.isNull())
+            QVERIFY(click(view, '#' + id));
+        else
+            QVERIFY(typeInto(view, id, typed) && press(view, Qt::Key_Tab));
+        QCOMPARE(shownPath(view), path); // at once, without a pause
+    }));
+}
+
+void TestSavePage::tellsWhyADirectoryHasItsNumber()
+{
+    SaveVisit visit;
+    visit.numberFiles();
+    for (const QString level : {"export/groupdir", "export/subdir"}) {
+        visit.set(level, true);
+        visit.set(level + "addnumber", true);
+        visit.set(level + "addnumberformat", "");
+        visit.set(level + "addnumbercameranodigits", 0);
+        visit.set(level + "addnumberheadnodigits", 0);
+        visit.set(level + "addnumbersessionnodigits", 2);
+    }
+    visit.set("export/groupdirname", "Run");
+    visit.set("export/subdirname", "Sub");
+    visit.touch("Run_S01/x");
+    visit.touch("Sub_S01/x");
+    visit.touch("Sub_S02/x");
+    const LogCapture log; // "exists"
+    QVERIFY(visit.open("exportdialog", [&](QDialog &, GUI_WebView *view) {
+        QCOMPARE(shownPath(view), QString("Run_S02/Sub_S03/Shot_S0001"));
+        QCOMPARE(
+            linesOf(view, "reasons").mid(0, 2),
+            QStringList({"Group directory 02: 01 exists", "Sub directory 03: 01 to 02 exist"}));
+    }));
+}
+
+void TestSavePage::tellsWhatExistsAndWhatIsPlanned()
+{
+    SaveVisit visit;
+    visit.numberFiles();
+    visit.touch("Shot_S0001.avi");
+    QVERIFY(visit.open("exportdialog", [&](QDialog &, GUI_WebView *view) {
+        QVERIFY(click(view, "#target-1-1"));
+        QVERIFY(press(view, Qt::Key_A, Qt::ControlModifier));
+        QVERIFY(click(view, "#nextTarget"));
+        QCOMPARE(shownPath(view), QString("Shot_S0003"));
+        QVERIFY(linesOf(view, "reasons")
+                    .contains(
+                        "File name 0003: of 0001 to 0002 exist 1, and this save takes the others"));
+    }));
+}
+
+void TestSavePage::tellsWhatLiveModeHas()
+{
+    SaveVisit visit;
+    visit.host.setMode(StandInHost::Mode::Live);
+    for (DOCKEY key : {1, 2})
+        visit.host.camera(key)->state().currentPartition = 1;
+    QVERIFY(visit.open("exportdialog", [&](QDialog &, GUI_WebView *view) {
+        QCOMPARE(count(view, "#targets .target"), 2);
+        QCOMPARE(text(view, "#noPreview"), QString("Live pictures are not shown here."));
+        QVERIFY(!isEnabled(view, "#nextFrame"));
+    }));
+    for (DOCKEY key : {1, 2})
+        visit.host.camera(key)->state().partitions = {{1, "A", 0, 1000}};
+    QVERIFY(visit.open("exportdialog", [&](QDialog &, GUI_WebView *view) {
+        QCOMPARE(text(view, "#noTargets"), QString("Nothing is recorded yet."));
+    }));
 }
 
 int main(int argc, char **argv)

@@ -288,8 +288,13 @@ void TestSavePreview::changesNothing()
         QDirIterator it(cameras.folder.path(),
                         QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
                         QDirIterator::Subdirectories);
-        while (it.hasNext())
-            paths.append(it.next());
+        while (it.hasNext()) {
+            it.next();
+            const QFileInfo info = it.fileInfo();
+            paths.append(QString("%1 %2 %3")
+                             .arg(info.filePath(), QString::number(info.size()),
+                                  info.lastModified().toString(Qt::ISODateWithMs)));
+        }
         paths.sort();
         return paths;
     };
