@@ -191,7 +191,7 @@ void TestDevScript::configuresBuildsAndTests()
     QCOMPARE(machine.dev({"test", "-R", "lock"}), 0);
     QCOMPARE(machine.calls(),
              QStringList({"cmake --fresh --preset dev", "cmake --build --preset dev",
-                          "ctest --preset dev -j 3 -R lock"}));
+                          "ctest --preset dev -j 6 -R lock"}));
 }
 
 void TestDevScript::configuresOnlyWhenItMust()
@@ -200,7 +200,7 @@ void TestDevScript::configuresOnlyWhenItMust()
     QCOMPARE(machine.dev({"test"}), 0);
     QCOMPARE(machine.dev({"test"}), 0);
     QCOMPARE(machine.calls(),
-             QStringList({"cmake --build --preset dev", "ctest --preset dev -j 3"}));
+             QStringList({"cmake --build --preset dev", "ctest --preset dev -j 6"}));
 
     // The whole checkout was moved.
     QVERIFY(QDir(machine.path("")).rename("checkout", "moved"));
@@ -214,7 +214,7 @@ void TestDevScript::testsUnderTheSanitizers()
     QCOMPARE(machine.dev({"sanitize"}), 0);
     QCOMPARE(machine.calls(),
              QStringList({"cmake --fresh --preset sanitize", "cmake --build --preset sanitize",
-                          "ctest --preset sanitize -j 3"}));
+                          "ctest --preset sanitize -j 6"}));
 }
 
 void TestDevScript::endsWithTheStatusOfTheTests()
