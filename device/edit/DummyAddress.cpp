@@ -9,8 +9,7 @@ const QLatin1String Network("999.999.999.");
 // 0 for what is none: a sign, a blank or a leading zero make another address.
 int numberOf(const QString &address)
 {
-    const int digits = address.size() - Network.size();
-    if (digits < 1 || digits > 3 || !address.startsWith(Network))
+    if (!address.startsWith(Network))
         return 0;
     int number = 0;
     for (int i = Network.size(); i < address.size(); ++i) {
@@ -18,8 +17,10 @@ int numberOf(const QString &address)
         if (letter < '0' || letter > '9' || (number == 0 && letter == '0'))
             return 0;
         number = 10 * number + (letter - '0');
+        if (number > Count)
+            return 0;
     }
-    return number <= Count ? number : 0;
+    return number;
 }
 
 }
