@@ -19,7 +19,7 @@ signals:
     void selectionChanged();
     void modeChanged(int mode); ///< 0 live, 1 memory, 2 file
     void lockChanged(bool locked);
-    void cameraSettingsChanged(DOCKEY key); ///< shutter, record rate or region
+    void cameraSettingsChanged(DOCKEY key); ///< shutter, record rate, region or device
     void viewChanged(DOCKEY key);           ///< rotation, flips, zoom, scroll, binning
     void documentRefreshed(DOCKEY key);     ///< the picture shall be drawn anew
     void documentInfoChanged();

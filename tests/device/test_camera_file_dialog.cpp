@@ -54,6 +54,8 @@ private slots:
     void failureWhileConstructedReachesTheCaller();
     void messagesAreTranslatedAndStandOverTheDialog();
     void cameraThatHasGoneMakesNoRow();
+    void partsHaveTheirPlaces();
+    void saveTakesNamesThatAreNew();
 };
 
 namespace {
@@ -579,6 +581,70 @@ void TestCameraFileDialog::cameraThatHasGoneMakesNoRow()
     scene.host.answerNullOn("deviceByKey"); // the first that is asked for
     scene.open();
     QCOMPARE(scene.presets().size(), 1);
+}
+
+// A part as it lies in the dialog.
+void TestCameraFileDialog::partsHaveTheirPlaces()
+{
+    Scene scene;
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
+    scene.host.clearJournal();
+    scene.dialog =
+        std::make_unique<GUI_CameraFileDialog>(&scene.host, QFileDialog::AcceptOpen, nullptr);
+    const QStringList asked =
+        scene.host.journal().filter("deviceKeys") + scene.host.journal().filter("deviceByKey");
+    QCOMPARE(asked,
+             QStringList({"deviceKeys(true)", "deviceByKey(1, true)", "deviceByKey(2, true)"}));
+    QVERIFY(!QCoreApplication::testAttribute(Qt::AA_DontUseNativeDialogs)); // as it was
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QVERIFY(scene.dialog->testOption(QFileDialog::DontUseNativeDialog));
+    QCOMPARE(scene.dialog->fileMode(), QFileDialog::ExistingFile);
+    scene.dialog->show();
+    scene.check();
+    QVERIFY(QTest::qWaitForWindowExposed(scene.dialog.get()));
+
+    const QRect inside = scene.dialog->rect();
+    const auto place = [&](const QWidget *widget) {
+        return QRect(widget->mapTo(scene.dialog.get(), QPoint()), widget->size());
+    };
+    auto *ok = scene.find<QPushButton>("ok");
+    const QRect check = place(scene.find<QCheckBox>("checkLoadCamera"));
+    const QRect cancel = place(scene.find<QPushButton>("cancel"));
+    const QRect cameras = place(scene.find<QWidget>("cameras"));
+    const QRect files = place(scene.find<QWidget>("splitter"));
+    QVERIFY(ok->isDefault());
+    // The buttons stand in a row below all, at its right end.
+    QVERIFY(place(ok).top() > files.bottom() && place(ok).top() > cameras.bottom());
+    QVERIFY(qAbs(place(ok).center().y() - check.center().y()) < 5);
+    QVERIFY(qAbs(place(ok).center().y() - cancel.center().y()) < 5);
+    QVERIFY(check.right() < place(ok).left() && place(ok).right() < cancel.left());
+    QVERIFY(check.left() < 20 && inside.right() - cancel.right() < 20);
+    // The cameras stand to the right of the files, as high as all of the chooser.
+    QVERIFY(cameras.left() > files.right());
+    QVERIFY(cameras.top() < 20 && cameras.bottom() > files.bottom());
+    QVERIFY(inside.right() - cameras.right() < 20);
+
+    const QList<QLabel *> labels = scene.find<QWidget>("cameras")->findChildren<QLabel *>();
+    QCOMPARE(labels.size(), scene.presets().size());
+    for (int i = 0; i < labels.size(); ++i) {
+        const QComboBox *box = scene.presets().at(i);
+        const QRect name = place(labels.at(i));
+        QCOMPARE(labels.at(i)->textFormat(), Qt::PlainText);
+        QCOMPARE(labels.at(i)->buddy(), box);
+        QCOMPARE(box->accessibleName(), labels.at(i)->text());
+        QVERIFY(qAbs(name.center().y() - place(box).center().y()) < 5);
+        QVERIFY(name.right() < place(box).left());
+        QVERIFY(name.left() - cameras.left() < 20);
+        QVERIFY(cameras.right() - place(box).right() < 20);  // what is left of the width
+        QVERIFY(place(box).bottom() < cameras.center().y()); // above the room that is left
+    }
+}
+
+void TestCameraFileDialog::saveTakesNamesThatAreNew()
+{
+    Scene scene;
+    scene.open(QFileDialog::AcceptSave);
+    QCOMPARE(scene.dialog->fileMode(), QFileDialog::AnyFile);
 }
 
 int main(int argc, char **argv)

@@ -79,12 +79,14 @@ void TestDiscoveryDialogs::windowsAreAsTold()
     QCOMPARE(search.windowTitle(), QStringLiteral("Suche"));
     QCOMPARE(search.mediator()->objectName(), QStringLiteral("discoverysearch"));
     QVERIFY(dynamic_cast<Discovery *>(search.mediator()));
+    QCOMPARE(search.size(), QSize(780, 520));
 
     const GUI_CameraNetworkSettingDialog setting(&host, &parent);
     QCOMPARE(setting.parentWidget(), &parent);
     QCOMPARE(setting.windowTitle(), QStringLiteral("Netz"));
     QCOMPARE(setting.mediator()->objectName(), QStringLiteral("cameranetworksetting"));
     QVERIFY(dynamic_cast<Setting *>(setting.mediator()));
+    QCOMPARE(setting.size(), QSize(460, 300));
 }
 
 void TestDiscoveryDialogs::methodsStandInOrder()

@@ -337,6 +337,9 @@ void TestSelectBox::currentPartitionIsTold()
     QCOMPARE(bridge.mediator.getCurrentPartition(), 3);
     QCOMPARE(bridge.closings, 0);
     QCOMPARE(log.texts(), QStringList());
+    bridge.host.failOn("currentDocument");
+    QCOMPARE(bridge.mediator.getCurrentPartition(), 0);
+    QCOMPARE(bridge.host.handledErrors(), QStringList("currentDocument failed"));
 }
 
 void TestSelectBox::boxClosesBeforeTheValueTakesEffect_data()
@@ -547,6 +550,7 @@ void TestSelectBox::boxIsFilledOncePerRequest()
     QCOMPARE(filled.count(), 1);
     QCOMPARE(sized.count(), 1);
     QCOMPARE(shown.page.text(QStringLiteral("list")), QString());
+    QCOMPARE(shown.host.handledErrors(), QStringList());
 }
 
 void TestSelectBox::boxHasItsPage()
@@ -554,6 +558,12 @@ void TestSelectBox::boxHasItsPage()
     Box shown;
     QVERIFY(shown.page.isFound());
     QCOMPARE(shown.box.webView()->url(), QUrl(QStringLiteral("qrc:/selectbox.html")));
+    shown.box.showPartitions({1, 2}, Field);
+    QCOMPARE(shown.box.webView()->geometry(), shown.box.rect());
+    QCOMPARE(shown.box.focusProxy(), shown.box.webView());
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);
+    QCoreApplication::sendEvent(&shown.box, &key);
+    QVERIFY(!key.isAccepted()); // it is not the box's
 }
 
 void TestSelectBox::emptyBoxCloses_data()
@@ -775,27 +785,42 @@ void TestSelectBox::boxStandsByItsField_data()
     QTest::addColumn<QRect>("field");
     QTest::addColumn<int>("rows");
     QTest::addColumn<QRect>("place");
-    // On a screen of 800 by 600, with rows of 24 and a border of 1.
-    QTest::newRow("below, as wide") << QRect(100, 80, 120, 20) << 3 << QRect(100, 100, 120, 74);
-    QTest::newRow("above, where there is more room")
-        << QRect(100, 560, 120, 20) << 3 << QRect(100, 486, 120, 74);
-    QTest::newRow("cut below") << QRect(100, 100, 120, 20) << 100 << QRect(100, 120, 120, 480);
-    QTest::newRow("cut above") << QRect(100, 400, 120, 20) << 100 << QRect(100, 0, 120, 400);
-    QTest::newRow("narrow field") << QRect(100, 80, 10, 20) << 1 << QRect(100, 100, 80, 26);
-    QTest::newRow("at the right edge") << QRect(750, 80, 120, 20) << 1 << QRect(680, 100, 120, 26);
-    QTest::newRow("left of the screen") << QRect(-50, 80, 120, 20) << 1 << QRect(0, 100, 120, 26);
-    QTest::newRow("no rows") << QRect(100, 80, 120, 20) << 0 << QRect(100, 100, 120, 26);
-    QTest::newRow("negative rows") << QRect(100, 80, 120, 20) << -5 << QRect(100, 100, 120, 26);
-    QTest::newRow("wider than the screen") << QRect(0, 80, 2000, 20) << 1 << QRect(0, 100, 800, 26);
-    QTest::newRow("row count out of range")
-        << QRect(100, 80, 120, 20) << 2147483647 << QRect(100, 100, 120, 500);
+    QTest::addColumn<QRect>("screen");
+    const QRect screen(0, 0, 800, 600);
+    const auto row = [](const char *name, const QRect &on, const QRect &field, int rows,
+                        const QRect &place) {
+        QTest::newRow(name) << field << rows << place << on;
+    };
+    // With rows of 24 and a border of 1.
+    row("below, as wide", screen, QRect(100, 80, 120, 20), 3, QRect(100, 100, 120, 74));
+    row("above, where there is more room", screen, QRect(100, 560, 120, 20), 3,
+        QRect(100, 486, 120, 74));
+    row("cut below", screen, QRect(100, 100, 120, 20), 100, QRect(100, 120, 120, 480));
+    row("cut above", screen, QRect(100, 400, 120, 20), 100, QRect(100, 0, 120, 400));
+    row("narrow field", screen, QRect(100, 80, 10, 20), 1, QRect(100, 100, 80, 26));
+    row("at the right edge", screen, QRect(750, 80, 120, 20), 1, QRect(680, 100, 120, 26));
+    row("left of the screen", screen, QRect(-50, 80, 120, 20), 1, QRect(0, 100, 120, 26));
+    row("no rows", screen, QRect(100, 80, 120, 20), 0, QRect(100, 100, 120, 26));
+    row("negative rows", screen, QRect(100, 80, 120, 20), -5, QRect(100, 100, 120, 26));
+    row("wider than the screen", screen, QRect(0, 80, 2000, 20), 1, QRect(0, 100, 800, 26));
+    row("row count out of range", screen, QRect(100, 80, 120, 20), 2147483647,
+        QRect(100, 100, 120, 500));
+    const QRect second(1000, 200, 800, 600);
+    row("just fits below", second, QRect(1100, 706, 120, 20), 3, QRect(1100, 726, 120, 74));
+    row("as much room above as below", second, QRect(1100, 490, 120, 20), 100,
+        QRect(1100, 510, 120, 290));
+    row("cut above on a lower screen", second, QRect(1100, 760, 120, 20), 100,
+        QRect(1100, 200, 120, 560));
+    row("lower than a row and the field", QRect(0, 0, 800, 30), QRect(100, 5, 120, 20), 1,
+        QRect(100, 6, 120, 24));
 }
 
 void TestSelectBox::boxStandsByItsField()
 {
     QFETCH(QRect, field);
     QFETCH(int, rows);
-    QTEST(SelectBoxPlacement::place(field, rows, QRect(0, 0, 800, 600)), "place");
+    QFETCH(QRect, screen);
+    QTEST(SelectBoxPlacement::place(field, rows, screen), "place");
 }
 
 void TestSelectBox::boxLeavesNothingBehind()
