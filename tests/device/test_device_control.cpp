@@ -119,6 +119,19 @@ const QStringList PausedElsewhere = {"prepareSelectAll()", "documentsMutex()", "
 QStringList dialogsRun;
 QVector<QWidget *> parentsOfRun;
 
+// Whatever `operation` has failed in, nothing that was begun goes on.
+void checkEnd(StandInHost &host, const QString &operation, bool macro)
+{
+    QStringList end = {"resumeLive()", "errorHandler(\"" + operation + " failed\")"};
+    if (macro)
+        end.prepend("endUndoMacro()");
+    QCOMPARE(host.commands().mid(host.commands().size() - end.size()), end);
+    QCOMPARE(host.openMacros(), 0);
+    QCOMPARE(host.livePauses(), 0);
+    QVERIFY(host.documentsMutex()->tryLock());
+    host.documentsMutex()->unlock();
+}
+
 }
 
 Q_DECLARE_METATYPE(StandInHost::Mode)
@@ -630,14 +643,7 @@ void TestDeviceControl::failureEndsWhatWasBegun()
     control.host.clearJournal();
     control.host.failOn(operation);
     control.mediator->selectDoc(1);
-    QStringList end = {"resumeLive()", "errorHandler(\"" + operation + " failed\")"};
-    if (macro)
-        end.prepend("endUndoMacro()");
-    QCOMPARE(control.host.commands().mid(control.host.commands().size() - end.size()), end);
-    QCOMPARE(control.host.openMacros(), 0);
-    QCOMPARE(control.host.livePauses(), 0);
-    QVERIFY(control.host.documentsMutex()->tryLock());
-    control.host.documentsMutex()->unlock();
+    checkEnd(control.host, operation, macro);
 }
 
 void TestDeviceControl::busyListIsNoReasonToWait()
@@ -712,14 +718,7 @@ void TestDeviceControl::failedUnselectionEndsWhatWasBegun()
     control.host.clearJournal();
     control.host.failOn(operation);
     control.mediator->unselectDoc(1);
-    QStringList end = {"resumeLive()", "errorHandler(\"" + operation + " failed\")"};
-    if (macro)
-        end.prepend("endUndoMacro()");
-    QCOMPARE(control.host.commands().mid(control.host.commands().size() - end.size()), end);
-    QCOMPARE(control.host.openMacros(), 0);
-    QCOMPARE(control.host.livePauses(), 0);
-    QVERIFY(control.host.documentsMutex()->tryLock());
-    control.host.documentsMutex()->unlock();
+    checkEnd(control.host, operation, macro);
 }
 
 void TestDeviceControl::documentIsUnselectedInEachMode_data()
