@@ -127,6 +127,8 @@ void TestCameraNameList::bytesAreDecoded_data()
     QTest::newRow("katakana of a byte each")
         << QByteArray("\xb6\xd2\xd7") << true
         << QString::fromUtf8("\xef\xbd\xb6\xef\xbe\x92\xef\xbe\x97");
+    QTest::newRow("the first byte that is no ASCII")
+        << QByteArray("a\x80") << false << QString("a") + QChar(QChar::ReplacementCharacter);
     QTest::newRow("neither") << QByteArray("a\xff") << false
                              << QString("a") + QChar(QChar::ReplacementCharacter);
     QTest::newRow("half a character of Shift-JIS")

@@ -591,6 +591,7 @@ void TestKeys::triggerModesWithTheirCodes()
     }
     QCOMPARE(Keys::triggerModes[15].name, QString("None Error Trg"));
     QVERIFY(!Keys::triggerModes[15].hasCode);
+    QCOMPARE(Keys::triggerModes[15].code, 0u);
 }
 
 void TestKeys::areThereBeforeTheyAreUsed()

@@ -89,6 +89,8 @@ void TestLogGroups::masksSecrets_data()
     QTest::newRow("new in front, capitals") << "NEWPASSCODE" << true;
     QTest::newRow("capital in a row of capitals") << "KVPassword" << true;
     QTest::newRow("capitals before a word") << "PASSWORDText" << true;
+    QTest::newRow("capitals behind a small letter") << "userPASSWORD" << true;
+    QTest::newRow("capitals behind one small letter") << "KvPASSWORD" << true;
     QTest::newRow("beside a digit") << "1pass2" << true;
     QTest::newRow("last of three words") << "a.b-pass" << true;
     QTest::newRow("compass") << "compass" << false;
