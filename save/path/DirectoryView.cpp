@@ -2,8 +2,11 @@
 
 #include <QFile>
 #include <QTextCodec>
+#include <QtMath>
 
+#include <algorithm>
 #include <cstring>
+#include <memory>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -11,30 +14,14 @@
 
 namespace {
 
-constexpr int FewestPlaces = 16;
-constexpr int MostTables = 16;
-
-// FNV-1a over the units.
-quint32 hashOf(const QChar *letters, int count)
-{
-    quint32 hash = 2166136261u;
-    for (int i = 0; i < count; ++i)
-        hash = (hash ^ letters[i].unicode()) * 16777619u;
-    return hash ^ (hash >> 15);
-}
-
-bool isSame(const QChar *left, const QChar *right, int count)
-{
-    return std::memcmp(left, right, std::size_t(count) * sizeof(QChar)) == 0;
-}
-
 bool isAscii(const char *text)
 {
-    for (; *text != 0; ++text) {
-        if (*text & 0x80)
-            return false;
-    }
-    return true;
+    return std::all_of(text, text + std::strlen(text), [](char unit) { return unit > 0; });
+}
+
+QChar folded(QChar unit)
+{
+    return unit >= 'A' && unit <= 'Z' ? QChar(unit.unicode() + ('a' - 'A')) : unit;
 }
 
 bool isUtf8(const char *text)
@@ -87,21 +74,9 @@ bool DirectoryView::hasFileBeginning(const QString &letters)
 {
     if (!m_isRead)
         read();
-    const int length = letters.size();
-    if (length > m_longest)
-        return false;
-    const QString folded = letters.toCaseFolded();
-    const Table &table = tableOf(length);
-    const quint32 mask = quint32(table.places.size()) - 1;
-    const quint32 hash = hashOf(folded.constData(), length);
-    for (quint32 at = hash & mask; table.places.at(int(at)) != 0; at = (at + 1) & mask) {
-        if (table.hashes.at(int(at)) != hash)
-            continue;
-        const int file = int(table.places.at(int(at))) - 1;
-        if (isSame(m_names.constData() + m_starts.at(file), folded.constData(), length))
-            return true;
-    }
-    return false;
+    const QString begin = letters.toCaseFolded();
+    const Table &table = tableOf(begin.size());
+    return table.at(int(placeOf(table, begin))) != 0;
 }
 
 void DirectoryView::read()
@@ -122,13 +97,8 @@ void DirectoryView::add(const char *name)
 {
     if (isAscii(name)) {
         const int begin = m_names.size();
-        const int count = int(std::strlen(name));
-        m_names.resize(begin + count);
-        QChar *out = m_names.data() + begin;
-        for (int i = 0; i < count; ++i) {
-            const char unit = name[i];
-            out[i] = QLatin1Char(unit >= 'A' && unit <= 'Z' ? char(unit + 'a' - 'A') : unit);
-        }
+        m_names += QLatin1String(name);
+        std::transform(m_names.begin() + begin, m_names.end(), m_names.begin() + begin, folded);
     } else if (isUtf8(name)) {
         // At the beginning of a text a mark of byte order would be left out.
         m_names += QFile::decodeName(QByteArray("/") + name).toCaseFolded().midRef(1);
@@ -136,40 +106,34 @@ void DirectoryView::add(const char *name)
         return;
     }
     m_starts.append(m_names.size());
-    m_longest = qMax(m_longest, lengthOf(m_starts.size() - 2));
 }
 
 const DirectoryView::Table &DirectoryView::tableOf(int length)
 {
-    const auto known = m_tables.constFind(length);
-    if (known != m_tables.constEnd())
+    if (const Table *known = m_tables.object(length))
         return *known;
-    // Numbers have few lengths. A directory is no reason for more memory than so many tables.
-    if (m_tables.size() == MostTables)
-        m_tables.clear();
-
     const int files = m_starts.size() - 1;
-    int size = FewestPlaces;
-    while (size < 2 * files)
-        size *= 2;
-    Table table;
-    table.places.fill(0, size);
-    table.hashes.fill(0, size);
-    const quint32 mask = quint32(size) - 1;
-    quint32 *places = table.places.data();
-    quint32 *hashes = table.hashes.data();
+    auto table = std::make_unique<Table>(int(qNextPowerOfTwo(2 * quint32(files))), 0);
     for (int file = 0; file < files; ++file) {
-        if (lengthOf(file) < length)
+        const int begin = m_starts.at(file);
+        if (m_starts.at(file + 1) - begin < length)
             continue;
-        const QChar *name = m_names.constData() + m_starts.at(file);
-        const quint32 hash = hashOf(name, length);
-        quint32 at = hash & mask;
-        while (places[at] != 0 &&
-               !(hashes[at] == hash &&
-                 isSame(m_names.constData() + m_starts.at(int(places[at]) - 1), name, length)))
-            at = (at + 1) & mask;
-        places[at] = quint32(file) + 1;
-        hashes[at] = hash;
+        const quint32 at = placeOf(*table, QStringView(m_names).mid(begin, length));
+        (*table)[int(at)] = quint32(file) + 1;
     }
-    return *m_tables.insert(length, table);
+    const Table &result = *table;
+    m_tables.insert(length, table.release());
+    return result;
+}
+
+quint32 DirectoryView::placeOf(const Table &table, QStringView letters) const
+{
+    const quint32 mask = quint32(table.size()) - 1;
+    quint32 at = qHash(letters) & mask;
+    while (const quint32 place = table.at(int(at))) {
+        if (QStringView(m_names).mid(m_starts.at(int(place) - 1), letters.size()) == letters)
+            break;
+        at = (at + 1) & mask;
+    }
+    return at;
 }

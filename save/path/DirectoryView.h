@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QHash>
+#include <QCache>
 #include <QString>
 #include <QVector>
 
@@ -26,21 +26,21 @@ public:
 private:
     /// The files by the first so many letters of their names: places in m_starts, each plus one, in
     /// an open table of a power of two; 0 is free.
-    struct Table
-    {
-        QVector<quint32> places;
-        QVector<quint32> hashes;
-    };
+    using Table = QVector<quint32>;
+
+    // Numbers have few lengths. A directory is no reason for more memory than so many tables.
+    static constexpr int MostTables = 16;
 
     void read();
     void add(const char *name);
     const Table &tableOf(int length);
-    int lengthOf(int file) const { return m_starts.at(file + 1) - m_starts.at(file); }
+
+    /// Where a file with these first letters stands in a table, or its free place.
+    quint32 placeOf(const Table &table, QStringView letters) const;
 
     QString m_path;
     bool m_isRead = false;
     QString m_names; ///< all names one behind the other, folded, which keeps each letter's place
-    QVector<int> m_starts; ///< where each name begins, and the end of the last
-    int m_longest = 0;
-    QHash<int, Table> m_tables; ///< by length
+    QVector<int> m_starts;                   ///< where each name begins, and the end of the last
+    QCache<int, Table> m_tables{MostTables}; ///< by length
 };
