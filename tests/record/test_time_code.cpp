@@ -49,6 +49,9 @@ private slots:
     void resetValueSurvivesUpToAFrame();
     void numbersThatAreNoneAreStoredAsZero_data();
     void numbersThatAreNoneAreStoredAsZero();
+    void wholeHoursAreHours();
+    void amountIsRoundedAboveAHalf_data();
+    void amountIsRoundedAboveAHalf();
 };
 
 namespace {
@@ -758,6 +761,27 @@ void TestTimeCode::numbersThatAreNoneAreStoredAsZero()
     QCOMPARE(back.oneFrame, 0.0);
     QCOMPARE(back.startValue, 0.0);
     QCOMPARE(back.resetValue, 0.0);
+}
+
+void TestTimeCode::wholeHoursAreHours()
+{
+    TimeCodeText::TimeFormat format;
+    format.scopeDisplayIndex = 0;
+    QCOMPARE(TimeCodeText::timeText(qint64(7200) * 1000000000, format), QString("02:00:00 "));
+}
+
+void TestTimeCode::amountIsRoundedAboveAHalf_data()
+{
+    QTest::addColumn<double>("amount");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("above a half") << 0.00146 << "000.0015 deg";
+    QTest::newRow("below a half") << 2.00004 << "002.0000 deg";
+}
+
+void TestTimeCode::amountIsRoundedAboveAHalf()
+{
+    QFETCH(double, amount);
+    QTEST(TimeCodeText::amountText(amount, "deg"), "text");
 }
 
 int main(int argc, char **argv)

@@ -42,6 +42,7 @@ private slots:
     void digitsAreRead();
     void digitsWithoutAHost();
     void numberIsComposed();
+    void settingsAreReadInTheirOrder();
 
 private:
     void setLevels(const QString &suffix, const QVariant &value);
@@ -424,6 +425,37 @@ void TestPathFolders::numberIsComposed()
 {
     QCOMPARE(PathComposer::composeNumberText(3, 1, 12, 2, 0, 4), QString("C03S0012"));
     QCOMPARE(PathComposer::composeNumberText(1, 2, 3, 1, 2, 0), QString("C1H02"));
+}
+
+void TestPathFolders::settingsAreReadInTheirOrder()
+{
+    for (const char *suffix : {"", "addnumber", "addtime"})
+        set(QString("export/subdir") + suffix, true);
+    set("export/subdirname", "Run");
+    set("export/subdiraddnumberformat", "auto");
+    m_host->clearJournal();
+    PathComposer::composeSubDir(m_host.get(), 1, m_camera.get(), "Shot", moment());
+    QCOMPARE(m_host->journal(),
+             QStringList({"getPrefBool(\"export/subdir\", invalid)",
+                          "getPrefBool(\"export/subdirasfilename\", invalid)",
+                          "getPrefString(\"export/subdirname\", invalid)",
+                          "getPrefBool(\"export/subdiraddnumber\", invalid)",
+                          "getPrefString(\"export/subdiraddnumberformat\", invalid)",
+                          "getPrefInt(\"export/subdiraddnumbercameranodigits\", invalid)",
+                          "getPrefInt(\"export/subdiraddnumberheadnodigits\", invalid)",
+                          "getPrefInt(\"export/subdiraddnumbersessionnodigits\", invalid)",
+                          "getPrefBool(\"export/subdiraddtime\", invalid)",
+                          "getPrefString(\"export/subdiraddtimeformat\", invalid)",
+                          "getPrefBool(\"export/subdirasfilenameincludeoption\", invalid)",
+                          "isFileMode()",
+                          "[100].cameraNumber()",
+                          "[100].headNumber()",
+                          "[100].cameraCount()",
+                          "[100].headInterface()",
+                          "[100].headCount()",
+                          "getPrefBool(\"export/singlepath\", invalid)",
+                          "getPrefString(\"export/dir\", invalid)",
+                          "isPlannedDir(\"" + base() + "Run_C1S0001/\")"}));
 }
 
 int main(int argc, char *argv[])

@@ -48,6 +48,7 @@ private slots:
     void additionThatReadsTheSameIsPassedOver();
     void numberPastTheLastIsRefused();
     void documentIsAskedForItsAddition();
+    void settingsAreReadInTheirOrder();
 };
 
 void TestPathNames::baseIsComposed_data()
@@ -634,6 +635,34 @@ void TestPathNames::documentIsAskedForItsAddition()
     QCOMPARE(m_host->journal().filter("fileNameAddition("),
              QStringList({"[100].fileNameAddition(1, 7, 1, \"2017-06-05T07:08:09\")",
                           "[100].fileNameAddition(1, 7, 2, \"2017-06-05T07:08:09\")"}));
+}
+
+void TestPathNames::settingsAreReadInTheirOrder()
+{
+    m_camera->addition = numbered("");
+    m_host->clearJournal();
+    PathComposer::composeFileName(m_host.get(), 1, m_camera.get(), 7, true, moment());
+    QCOMPARE(m_host->journal(),
+             QStringList({"getPrefString(\"export/media\", invalid)",
+                          "getPrefString(\"export/filename\", invalid)",
+                          "getPrefBool(\"export/filenameasoriginal\", invalid)",
+                          "getPrefBool(\"export/filenameaspartitionname\", invalid)",
+                          "getPrefBool(\"export/filenameusecustom\", invalid)",
+                          "getPrefBool(\"export/filenameusecustomfromtarget\", invalid)",
+                          "getPrefInt(\"export/filenameusecustomfromtargetkey\", invalid)",
+                          "getPrefBool(\"export/filenameusecustomincludeunit\", invalid)",
+                          "getPrefInt(\"export/filenameaddnumbersessionnodigits\", invalid)",
+                          "getPrefBool(\"export/filenameaddtime\", invalid)",
+                          "getPrefString(\"export/filenameaddtimeformat\", invalid)",
+                          "isFileMode()",
+                          "[100].fileNameAddition(1, 7, 1, \"2017-06-05T07:08:09\")",
+                          "getPrefBool(\"export/groupdir\", invalid)",
+                          "getPrefBool(\"export/groupdirasfilenameincludeoption\", invalid)",
+                          "getPrefBool(\"export/subdir\", invalid)",
+                          "getPrefBool(\"export/subdirasfilenameincludeoption\", invalid)",
+                          "getPrefBool(\"export/singlepath\", invalid)",
+                          "getPrefString(\"export/dir\", invalid)",
+                          "isPlannedFile(\"" + base() + "Shot_S0001\")"}));
 }
 
 int main(int argc, char *argv[])

@@ -326,6 +326,9 @@ void TestSaveFile::rawFormats()
         }
     }
     QCOMPARE(mediator.isRawFormat(format), isRaw || !setting.isEmpty());
+    host.failOn("getPrefBool");
+    QCOMPARE(mediator.isRawFormat(format), isRaw);
+    QCOMPARE(host.handledErrors().size(), setting.isEmpty() ? 0 : 1);
 }
 
 void TestSaveFile::numberSampleTakesTheDigitsOfItsLevel_data()
