@@ -2,6 +2,7 @@
 
 #include "contract/HostGuard.h"
 #include "foundation/Clock.h"
+#include "foundation/InfoItems.h"
 #include "foundation/Json.h"
 #include "foundation/SaveModes.h"
 #include "foundation/Utilities.h"
@@ -95,6 +96,14 @@ QJsonArray warningList(const QVector<PathWarning> &warnings)
     return list;
 }
 
+// Of a recording, and with a text.
+bool canStandInName(const InfoItem &item)
+{
+    const bool isOfRecording = item.usable[InfoItem::Memory] || item.usable[InfoItem::File] ||
+                               item.usable[InfoItem::SaveForm];
+    return isOfRecording && !item.label.isEmpty() && item.key != QLatin1String("Logo");
+}
+
 QString sizeText(const QString &volume)
 {
     return UTL::formatCapacity(quint64(std::max(QStorageInfo(volume).bytesFree(), qint64(0))));
@@ -147,6 +156,21 @@ QString SavePreview::path(int mode, const QString &key, int partitionNo, const Q
         record["freeOnVolume"] = sizeText(volume);
         record["toldVolume"] = PathWarnings::volumeOf(path.directory.left(slash + 1));
         return Json::compactText(record);
+    });
+}
+
+QString SavePreview::nameDetails()
+{
+    return guarded(&m_host, QString(), [&] {
+        QJsonArray list;
+        for (const InfoItem &item : infoItems) {
+            if (item.key.isEmpty())
+                break;
+            if (canStandInName(item))
+                list.append(
+                    QJsonObject{{"id", item.key}, {"label", m_host.infoItemLabel(item.key)}});
+        }
+        return Json::compactText(list);
     });
 }
 

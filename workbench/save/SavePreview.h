@@ -44,6 +44,11 @@ public:
     Q_INVOKABLE QString path(int mode, const QString &key, int partitionNo,
                              const QVariantList &before, const QString &time);
 
+    /// The items of information that a file's name can have, as JSON text: a list of "id" and
+    /// "label" in the order in which they are shown elsewhere. Those of a live picture and those
+    /// without a text are left out. Empty text on failure.
+    Q_INVOKABLE QString nameDetails();
+
     /// The characters of a name, or of a path, that none may hold, each once; of the names "." and
     /// ".." the whole name.
     Q_INVOKABLE QString forbiddenInName(const QString &name) const;

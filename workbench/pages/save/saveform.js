@@ -15,6 +15,11 @@ var SaveForm = function (page, changed, opened) {
     // The file's own folder counts where files are open, and in a conversion.
     var hasOriginalFolder = page.family === 'convert' || bridge.isFileMode();
     var samples = [];  // functions that draw one
+    var details = SaveDetails(key('filenameadddetails'), function (ids) {
+        store(true);
+        bridge.setPrefString(key('filenameadddetails'), ids);
+        changed(false);
+    });
 
     function key(suffix) {
         return page.family + '/' + suffix;
@@ -123,6 +128,13 @@ var SaveForm = function (page, changed, opened) {
     function caption(forId, label) {
         var made = Page.make('label', 'caption', Page.translate(label));
         made.htmlFor = forId;
+        return made;
+    }
+
+    // A caption within a line.
+    function beside(forId, label) {
+        var made = caption(forId, label);
+        made.className = 'beside';
         return made;
     }
 
@@ -265,6 +277,9 @@ var SaveForm = function (page, changed, opened) {
     function fileLevel() {
         var own = text('fileName', 'filename', 'File name', 'name');
         var behind = text('fileText', 'filenameaddtextvalue', 'Text behind the name', '');
+        var connect = text('fileDetailsConnect', 'filenameadddetailsconnect',
+            'Text before each item of information', '');
+        connect.element.classList.add('short');
         append(Page.get('file'), [
             Page.make('h2', '', Page.translate('File name')),
             element('div', 'options', [
@@ -278,6 +293,10 @@ var SaveForm = function (page, changed, opened) {
                 ]),
                 element('div', 'line', [caption('fileText', 'Suffix'), behind.element]),
                 numberLine('file', 'filename', 'FileName'),
+                element('div', 'line', [
+                    box('fileDetails', 'filenameadddetail', 'Information'),
+                    beside(connect.element.id, 'joined by'), connect.element]),
+                details.element,
                 timeLine('file', 'filename')
             ])
         ]);
@@ -338,6 +357,7 @@ var SaveForm = function (page, changed, opened) {
         document.querySelector('.line.custom').hidden = from !== 'custom';
         enable('fileDigits', isOn('fileNumber'));
         enable('fileTimeFormat', isOn('fileTime'));
+        enable('fileDetailsConnect', isOn('fileDetails'));
         if (hasOriginalFolder)
             enable('folder', !Page.get('asOriginal').checked);
         enable('chooseFolder', !Page.get('folder').disabled);
@@ -365,6 +385,7 @@ var SaveForm = function (page, changed, opened) {
                     control.element.value = value;
             });
             Page.setChoice(Page.get('fileSource'), source());
+            details.draw(isOn('fileDetails'));
             enableAll();
         },
         // While the user types, those whose format is another one now.

@@ -29,11 +29,16 @@ var SavePath = function (band) {
         });
     }
 
+    // What a document adds to the name of its file: often its number alone.
+    function additionLabel(text) {
+        return /^(C\d+)?(H\d+)?(S\d+)?$/.test(text) ? 'Number' : 'Additions';
+    }
+
     // A directory or the file: its name, number and time, or the whole where it has no parts.
     function pieces(part, name) {
         var found = [];
         var labels = { group: 'Group directory', sub: 'Sub directory', file: 'Name' };
-        var all = [[part, name.name, labels[part]], [part + 'Number', name.number, 'Number'],
+        var all = [[part, name.name, labels[part]], [part + 'Number', name.number, additionLabel(name.number)],
             [part + 'Time', name.time, 'Time']];
         all.forEach(function (each) {
             if (each[1] === '')
