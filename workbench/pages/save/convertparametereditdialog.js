@@ -34,6 +34,17 @@ var GivenTargets = function () {
         chosen: function () { return rows; },
         shown: function () { return shown; },
         preview: preview,
+        documents: function () {
+            var names = {};
+            bridge.getDeviceInfoList(false).forEach(function (text) {
+                var device = JSON.parse(text);
+                names[device.key] = device.cameraname || device.devicename;
+            });
+            return rows.map(function (row) {
+                return [Number(row.dockey),
+                    names[row.dockey] || Page.fill('Recording %1', row.dockey)];
+            });
+        },
         before: function () {
             var keys = rows.map(function (row) { return row.dockey; });
             return keys.slice(0, Math.max(0, keys.indexOf(shown.dockey)));

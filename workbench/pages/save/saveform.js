@@ -7,14 +7,18 @@
 // `changed(isTyping)` is called when a setting has another value, `opened` when a dialog of the
 // page has been closed.
 var SaveForm = function (page, changed, opened) {
+    var LargestKey = 2147483647; // that the setting of a document holds
     var bridge = Page.bridge;
     var saveFile = window.savefile;
-    var controls = []; // { element, key, type, isName, isPath, reason }
+    // { element, key, type, isName, isPath, reason }, and of a list options(value): what it offers
+    // while it has this value, [value, label] each.
+    var controls = [];
     var dirty = new Set();
     var wrong = new Set();
     // The file's own folder counts where files are open, and in a conversion.
     var hasOriginalFolder = page.family === 'convert' || bridge.isFileMode();
-    var samples = [];  // functions that draw one
+    var samples = []; // functions that draw one
+    var documents = []; // [key, name] of each
     var details = SaveDetails(key('filenameadddetails'), function (ids) {
         store(true);
         bridge.setPrefString(key('filenameadddetails'), ids);
@@ -145,6 +149,29 @@ var SaveForm = function (page, changed, opened) {
         return made;
     }
 
+    // Offers these in a list, which is made anew only for others.
+    function offer(list, options) {
+        var told = JSON.stringify(options);
+        if (list.dataset.told === told)
+            return;
+        list.dataset.told = told;
+        list.textContent = '';
+        options.forEach(function (each) {
+            var option = Page.make('option', '', each[1]);
+            option.value = each[0];
+            list.appendChild(option);
+        });
+    }
+
+    // A list of numbers.
+    function choice(id, suffix, label, options) {
+        var list = document.createElement('select');
+        list.id = id;
+        list.setAttribute('aria-label', Page.translate(label));
+        bind({ element: list, key: key(suffix), type: 'int', options: options });
+        return list;
+    }
+
     // What a format makes. `source` tells the format, where it can be typed.
     function sample(id, source, draw) {
         var made = Page.make('span', 'sample', '');
@@ -176,6 +203,12 @@ var SaveForm = function (page, changed, opened) {
         };
     }
 
+    function digitOptions() {
+        return [0, 1, 2, 3, 4, 5, 6, 7, 8, 9].map(function (count) {
+            return [count, String(count)];
+        });
+    }
+
     // "Number" with what it makes, and the dialog for its digits. A report has digits of its own,
     // and no dialog that sets them.
     function numberLine(id, level, name) {
@@ -186,14 +219,8 @@ var SaveForm = function (page, changed, opened) {
             return saveFile['addNumber4' + name]();
         }));
         if (page.family === 'report') {
-            var digits = document.createElement('select');
-            digits.id = id + 'Digits';
-            for (var count = 0; count <= 9; ++count) {
-                var option = Page.make('option', '', String(count));
-                option.value = count;
-                digits.appendChild(option);
-            }
-            bind({ element: digits, key: key(level + 'addnumbersessionnodigits'), type: 'int' });
+            var digits = choice(id + 'Digits', level + 'addnumbersessionnodigits', 'Digits',
+                digitOptions);
             append(line, [caption(digits.id, 'Digits'), digits]);
         } else {
             line.appendChild(button(id + 'Digits', 'Digits...', open(function () {
@@ -284,13 +311,8 @@ var SaveForm = function (page, changed, opened) {
             Page.make('h2', '', Page.translate('File name')),
             element('div', 'options', [
                 element('div', 'line', [caption('fileSource', 'From'), sourceList(), own.element]),
-                own.reason,
-                element('div', 'line custom', [
-                    box('fileUnit', 'filenameusecustomincludeunit', 'with units'),
-                    button('custom', 'Custom information...', open(function () {
-                        saveFile.editCustom(page.isTemporary === true);
-                    }))
-                ]),
+                own.reason
+            ].concat(customLines(), [
                 element('div', 'line', [caption('fileText', 'Suffix'), behind.element]),
                 numberLine('file', 'filename', 'FileName'),
                 element('div', 'line', [
@@ -298,8 +320,33 @@ var SaveForm = function (page, changed, opened) {
                     beside(connect.element.id, 'joined by'), connect.element]),
                 details.element,
                 timeLine('file', 'filename')
-            ])
+            ]))
         ]);
+    }
+
+    // The recordings whose custom information can name the file. One that has gone stays chosen.
+    function documentOptions(chosen) {
+        var options = [[Math.min(chosen, -1), Page.translate('No recording is chosen')]]
+            .concat(documents);
+        if (!options.some(function (each) { return each[0] === chosen; }))
+            options.push([chosen, Page.fill('Recording %1, not a target now', chosen)]);
+        return options;
+    }
+
+    function customLines() {
+        return [
+            element('div', 'line custom', [
+                box('fileUnit', 'filenameusecustomincludeunit', 'with units'),
+                button('custom', 'Custom information...', open(function () {
+                    saveFile.editCustom(page.isTemporary === true);
+                }))
+            ]),
+            element('div', 'line custom', [
+                box('fileOther', 'filenameusecustomfromtarget', 'of another recording'),
+                choice('fileOtherKey', 'filenameusecustomfromtargetkey',
+                    'Recording whose custom information names the file', documentOptions)
+            ])
+        ];
     }
 
     function folderLine() {
@@ -354,7 +401,8 @@ var SaveForm = function (page, changed, opened) {
         });
         var from = Page.get('fileSource').value;
         enable('fileName', from === 'typed');
-        document.querySelector('.line.custom').hidden = from !== 'custom';
+        Page.all('.line.custom').forEach(function (line) { line.hidden = from !== 'custom'; });
+        enable('fileOtherKey', isOn('fileOther'));
         enable('fileDigits', isOn('fileNumber'));
         enable('fileTimeFormat', isOn('fileTime'));
         enable('fileDetailsConnect', isOn('fileDetails'));
@@ -377,12 +425,14 @@ var SaveForm = function (page, changed, opened) {
                 if (dirty.has(control) || wrong.has(control))
                     return;
                 var value = read(control);
-                if (control.type === 'bool')
+                if (control.type === 'bool') {
                     control.element.checked = value;
-                else if (control.type === 'int')
+                } else if (control.type === 'int') {
+                    offer(control.element, control.options(value));
                     Page.setChoice(control.element, value);
-                else if (control.element.value !== value)
+                } else if (control.element.value !== value) {
                     control.element.value = value;
+                }
             });
             Page.setChoice(Page.get('fileSource'), source());
             details.draw(isOn('fileDetails'));
@@ -391,6 +441,10 @@ var SaveForm = function (page, changed, opened) {
         // While the user types, those whose format is another one now.
         drawSamples: function (isTyping) {
             samples.forEach(function (draw) { draw(isTyping); });
+        },
+        // Offers these documents, [key, name] each; the next draw() shows them.
+        offerDocuments: function (offered) {
+            documents = offered.filter(function (each) { return each[0] <= LargestKey; });
         },
         enable: enableAll,
         store: store,

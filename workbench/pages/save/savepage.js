@@ -113,9 +113,10 @@ var SavePage = (function () {
         }
 
         function draw() {
-            form.draw();
-            drawOptions();
             targets.draw();
+            form.offerDocuments(targets.documents());
+            drawOptions();
+            form.draw();
             if (skip)
                 skip.follow();
             if (destinations)

@@ -25,8 +25,12 @@ var SaveTargets = function (page, changed) {
         return list.chosen().map(rowOf);
     }
 
+    function nameOf(row) {
+        return row.cameraname || row.filename || row.devicename || '';
+    }
+
     function title(row) {
-        var name = row.cameraname || row.filename || row.devicename || '';
+        var name = nameOf(row);
         return row.partitionno === '1' && counts[row.dockey] === 1 ? name :
             name + ' \u00b7 ' + Page.fill('Partition %1', row.partitionno);
     }
@@ -179,6 +183,16 @@ var SaveTargets = function (page, changed) {
         chosen: chosen,
         shown: function () { return shown; },
         preview: preview,
+        // The documents that it lists, [key, name] each.
+        documents: function () {
+            var seen = new Set();
+            return all.filter(function (row) {
+                return !seen.has(row.dockey) && seen.add(row.dockey);
+            }).map(function (row) {
+                return [Number(row.dockey),
+                    nameOf(row) || Page.fill('Recording %1', row.dockey)];
+            });
+        },
         // The keys of the documents that are saved before the one that is shown.
         before: function () {
             var keys = [];
