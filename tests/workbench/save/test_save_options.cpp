@@ -60,6 +60,16 @@ private slots:
     void hidesTheOtherRecording();
     void namesAConversionAfterAnotherRecording();
     void followsTheTargets();
+    void storesWhatIsSaved_data();
+    void storesWhatIsSaved();
+    void offersBayerWhereFilesAreRaw();
+    void namesTheSmallPicture();
+    void refusesTheNameOfTheSmallPicture();
+    void tellsThatTheSmallPictureIsTooLong();
+    void allowsAMissingName_data();
+    void allowsAMissingName();
+    void tellsThatTheTestNumberNames_data();
+    void tellsThatTheTestNumberNames();
 };
 
 void TestSaveOptions::namesAFileAfterAnotherRecording()
@@ -172,6 +182,176 @@ void TestSaveOptions::followsTheTargets()
         QTRY_COMPARE(chosenIn(view, "fileOtherKey"), QString("Recording 2, not a target now"));
     }));
     QCOMPARE(visit.setting(OtherKey), QVariant(2));
+}
+
+void TestSaveOptions::storesWhatIsSaved_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<QString>("key");
+    const auto rows = [](const char *page, const char *family) {
+        for (const char *format : {"raww", "mraw", "tiff"}) {
+            QTest::addRow("%s, %s", page, format) << page << QString("%1-bayersave").arg(format)
+                                                  << QString("%1/%2/bayersave").arg(family, format);
+        }
+        QTest::addRow("%s, small picture", page)
+            << page << "savethumbnail" << QString("%1/savethumbnail").arg(family);
+    };
+    rows("exportdialog", "export");
+    rows("batchconverter", "convert");
+    rows("convertparametereditdialog", "convert");
+}
+
+void TestSaveOptions::storesWhatIsSaved()
+{
+    QFETCH(QString, page);
+    QFETCH(QString, id);
+    QFETCH(QString, key);
+    SaveVisit visit;
+    QVERIFY(visit.open(page, [&](QDialog &, GUI_WebView *view) {
+        QVERIFY(!shownIn(view, id, "checked").toBool());
+        QVERIFY(goTo(view, id));
+        QVERIFY(press(view, Qt::Key_Space));
+        QCOMPARE(visit.setting(key), QVariant(true));
+        QVERIFY(click(view, '#' + id));
+        QCOMPARE(visit.setting(key), QVariant(false));
+        QVERIFY(click(view, '#' + id));
+    }));
+    QCOMPARE(visit.stored(), QStringList({"setPrefBool(\"" + key + "\", true)",
+                                          "setPrefBool(\"" + key + "\", false)",
+                                          "setPrefBool(\"" + key + "\", true)"}));
+    QVERIFY(visit.open(page, [&](QDialog &, GUI_WebView *view) {
+        QVERIFY(shownIn(view, id, "checked").toBool());
+    }));
+}
+
+void TestSaveOptions::offersBayerWhereFilesAreRaw()
+{
+    SaveVisit visit;
+    for (const char *page : {"snapshotdialog", "reportExportDialog", "layoutsavedialog"}) {
+        QVERIFY(visit.open(page, [&](QDialog &, GUI_WebView *view) {
+            QCOMPARE(count(view, "#raww-bayersave"), 0);
+            QCOMPARE(count(view, "#thumbnailText"), 0);
+        }));
+    }
+}
+
+void TestSaveOptions::namesTheSmallPicture()
+{
+    SaveVisit visit;
+    QVERIFY(visit.open("batchconverter", [&](QDialog &, GUI_WebView *view) {
+        QVERIFY(!isEnabled(view, "#thumbnailText"));
+        QVERIFY(click(view, "#savethumbnail"));
+        QVERIFY(isEnabled(view, "#thumbnailText"));
+        QVERIFY(typeInto(view, "thumbnailText", ".."));
+        QVERIFY(!isShown(view, "#thumbnailTextReason"));
+        QVERIFY(typeInto(view, "thumbnailText", "_small"));
+        QVERIFY(press(view, Qt::Key_Tab));
+        QCOMPARE(visit.setting("convert/savethumbnailaddtextvalue"), QVariant("_small"));
+    }));
+    QVERIFY(visit.open("batchconverter", [&](QDialog &, GUI_WebView *view) {
+        QVERIFY(isEnabled(view, "#thumbnailText"));
+        QCOMPARE(shownIn(view, "thumbnailText").toString(), QString("_small"));
+    }));
+}
+
+void TestSaveOptions::refusesTheNameOfTheSmallPicture()
+{
+    SaveVisit visit;
+    visit.set("export/savethumbnail", true);
+    QVERIFY(visit.open("exportdialog", [&](QDialog &dialog, GUI_WebView *view) {
+        QVERIFY(typeInto(view, "thumbnailText", "a/b"));
+        QCOMPARE(text(view, "#thumbnailTextReason"), QString("A name cannot hold /"));
+        QVERIFY(click(view, "#save"));
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(visit.setting("export/savethumbnailaddtextvalue"), QVariant(""));
+        QCOMPARE(cutTexts(view), QStringList());
+    }));
+}
+
+void TestSaveOptions::tellsThatTheSmallPictureIsTooLong()
+{
+    SaveVisit visit;
+    visit.set("export/savethumbnail", true);
+    QVERIFY(visit.open("exportdialog", [&](QDialog &, GUI_WebView *view) {
+        QVERIFY(typeInto(view, "thumbnailText", QString(240, 't')));
+        QTRY_VERIFY(
+            linesOf(view, "refusal").value(0).startsWith("The path of the small picture has "));
+        QVERIFY(click(view, "#savethumbnail"));
+        QCOMPARE(linesOf(view, "refusal"), QStringList());
+    }));
+}
+
+void TestSaveOptions::allowsAMissingName_data()
+{
+    QTest::addColumn<QString>("page");
+    for (const char *page : {"exportdialog", "snapshotdialog", "reportExportDialog",
+                             "layoutsavedialog", "batchconverter", "convertparametereditdialog"})
+        QTest::newRow(page) << page;
+}
+
+void TestSaveOptions::allowsAMissingName()
+{
+    QFETCH(QString, page);
+    SaveVisit visit;
+    visit.set("export/filename", "");
+    visit.set("report/filenameadddetail", false);
+    QVERIFY(visit.open(page, [&](QDialog &, GUI_WebView *view) {
+        QCOMPARE(linesOf(view, "refusal"), QStringList("The file has no name."));
+        QVERIFY(goTo(view, "fileBlank"));
+        QVERIFY(press(view, Qt::Key_Space));
+        QCOMPARE(linesOf(view, "refusal"), QStringList());
+        QVERIFY(isEnabled(view, "#save"));
+        QVERIFY(click(view, "#fileBlank"));
+        QCOMPARE(linesOf(view, "refusal"), QStringList("The file has no name."));
+    }));
+    QCOMPARE(visit.stored(), QStringList({"setPrefBool(\"save/EnableBlankFilename\", true)",
+                                          "setPrefBool(\"save/EnableBlankFilename\", false)"}));
+}
+
+void TestSaveOptions::tellsThatTheTestNumberNames_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("media");
+    QTest::addColumn<bool>("all");
+    QTest::addColumn<QString>("own");
+    QTest::addColumn<bool>("isTold");
+    const auto row = [](const char *name, const char *page, const char *media, bool all,
+                        const char *own, bool isTold) {
+        QTest::newRow(name) << page << media << all << own << isTold;
+    };
+    row("export", "exportdialog", "file", true, "export", true);
+    row("convert", "batchconverter", "file", true, "convert", true);
+    row("automatic conversion", "convertparametereditdialog", "file", true, "convert", true);
+    row("other media", "exportdialog", "camera", true, "export", false);
+    row("no information files", "exportdialog", "file", false, "export", false);
+    row("none of recordings", "exportdialog", "file", true, "convert", false);
+    row("none of conversions", "batchconverter", "file", true, "export", false);
+    row("a picture", "snapshotdialog", "file", true, "export", false);
+}
+
+void TestSaveOptions::tellsThatTheTestNumberNames()
+{
+    QFETCH(QString, page);
+    QFETCH(QString, media);
+    QFETCH(bool, all);
+    QFETCH(QString, own);
+    QFETCH(bool, isTold);
+    SaveVisit visit;
+    for (const char *family : {"export", "convert", "snap"})
+        visit.set(QString("%1/filename").arg(family), "Shot");
+    visit.set("export/media", media);
+    visit.set("save/SaveInfFile", all);
+    visit.set(own + "/saveinf", true);
+    visit.set("export/inf_testno", "T-7");
+    QVERIFY(visit.open(page, [&](QDialog &, GUI_WebView *view) {
+        QCOMPARE(isShown(view, "#testNumber"), isTold);
+        QCOMPARE(shownPath(view), QString(isTold ? "T-7" : "Shot"));
+        if (isTold)
+            QVERIFY(text(view, "#testNumber").startsWith("The test number names the file,"));
+        QVERIFY(typeInto(view, "fileName", "Mine"));
+        QVERIFY(waitForPath(view, isTold ? "T-7" : "Mine"));
+    }));
 }
 
 int main(int argc, char **argv)

@@ -8,7 +8,10 @@ SavePage.start({
     hasGroup: true,
     numberLevels: ['groupdir', 'subdir', 'filename'],
     options: [['saveinfo', 'Write the information into the pictures'],
-        ['savethumbnail', 'Save a small picture beside']],
+        ['savethumbnail', 'Save a small picture beside'],
+        ['raww/bayersave', 'Raww as the sensor gives it (Bayer)'],
+        ['mraw/bayersave', 'Mraw as the sensor gives it (Bayer)'],
+        ['tiff/bayersave', 'Tiff as the sensor gives it (Bayer)']],
     hasSkip: true,
     hasDestinations: false,
     hasConversion: false

@@ -10,7 +10,7 @@ var SaveForm = function (page, changed, opened) {
     var LargestKey = 2147483647; // that the setting of a document holds
     var bridge = Page.bridge;
     var saveFile = window.savefile;
-    // { element, key, type, isName, isPath, reason }, and of a list options(value): what it offers
+    // { element, key, type, isName, isNameEnd, isPath, reason }, and of a list options(value): what it offers
     // while it has this value, [value, label] each.
     var controls = [];
     var dirty = new Set();
@@ -59,7 +59,9 @@ var SaveForm = function (page, changed, opened) {
 
     function tellReason(control) {
         var text = control.element.value;
+        // Behind a name even dots are one.
         var forbidden = control.isName ? window.savePreview.forbiddenInName(text) :
+            control.isNameEnd ? window.savePreview.forbiddenInName('_' + text) :
             control.isPath ? window.savePreview.forbiddenInPath(text) : '';
         wrong[forbidden === '' ? 'delete' : 'add'](control);
         control.element.classList[forbidden === '' ? 'remove' : 'add']('wrong');
@@ -102,13 +104,17 @@ var SaveForm = function (page, changed, opened) {
         });
     }
 
-    function box(id, suffix, label) {
+    function boxOf(id, settingKey, label) {
         var input = document.createElement('input');
         input.type = 'checkbox';
         input.id = id;
-        bind({ element: input, key: key(suffix), type: 'bool' });
+        bind({ element: input, key: settingKey, type: 'bool' });
         return element('label', 'choice',
             [input, Page.make('span', '', Page.translate(label))]);
+    }
+
+    function box(id, suffix, label) {
+        return boxOf(id, key(suffix), label);
     }
 
     function text(id, suffix, label, kind) {
@@ -117,7 +123,7 @@ var SaveForm = function (page, changed, opened) {
         input.id = id;
         input.setAttribute('aria-label', Page.translate(label));
         var control = { element: input, key: key(suffix), type: 'string',
-            isName: kind === 'name', isPath: kind === 'path' };
+            isName: kind === 'name', isNameEnd: kind === 'nameEnd', isPath: kind === 'path' };
         if (kind) {
             control.reason = Page.make('p', 'reason', '');
             control.reason.id = id + 'Reason';
@@ -306,12 +312,17 @@ var SaveForm = function (page, changed, opened) {
         var behind = text('fileText', 'filenameaddtextvalue', 'Text behind the name', '');
         var connect = text('fileDetailsConnect', 'filenameadddetailsconnect',
             'Text before each item of information', '');
+        var testNumber = Page.make('p', 'hint', Page.translate(
+            'The test number names the file, not what is set here.'));
         connect.element.classList.add('short');
+        testNumber.id = 'testNumber';
         append(Page.get('file'), [
             Page.make('h2', '', Page.translate('File name')),
+            testNumber,
             element('div', 'options', [
                 element('div', 'line', [caption('fileSource', 'From'), sourceList(), own.element]),
-                own.reason
+                own.reason,
+                boxOf('fileBlank', 'save/EnableBlankFilename', 'A file may have no name')
             ].concat(customLines(), [
                 element('div', 'line', [caption('fileText', 'Suffix'), behind.element]),
                 numberLine('file', 'filename', 'FileName'),
@@ -347,6 +358,22 @@ var SaveForm = function (page, changed, opened) {
                     'Recording whose custom information names the file', documentOptions)
             ])
         ];
+    }
+
+    // A save of files with an information file is named by the number of the test alone.
+    function isNamedByTest() {
+        return ['export', 'convert'].indexOf(page.family) >= 0 &&
+            bridge.getPrefString('export/media') === 'file' &&
+            bridge.getPrefBool('save/SaveInfFile') && bridge.getPrefBool(key('saveinf'));
+    }
+
+    // The end of the name of the small picture, which has the name of its file before it.
+    function thumbnailLines() {
+        var end = text('thumbnailText', 'savethumbnailaddtextvalue',
+            'Text behind the name of the small picture', 'nameEnd');
+        return element('div', 'inner', [
+            element('div', 'line', [beside('thumbnailText', 'Text behind its name'), end.element]),
+            end.reason]);
     }
 
     function folderLine() {
@@ -406,6 +433,7 @@ var SaveForm = function (page, changed, opened) {
         enable('fileDigits', isOn('fileNumber'));
         enable('fileTimeFormat', isOn('fileTime'));
         enable('fileDetailsConnect', isOn('fileDetails'));
+        enable('thumbnailText', isOn('savethumbnail'));
         if (hasOriginalFolder)
             enable('folder', !Page.get('asOriginal').checked);
         enable('chooseFolder', !Page.get('folder').disabled);
@@ -435,6 +463,7 @@ var SaveForm = function (page, changed, opened) {
                 }
             });
             Page.setChoice(Page.get('fileSource'), source());
+            Page.get('testNumber').hidden = !isNamedByTest();
             details.draw(isOn('fileDetails'));
             enableAll();
         },
@@ -451,6 +480,7 @@ var SaveForm = function (page, changed, opened) {
         isRefused: function () { return wrong.size > 0; },
         focusRefused: function () { wrong.values().next().value.element.focus(); },
         folder: function () { return Page.get('folder').value; },
+        thumbnailLines: thumbnailLines,
         element: element,
         button: button,
         open: open

@@ -28,24 +28,32 @@ var SavePage = (function () {
         var refused = false;
         var path = SavePath(Page.get('path'));
 
+        // That of a format has its name before it, "raww/bayersave".
+        function optionId(suffix) {
+            return suffix.replace('/', '-');
+        }
+
         function options() {
             page.options.forEach(function (each) {
                 var input = document.createElement('input');
                 input.type = 'checkbox';
-                input.id = each[0];
+                input.id = optionId(each[0]);
                 Page.listen(input, 'change', function () {
                     bridge.setPrefBool(page.family + '/' + each[0], input.checked);
                     targets.draw();
+                    form.enable();
                     ask(false);
                 });
                 Page.get('options').appendChild(form.element('label', 'choice',
                     [input, Page.make('span', '', Page.translate(each[1]))]));
+                if (each[0] === 'savethumbnail')
+                    Page.get('options').appendChild(form.thumbnailLines());
             });
         }
 
         function drawOptions() {
             page.options.forEach(function (each) {
-                Page.get(each[0]).checked = bridge.getPrefBool(page.family + '/' + each[0]);
+                Page.get(optionId(each[0])).checked = bridge.getPrefBool(page.family + '/' + each[0]);
             });
         }
 
