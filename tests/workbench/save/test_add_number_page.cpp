@@ -41,6 +41,11 @@ private slots:
     void digitsThatAreNotOfferedStay();
     void storesAllOrNothing_data();
     void storesAllOrNothing();
+    void keepsDigitsThatCannotBeRead_data();
+    void keepsDigitsThatCannotBeRead();
+    void takesDigitsInPlaceOfThoseThatCannotBeRead();
+    void keepsAFormatThatCannotBeRead();
+    void bringsBackOnlyWhatCouldBeRead();
     void goesOnWithoutScrolling_data();
     void goesOnWithoutScrolling();
     void keepsWhatTheUserChoseOverARefresh();
@@ -94,6 +99,18 @@ struct Visit : PageVisit
         host.settings().setValue(level + "addnumbercameranodigits", camera);
         host.settings().setValue(level + "addnumberheadnodigits", head);
         host.settings().setValue(level + "addnumbersessionnodigits", session);
+    }
+
+    /// Which of the calls of getPrefString() asks for this key while the dialog opens, from 1.
+    int readOf(const QString &key)
+    {
+        openKind(2, 12, 1, [](QDialog &, GUI_WebView *) {});
+        const QStringList reads = host.journal().filter("getPrefString(");
+        for (const QString &read : reads) {
+            if (read.contains('"' + key + '"'))
+                return reads.indexOf(read) + 1;
+        }
+        return 0;
     }
 
     void keep(const QString &level, int camera, int head, int session)
@@ -509,6 +526,136 @@ void TestAddNumberPage::storesAllOrNothing()
     }));
     QCOMPARE(visit.setting("export/filenameaddnumbersessionnodigits"), QVariant(5));
     QCOMPARE(visit.setting("export/filenameaddnumberformat"), QVariant("manual"));
+}
+
+void TestAddNumberPage::keepsDigitsThatCannotBeRead_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("part");
+    QTest::addColumn<QStringList>("stored");
+    const auto written = [](const char *suffix, int value) {
+        return QStringLiteral("setPrefInt(\"export/filenameaddnumber%1nodigits\", %2)")
+            .arg(suffix)
+            .arg(value);
+    };
+    const QString format = "setPrefString(\"export/filenameaddnumberformat\", \"manual\")";
+    QTest::newRow("camera") << "manual"
+                            << "camera"
+                            << QStringList({written("manualhead", 2), written("manualsession", 4)});
+    QTest::newRow("head") << "manual"
+                          << "head"
+                          << QStringList({written("manualcamera", 2), written("manualsession", 4)});
+    QTest::newRow("session") << "manual"
+                             << "session"
+                             << QStringList({written("manualcamera", 2), written("manualhead", 2)});
+    QTest::newRow("own camera") << "auto"
+                                << "camera"
+                                << QStringList(
+                                       {written("head", 3), written("manualsession", 4), format});
+    QTest::newRow("own head") << "auto"
+                              << "head"
+                              << QStringList(
+                                     {written("camera", 3), written("manualsession", 4), format});
+}
+
+// The settings are 2, 2, 4, kept are 3, 3, 3.
+void TestAddNumberPage::keepsDigitsThatCannotBeRead()
+{
+    QFETCH(QString, format);
+    QFETCH(QString, part);
+    const bool follows = format == "auto";
+    Visit visit;
+    visit.set(FileName, format, 2, 2, 4);
+    visit.keep(FileName, 3, 3, 3);
+    const int read = visit.readOf(
+        QString("export/filenameaddnumber%1%2nodigits").arg(follows ? "manual" : "", part));
+    QVERIFY(read > 0);
+    visit.host.failOn("getPrefString", read);
+    int result = -1;
+    QVERIFY(visit.openKind(2, 12, 1, [&](QDialog &dialog, GUI_WebView *view) {
+        connect(&dialog, &QDialog::finished, [&](int end) { result = end; });
+        QCOMPARE(visit.host.handledErrors(), QStringList("getPrefString failed"));
+        if (follows) {
+            QCOMPARE(sample(view), QString("C01S0001"));
+            QVERIFY(click(view, "#auto"));
+        }
+        QCOMPARE(shownIn(view, part, "selectedOptions[0].textContent").toString(),
+                 QString("Not readable"));
+        QCOMPARE(text(view, "#hint"), QString("Digits that could not be read stay as they are."));
+        QCOMPARE(sample(view), QString());
+        QCOMPARE(cutTexts(view), QStringList());
+        QVERIFY(click(view, "#ok"));
+    }));
+    QCOMPARE(result, int(QDialog::Accepted));
+    QTEST(visit.stored(), "stored");
+}
+
+void TestAddNumberPage::takesDigitsInPlaceOfThoseThatCannotBeRead()
+{
+    Visit visit;
+    visit.set(FileName, "manual", 2, 2, 4);
+    visit.keep(FileName, 2, 2, 4);
+    visit.host.failOn("getPrefString", visit.readOf("export/filenameaddnumbersessionnodigits"));
+    QVERIFY(visit.openKind(2, 12, 1, [&](QDialog &, GUI_WebView *view) {
+        QVERIFY(chooseByKeys(view, "session", 5));
+        QCOMPARE(sample(view), QString("C01H01S00001"));
+        QCOMPARE(text(view, "#hint"), QString());
+        QVERIFY(click(view, "#ok"));
+    }));
+    QCOMPARE(visit.stored(),
+             QStringList({"setPrefInt(\"export/filenameaddnumbersessionnodigits\", 5)",
+                          "setPrefInt(\"export/filenameaddnumbermanualsessionnodigits\", 5)"}));
+}
+
+// It shows as one of own digits. The ones that the user had are not taken for them.
+void TestAddNumberPage::keepsAFormatThatCannotBeRead()
+{
+    Visit visit;
+    visit.set(FileName, "auto", 2, 0, 4);
+    visit.keep(FileName, 5, 1, 3);
+    visit.host.failOn("getPrefString", visit.readOf("export/filenameaddnumberformat"));
+    int result = -1;
+    QVERIFY(visit.openKind(2, 12, 1, [&](QDialog &dialog, GUI_WebView *view) {
+        connect(&dialog, &QDialog::finished, [&](int end) { result = end; });
+        QVERIFY(!shownIn(view, "auto", "checked").toBool());
+        QVERIFY(chooseByKeys(view, "session", 6));
+        QVERIFY(click(view, "#ok"));
+    }));
+    QCOMPARE(result, int(QDialog::Accepted));
+    QCOMPARE(visit.stored(),
+             QStringList({"setPrefInt(\"export/filenameaddnumbersessionnodigits\", 6)",
+                          "setPrefInt(\"export/filenameaddnumbermanualsessionnodigits\", 6)"}));
+    QCOMPARE(visit.setting("export/filenameaddnumberformat"), QVariant("auto"));
+}
+
+void TestAddNumberPage::bringsBackOnlyWhatCouldBeRead()
+{
+    Visit visit;
+    visit.set(FileName, "auto", 2, 2, 4);
+    visit.keep(FileName, 3, 3, 3);
+    QVERIFY(visit.openKind(2, 12, 1, [&](QDialog &dialog, GUI_WebView *view) {
+        QVERIFY(click(view, "#auto"));
+        QVERIFY(chooseByKeys(view, "session", 5));
+        // Once the page has no more to ask, the first question is that of OK.
+        for (int before = -1; before != visit.host.callCount(); QTest::qWait(100))
+            before = visit.host.callCount();
+        visit.host.clearJournal();
+        visit.host.failOn("getPrefString", 1); // the camera's digits before
+        visit.host.failOn("setPrefString");
+        QVERIFY(click(view, "#ok"));
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(text(view, "#state"), QString("The setting could not be stored."));
+        QCOMPARE(visit.stored(),
+                 QStringList({"setPrefInt(\"export/filenameaddnumbercameranodigits\", 3)",
+                              "setPrefInt(\"export/filenameaddnumberheadnodigits\", 3)",
+                              "setPrefInt(\"export/filenameaddnumbersessionnodigits\", 5)",
+                              "setPrefInt(\"export/filenameaddnumbermanualsessionnodigits\", 5)",
+                              "setPrefString(\"export/filenameaddnumberformat\", \"manual\")",
+                              "errorHandler(\"setPrefString failed\")",
+                              "setPrefInt(\"export/filenameaddnumbermanualsessionnodigits\", 3)",
+                              "setPrefInt(\"export/filenameaddnumbersessionnodigits\", 4)",
+                              "setPrefInt(\"export/filenameaddnumberheadnodigits\", 2)"}));
+    }));
 }
 
 void TestAddNumberPage::goesOnWithoutScrolling_data()

@@ -43,35 +43,62 @@ Page.start('addnumberdialog', function () {
         return target.prefix + 'addnumbermanual' + part + 'nodigits';
     }
 
+    // A setting as text, '' when it could not be read: a number would be 0 then.
+    function readText(settingKey) {
+        return bridge.getPrefString(settingKey);
+    }
+
+    function numberIn(text) {
+        return /^-?[0-9]+$/.test(text) ? Number(text) : null;
+    }
+
+    function follows(part) {
+        return isAuto && part !== 'session';
+    }
+
     var formatKey = target.prefix + 'addnumberformat';
-    var format = hasAuto ? bridge.getPrefString(formatKey) : '';
+    var format = hasAuto ? readText(formatKey) : '';
     var isAuto = format === 'auto';
-    var own = {};
+    var isFormatChosen = false;
+    var own = {};           // null: could not be read, and stays as it is
+    var chosen = new Set(); // parts whose digits the user has chosen
     parts.forEach(function (part) {
-        var isKept = isAuto && part !== 'session';
-        own[part] = Math.max(0, bridge.getPrefInt(isKept ? ownKey(part) : key(part)));
+        var count = numberIn(readText(follows(part) ? ownKey(part) : key(part)));
+        own[part] = count === null ? null : Math.max(0, count);
     });
 
+    // null: not known.
     function digits(part) {
         if (parts.indexOf(part) < 0)
             return 0;
-        return isAuto && part !== 'session' ? needed[part] : own[part];
+        return follows(part) ? needed[part] : own[part];
+    }
+
+    function isUnknown(part) {
+        return digits(part) === null;
     }
 
     function choiceText(count) {
-        return count === 0 ? Page.translate('None') :
+        return count === null ? Page.translate('Not readable') :
+            count === 0 ? Page.translate('None') :
             count === 1 ? Page.translate('1 digit') : Page.fill('%1 digits', count);
     }
 
+    function valueOf(count) {
+        return count === null ? '' : String(count);
+    }
+
     function offer(list, count) {
-        if (list.querySelector('option[value="' + count + '"]'))
+        if (list.querySelector('option[value="' + valueOf(count) + '"]'))
             return;
         var option = Page.make('option', '', choiceText(count));
-        option.value = count;
+        option.value = valueOf(count);
         list.appendChild(option);
     }
 
     function hint(sample) {
+        if (parts.some(isUnknown))
+            return 'Digits that could not be read stay as they are.';
         if (sample === '')
             return 'The name gets no number.';
         if (digits('session') < 1)
@@ -90,29 +117,40 @@ Page.start('addnumberdialog', function () {
         parts.forEach(function (part) {
             var list = Page.get(part);
             offer(list, digits(part));
-            Page.setChoice(list, digits(part));
-            list.disabled = isAuto && part !== 'session';
+            Page.setChoice(list, valueOf(digits(part)));
+            list.disabled = follows(part);
         });
-        var sample = bridge.preview(digits('camera'), digits('head'), digits('session'));
+        // A number is told whole or not at all.
+        var sample = parts.some(isUnknown) ? '' :
+            bridge.preview(digits('camera'), digits('head'), digits('session'));
         var text = hint(sample);
         Page.get('sample').textContent = sample;
         Page.get('hint').textContent = text && Page.translate(text);
     }
 
-    // What is to be stored, with what is stored now.
+    // Of a format that may not have been read, the user's own digits are kept as they are stored.
+    function isOwnKnown(part) {
+        return own[part] !== null && (format !== '' || isFormatChosen || chosen.has(part));
+    }
+
+    // What is to be stored, with what is stored now; `before` is null when that cannot be read.
     function changes() {
         var all = [];
         function add(type, settingKey, value) {
+            var text = readText(settingKey);
             all.push({ type: type, key: settingKey, value: value,
-                before: bridge['getPref' + type](settingKey) });
+                before: type === 'Int' ? numberIn(text) : text === '' ? null : text });
         }
         parts.forEach(function (part) {
-            add('Int', key(part), digits(part));
-            if (hasAuto && !isAuto)
+            if (!isUnknown(part))
+                add('Int', key(part), digits(part));
+            if (hasAuto && !isAuto && isOwnKnown(part))
                 add('Int', ownKey(part), own[part]);
         });
-        if (hasAuto)
-            add('String', formatKey, isAuto ? 'auto' : format === 'auto' ? 'manual' : format);
+        if (isAuto)
+            add('String', formatKey, 'auto');
+        else if (isFormatChosen || format !== '')
+            add('String', formatKey, format === 'auto' || format === '' ? 'manual' : format);
         return all.filter(function (change) { return change.value !== change.before; });
     }
 
@@ -122,7 +160,7 @@ Page.start('addnumberdialog', function () {
         return bridge['getPref' + change.type](change.key) === value;
     }
 
-    // All of it is stored or nothing.
+    // All of it is stored or nothing; what could not be read before cannot come back.
     function storeAll() {
         var all = changes();
         var stored = 0;
@@ -131,8 +169,10 @@ Page.start('addnumberdialog', function () {
             ++stored;
         var isStored = stored === all.length;
         if (!isStored) {
-            all.slice(0, stored).reverse().forEach(function (change, i) {
-                store(change, change.before, i === stored - 1);
+            all.slice(0, stored).filter(function (change) {
+                return change.before !== null;
+            }).reverse().forEach(function (change, i, back) {
+                store(change, change.before, i === back.length - 1);
             });
         }
         return Page.tellStored('state', isStored);
@@ -146,13 +186,15 @@ Page.start('addnumberdialog', function () {
         for (var count = 0; count <= MostDigits; ++count)
             offer(list, count);
         Page.listen(list, 'change', function () {
-            own[part] = Number(list.value);
+            own[part] = numberIn(list.value);
+            chosen.add(part);
             draw();
         });
     });
     Page.get('autoChoice').hidden = !hasAuto;
     Page.listen(Page.get('auto'), 'change', function () {
         isAuto = Page.get('auto').checked;
+        isFormatChosen = true;
         draw();
     });
     Page.listen(Page.get('cancel'), 'click', function () { bridge.reject(); });
