@@ -32,6 +32,17 @@ struct DestinationVisit : SaveVisit
         });
     }
 
+    /// Opens the page and hands it on once it has no more to ask, so that the next question is that
+    /// of a click.
+    bool openQuiet(const std::function<void(QDialog &, GUI_WebView *)> &body)
+    {
+        return SaveVisit::open("exportdialog", [&](QDialog &dialog, GUI_WebView *view) {
+            for (int before = -1; before != host.callCount(); QTest::qWait(100))
+                before = host.callCount();
+            body(dialog, view);
+        });
+    }
+
     QString list() { return setting(ListKey).toString(); }
     QString devices() { return setting(DeviceKey).toString(); }
 };
@@ -74,6 +85,8 @@ private slots:
     void escapeClosesTheTableAlone();
     void tabStaysInTheTable();
     void tellsWhatIsEmpty();
+    void writesNothingThatItCouldNotRead();
+    void tellsThatTheDevicesCouldNotBeRead();
 };
 
 void TestSaveDestinations::switchesThemOn()
@@ -289,6 +302,51 @@ void TestSaveDestinations::tellsWhatIsEmpty()
         QCOMPARE(text(view, "#noDestinations"),
                  QString("There is no destination yet: all devices save to the folder."));
         QCOMPARE(text(view, "#noDevices"), QString("No device is connected."));
+    }));
+}
+
+void TestSaveDestinations::writesNothingThatItCouldNotRead()
+{
+    DestinationVisit visit;
+    visit.set(ListKey, "A|/a?B|/b");
+    visit.set(DeviceKey, "First|B");
+    QVERIFY(visit.openQuiet([&](QDialog &dialog, GUI_WebView *view) {
+        visit.host.failOn("getPrefString", 1);
+        QVERIFY(click(view, "#editDestinations"));
+        QCOMPARE(visit.host.handledErrors(), QStringList("getPrefString failed"));
+        QCOMPARE(text(view, "#noDestinations"), QString("The destinations could not be read."));
+        QVERIFY(!isEnabled(view, "#addDestination"));
+        QCOMPARE(count(view, "#devices .device"), 0);
+        QVERIFY(!isShown(view, "#noDevices"));
+        QCOMPARE(focused(view), QString("closeDestinations"));
+        QVERIFY(press(view, Qt::Key_Tab)); // there is nowhere else to go
+        QCOMPARE(focused(view), QString("closeDestinations"));
+        QVERIFY(press(view, Qt::Key_Escape));
+        QVERIFY(!isShown(view, "#destinationPanel"));
+        QVERIFY(dialog.isVisible());
+        QVERIFY(click(view, "#editDestinations"));
+        QVERIFY(!isShown(view, "#noDestinations"));
+        QVERIFY(isEnabled(view, "#addDestination"));
+        QCOMPARE(shownIn(view, "destination-path-0").toString(), QString("/a"));
+        QCOMPARE(shownIn(view, "destination-path-1").toString(), QString("/b"));
+        QCOMPARE(shownIn(view, "device-0").toString(), QString("B"));
+    }));
+    QCOMPARE(visit.stored(), QStringList());
+    QCOMPARE(visit.list(), QString("A|/a?B|/b"));
+}
+
+void TestSaveDestinations::tellsThatTheDevicesCouldNotBeRead()
+{
+    DestinationVisit visit;
+    visit.set(ListKey, "A|/a");
+    QVERIFY(visit.openQuiet([&](QDialog &, GUI_WebView *view) {
+        visit.host.failOn("deviceName", 1);
+        QVERIFY(click(view, "#editDestinations"));
+        QCOMPARE(text(view, "#noDevices"), QString("The devices could not be read."));
+        QCOMPARE(focused(view), QString("destination-name-0"));
+        QVERIFY(press(view, Qt::Key_Escape));
+        QVERIFY(click(view, "#editDestinations"));
+        QCOMPARE(count(view, "#devices .device"), 2);
     }));
 }
 

@@ -12,6 +12,7 @@ var SaveDestinations = function (form, changed) {
     var table = Page.get('destinations');
     var devices = Page.get('devices');
     var rows = [];        // { name, path } as written
+    var isRead = false;   // else nothing is written: it would take the place of what there is
     var assigned = [];    // { device, key } in the order of the list of devices
 
     function join(pairs) {
@@ -19,8 +20,10 @@ var SaveDestinations = function (form, changed) {
     }
 
     function readAll() {
-        rows = JSON.parse(saveFile.getMultiPaths() || '[]');
-        assigned = JSON.parse(saveFile.getMultiPathDevices() || '[]');
+        var text = saveFile.getMultiPaths();
+        isRead = text !== '';
+        rows = isRead ? JSON.parse(text) : [];
+        Page.get('addDestination').disabled = !isRead;
     }
 
     function store() {
@@ -163,12 +166,18 @@ var SaveDestinations = function (form, changed) {
                 inputOf(row, place, 'name', 'Name of the destination'),
                 inputOf(row, place, 'path', 'Folder of the destination'), choose, gone]));
         });
+        if (!isRead) {
+            Page.tell('noDestinations', 'error',
+                Page.translate('The destinations could not be read.'));
+            return;
+        }
         Page.tell('noDestinations', 'empty', rows.length > 0 ? '' :
             Page.translate('There is no destination yet: all devices save to the folder.'));
     }
 
     function drawDevices() {
-        assigned = JSON.parse(saveFile.getMultiPathDevices() || '[]');
+        var text = isRead ? saveFile.getMultiPathDevices() : '';
+        assigned = text !== '' ? JSON.parse(text) : [];
         devices.textContent = '';
         assigned.forEach(function (each, place) {
             var list = document.createElement('select');
@@ -200,7 +209,11 @@ var SaveDestinations = function (form, changed) {
             devices.appendChild(form.element('div', 'device',
                 [Page.make('span', 'name', each.device), list, path]));
         });
-        Page.tell('noDevices', 'empty', assigned.length > 0 ? '' :
+        if (isRead && text === '') {
+            Page.tell('noDevices', 'error', Page.translate('The devices could not be read.'));
+            return;
+        }
+        Page.tell('noDevices', 'empty', !isRead || assigned.length > 0 ? '' :
             Page.translate('No device is connected.'));
     }
 
@@ -214,7 +227,8 @@ var SaveDestinations = function (form, changed) {
         if (isShown) {
             readAll();
             drawAll();
-            (rows.length > 0 ? cell(0, 'name') : Page.get('addDestination')).focus();
+            (rows.length > 0 ? cell(0, 'name') :
+                Page.get(isRead ? 'addDestination' : 'closeDestinations')).focus();
         } else {
             tell('');
             bridge.updateUI();
