@@ -70,6 +70,8 @@ private slots:
     void allowsAMissingName();
     void tellsThatTheTestNumberNames_data();
     void tellsThatTheTestNumberNames();
+    void showsDigitsThatAreNotOffered_data();
+    void showsDigitsThatAreNotOffered();
 };
 
 void TestSaveOptions::namesAFileAfterAnotherRecording()
@@ -352,6 +354,32 @@ void TestSaveOptions::tellsThatTheTestNumberNames()
         QVERIFY(typeInto(view, "fileName", "Mine"));
         QVERIFY(waitForPath(view, isTold ? "T-7" : "Mine"));
     }));
+}
+
+void TestSaveOptions::showsDigitsThatAreNotOffered_data()
+{
+    QTest::addColumn<int>("digits");
+    for (int digits : {-1, 10, 12})
+        QTest::addRow("%d", digits) << digits;
+}
+
+void TestSaveOptions::showsDigitsThatAreNotOffered()
+{
+    QFETCH(int, digits);
+    SaveVisit visit;
+    visit.numberFiles("report");
+    visit.set("report/filename", "Report");
+    visit.set("report/filenameadddetail", false);
+    visit.set("report/filenameaddnumbersessionnodigits", digits);
+    QVERIFY(visit.open("reportExportDialog", [&](QDialog &, GUI_WebView *view) {
+        QCOMPARE(shownIn(view, "fileDigits").toInt(), digits);
+        QCOMPARE(chosenIn(view, "fileDigits"), QString::number(digits));
+        QCOMPARE(visit.stored(), QStringList());
+        QVERIFY(chooseByKeys(view, "fileDigits", 4));
+        QCOMPARE(shownPath(view), QString("Report_S0001"));
+        QCOMPARE(chosenIn(view, "fileDigits"), QString("4"));
+    }));
+    QCOMPARE(visit.setting("report/filenameaddnumbersessionnodigits"), QVariant(4));
 }
 
 int main(int argc, char **argv)

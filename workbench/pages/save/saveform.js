@@ -209,10 +209,12 @@ var SaveForm = function (page, changed, opened) {
         };
     }
 
-    function digitOptions() {
-        return [0, 1, 2, 3, 4, 5, 6, 7, 8, 9].map(function (count) {
-            return [count, String(count)];
-        });
+    // Digits that are not offered are kept where they are set.
+    function digitOptions(count) {
+        var counts = [0, 1, 2, 3, 4, 5, 6, 7, 8, 9];
+        if (counts.indexOf(count) < 0)
+            counts.push(count);
+        return counts.map(function (each) { return [each, String(each)]; });
     }
 
     // "Number" with what it makes, and the dialog for its digits. A report has digits of its own,
