@@ -72,6 +72,7 @@ private slots:
     void tellsThatTheTestNumberNames();
     void showsDigitsThatAreNotOffered_data();
     void showsDigitsThatAreNotOffered();
+    void tellsPartsApartByMoreThanColour();
 };
 
 void TestSaveOptions::namesAFileAfterAnotherRecording()
@@ -380,6 +381,31 @@ void TestSaveOptions::showsDigitsThatAreNotOffered()
         QCOMPARE(chosenIn(view, "fileDigits"), QString("4"));
     }));
     QCOMPARE(visit.setting("report/filenameaddnumbersessionnodigits"), QVariant(4));
+}
+
+// Each kind of part has a line of another style.
+void TestSaveOptions::tellsPartsApartByMoreThanColour()
+{
+    SaveVisit visit;
+    visit.numberFiles();
+    for (const char *level : {"groupdir", "subdir"}) {
+        visit.set(QString("export/%1").arg(level), true);
+        visit.set(QString("export/%1name").arg(level), level);
+    }
+    visit.set("export/filenameaddtime", true);
+    visit.set("export/filenameaddtimeformat", "'now'");
+    QVERIFY(visit.open("exportdialog", [&](QDialog &, GUI_WebView *view) {
+        const QStringList lines =
+            read(view, "Array.from(document.querySelectorAll('#path .piece')).map("
+                       "function (each) {"
+                       "    var style = getComputedStyle(each);"
+                       "    return style.backgroundImage === 'none' ? style.borderBottomStyle :"
+                       "        style.backgroundImage.split('(')[0];"
+                       "})")
+                .toStringList();
+        QCOMPARE(lines, QStringList({"none", "double", "dashed", "solid", "dotted",
+                                     "repeating-linear-gradient"}));
+    }));
 }
 
 int main(int argc, char **argv)
