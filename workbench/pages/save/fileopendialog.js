@@ -2,10 +2,11 @@
 
 Page.start('fileopendialog', function () {
     var bridge = Page.bridge;
-    var targets = SaveTargets({
+    var page = {
         isTemporary: true,
         emptyText: 'No recording is offered. Open a folder to bring in those that it holds.'
-    }, drawButtons);
+    };
+    var targets = SaveTargets(page, drawButtons);
 
     function drawButtons() {
         Page.get('import').disabled = targets.chosen().length === 0;
@@ -17,8 +18,10 @@ Page.start('fileopendialog', function () {
     }
 
     Page.listen(Page.get('folder'), 'click', function () {
-        if (bridge.openFolder())
-            draw();
+        if (!bridge.openFolder())
+            return;
+        page.emptyText = 'The recordings of the folder were handed over to the application.';
+        draw();
     });
     Page.listen(Page.get('cancel'), 'click', function () { bridge.reject(); });
     Page.listen(Page.get('import'), 'click', function () {
