@@ -117,6 +117,7 @@ void TestDirectoryView::beginningsAreFound_data()
     row(".hidden", "", false);
     row("@`[{", "@`[{", true);
     row("@`[{", "`@{[", false);
+    row("AZ.bmp", "az", true);
 }
 
 void TestDirectoryView::beginningsAreFound()
