@@ -4,6 +4,8 @@
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
+#include <algorithm>
+
 // The reader is deprecated, but QDomDocument itself uses it.
 QT_WARNING_DISABLE_DEPRECATED
 
@@ -13,32 +15,45 @@ namespace {
 class Source : public QXmlInputSource
 {
 public:
-    explicit Source(const QByteArray &bytes) : m_text(fromRawData(bytes, true)) {}
+    explicit Source(const QByteArray &bytes)
+        : m_text(fromRawData(bytes, true)), m_next(m_text.constData()),
+          m_end(m_next + m_text.size()), m_lookedAt(m_next)
+    {
+    }
 
     QChar next() override
     {
-        if (m_position == m_text.size())
+        if (m_next == m_end)
             return QChar(EndOfDocument);
-        m_last = m_text.at(m_position++);
-        m_isInTag = m_isInTag || m_last == QLatin1Char('<');
+        const QChar letter = *m_next++;
         // What cannot be decoded ends the document, too.
-        return m_last.unicode() == EndOfData ? QChar(EndOfDocument) : m_last;
+        return letter.unicode() == EndOfData ? QChar(EndOfDocument) : letter;
     }
 
-    // The last character that was read.
-    QChar last() const { return m_last; }
+    // The last character that was read; null before the first.
+    QChar last() const { return m_next == m_text.constData() ? QChar() : m_next[-1]; }
 
     // Something was told about what has been read, but for a character that the reader looked
     // ahead.
-    void wasTold() { m_isInTag = m_last == QLatin1Char('<'); }
+    void wasTold()
+    {
+        m_isInTag = false;
+        m_lookedAt = last() == QLatin1Char('<') ? m_next - 1 : m_next;
+    }
 
-    // Whether a tag has begun that nothing was told about.
-    bool isInTag() const { return m_isInTag; }
+    // Whether a tag has begun that nothing was told about. Looks at each character once.
+    bool isInTag()
+    {
+        m_isInTag = m_isInTag || std::find(m_lookedAt, m_next, QLatin1Char('<')) != m_next;
+        m_lookedAt = m_next;
+        return m_isInTag;
+    }
 
 private:
     const QString m_text;
-    int m_position = 0;
-    QChar m_last;
+    const QChar *m_next;
+    const QChar *const m_end;
+    const QChar *m_lookedAt;
     bool m_isInTag = false;
 };
 
