@@ -70,12 +70,15 @@ endfunction()
 # Environment and limits that every test shares. Further properties may follow the name.
 function(orvix_test_properties name)
     set(environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC)
+    set(patience 300) # seconds
     if(ORVIX_SANITIZE)
+        set(patience 900)
         set(suppressions "${PROJECT_SOURCE_DIR}/cmake/leaks.supp")
         list(APPEND environment
              "ASAN_OPTIONS=detect_leaks=1:new_delete_type_mismatch=1"
              "LSAN_OPTIONS=suppressions=${suppressions}:print_suppressions=0"
              "UBSAN_OPTIONS=print_stacktrace=1")
     endif()
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300 ${ARGN})
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${patience}
+                         ${ARGN})
 endfunction()
