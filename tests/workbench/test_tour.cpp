@@ -37,7 +37,7 @@ Run runWorkbench(const QStringList &arguments, const QStringList &without = {})
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(WORKBENCH), arguments);
     Run run;
-    if (process.waitForFinished(400000) && process.exitStatus() == QProcess::NormalExit)
+    if (process.waitForFinished(800000) && process.exitStatus() == QProcess::NormalExit)
         run.status = process.exitCode();
     run.output = QString::fromUtf8(process.readAllStandardOutput());
     run.errors = QString::fromUtf8(process.readAllStandardError());
