@@ -53,9 +53,10 @@ endfunction()
 
 # orvix_long_tests(<name>...)
 #
-# Tests of half a minute and more. They begin first, so that none of them runs alone at the end.
+# Tests of half a minute and more. They begin first, so that none of them runs alone at the end, and
+# may take as long as they do on a busy machine.
 function(orvix_long_tests)
-    set_tests_properties(${ARGN} PROPERTIES COST 100)
+    set_tests_properties(${ARGN} PROPERTIES COST 100 TIMEOUT 1200)
 endfunction()
 
 # orvix_test_head(<target> <PRIVATE <header>... | REUSE_FROM <target>>)
