@@ -39,6 +39,8 @@ function(orvix_layer layer)
     target_link_libraries(orvix_${layer} PUBLIC ${left_of_it} ${LAYER_LINK})
     if(layer STREQUAL "bridge" OR TARGET orvix_bridge)
         orvix_page_head(orvix_${layer})
+    else()
+        orvix_plain_head(orvix_${layer})
     endif()
 endfunction()
 

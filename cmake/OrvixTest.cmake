@@ -8,7 +8,7 @@ check_linker_flag(CXX -fuse-ld=gold ORVIX_HAS_GOLD)
 function(orvix_test name)
     cmake_parse_arguments(PARSE_ARGV 1 TEST "PLAIN" "" "SOURCES;LINK")
     add_executable(${name} ${TEST_SOURCES})
-    orvix_test_moc(${name} ${TEST_SOURCES})
+    orvix_source_moc(${name} ${TEST_SOURCES})
     if(TEST_PLAIN)
         target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
         target_link_libraries(${name} PRIVATE Qt5::Test Qt5::Widgets ${TEST_LINK})
@@ -23,12 +23,22 @@ function(orvix_test name)
     orvix_test_properties(${name})
 endfunction()
 
-# orvix_test_moc(<name> <file>...)
+# orvix_test_library(<name> SOURCES <file>... [LINK <target>...])
 #
-# What a test file includes at its end, "test_x.moc", comes from one call for each file. CMake's own
-# way looks through the target first and compiles one more file for each test.
+# What several tests share, compiled as they are. Its include path is the folder's.
+function(orvix_test_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 LIBRARY "" "" "SOURCES;LINK")
+    add_library(${name} STATIC ${LIBRARY_SOURCES})
+    target_link_libraries(${name} PUBLIC orvix_test_support ${LIBRARY_LINK})
+    orvix_test_head(${name} REUSE_FROM orvix_test_support)
+endfunction()
+
+# orvix_source_moc(<name> <file>...)
+#
+# What a source includes at its end, "test_x.moc", comes from one call for each file. CMake's own way
+# looks through the target first and compiles one more file for each executable.
 # It is left to targets whose headers have classes with Q_OBJECT.
-function(orvix_test_moc name)
+function(orvix_source_moc name)
     set_target_properties(${name} PROPERTIES AUTOMOC OFF)
     set(folder "${CMAKE_CURRENT_BINARY_DIR}/${name}_moc")
     file(MAKE_DIRECTORY "${folder}")
@@ -43,7 +53,7 @@ function(orvix_test_moc name)
             OUTPUT "${folder}/${stem}.moc"
             # A file without such a class gets an empty one, or it would be asked for again.
             COMMAND Qt5::moc --no-notes -o "${folder}/${stem}.moc" "${path}"
-            COMMAND "${CMAKE_COMMAND}" -E touch "${folder}/${stem}.moc"
+            COMMAND touch "${folder}/${stem}.moc"
             DEPENDS "${path}"
             VERBATIM)
         target_sources(${name} PRIVATE "${folder}/${stem}.moc")

@@ -1,6 +1,5 @@
-// Drives a fuzz target where the compiler brings no fuzzer of its own: replays the kept inputs,
-// then runs random ones and random changes of the kept ones until the time is over. The options are
-// those of the fuzzer that comes with the other compiler.
+// Drives a fuzz target: replays the kept inputs, then runs random ones and random changes of the
+// kept ones until the time is over. The options are those of clang's own fuzzer.
 //
 //     fuzz_region [-max_total_time=SECONDS] [-seed=NUMBER] [FILE or FOLDER]...
 //

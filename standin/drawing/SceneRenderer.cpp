@@ -44,24 +44,37 @@ QColor lit(int level, double gain, const QColor &tint = Qt::white)
     return QColor(channel(tint.red()), channel(tint.green()), channel(tint.blue()));
 }
 
-void drawGrid(QPainter &painter, const QRect &region, double gain)
+// Fills the image with the background and the grid. A row is one of three, and those are copied: a
+// camera draws this for every frame, and lines that are one pixel wide cost a painter most of it.
+void fillGrid(QImage &image, const QRect &region, double gain)
 {
-    constexpr int Step = 32;
+    constexpr int Step = 32; // sensor pixels
     constexpr int Coarse = 4;
-    for (int pass = 0; pass < 2; ++pass) {
-        painter.setPen(QPen(lit(pass == 0 ? 66 : 104, gain), 0));
-        QVector<QLineF> lines;
-        const auto wanted = [pass](int index) { return (index % Coarse == 0) == (pass == 1); };
-        for (int i = region.left() / Step; i <= region.right() / Step; ++i) {
-            if (wanted(i))
-                lines.append(QLineF(i * Step, region.top(), i * Step, region.bottom() + 1));
+    const QRgb fineLine = lit(66, gain).rgb();
+    const QRgb coarseLine = lit(104, gain).rgb();
+
+    // Calls draw(place, coarse) for each line, the coarse ones last: they lie above.
+    const auto eachLine = [](int first, int length, int pixels, auto draw) {
+        for (const bool coarse : {false, true}) {
+            for (int line = first / Step; line <= (first + length - 1) / Step; ++line) {
+                const int place = qFloor(double(line * Step - first) * pixels / length);
+                if ((line % Coarse == 0) == coarse && place >= 0 && place < pixels)
+                    draw(place, coarse);
+            }
         }
-        for (int i = region.top() / Step; i <= region.bottom() / Step; ++i) {
-            if (wanted(i))
-                lines.append(QLineF(region.left(), i * Step, region.right() + 1, i * Step));
-        }
-        painter.drawLines(lines);
-    }
+    };
+    QVector<QRgb> between(image.width(), lit(40, gain).rgb());
+    QVector<QRgb> onFine(image.width(), fineLine);
+    const QVector<QRgb> onCoarse(image.width(), coarseLine);
+    eachLine(region.left(), region.width(), image.width(), [&](int x, bool coarse) {
+        between[x] = coarse ? coarseLine : fineLine;
+        onFine[x] = between[x];
+    });
+    QVector<const QVector<QRgb> *> rows(image.height(), &between);
+    eachLine(region.top(), region.height(), image.height(),
+             [&](int y, bool coarse) { rows[y] = coarse ? &onCoarse : &onFine; });
+    for (int y = 0; y < image.height(); ++y)
+        std::copy(rows[y]->cbegin(), rows[y]->cend(), reinterpret_cast<QRgb *>(image.scanLine(y)));
 }
 
 void drawWheel(QPainter &painter, const Stage &stage, double seconds, double exposure, double gain)
@@ -131,7 +144,7 @@ QImage SceneRenderer::render() const
         return QImage();
     QImage image(picture, QImage::Format_RGB32);
     const double gain = exposureGain(shutterSpeed);
-    image.fill(lit(40, gain));
+    fillGrid(image, region, gain);
 
     const double seconds = start + double(frame) / std::max(1u, recordRate);
     const double exposure = 1.0 / std::max(1u, shutterSpeed);
@@ -142,7 +155,6 @@ QImage SceneRenderer::render() const
     painter.scale(double(picture.width()) / region.width(),
                   double(picture.height()) / region.height());
     painter.translate(-region.topLeft());
-    drawGrid(painter, region, gain);
     painter.setRenderHint(QPainter::Antialiasing);
     drawWheel(painter, stage, seconds, exposure, gain);
     drawBall(painter, stage, seconds, exposure, gain);

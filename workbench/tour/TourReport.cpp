@@ -54,7 +54,9 @@ void TourReport::compare(const QString &seen, const QString &expected, const QSt
 void TourReport::addPicture(const QPixmap &picture, const QString &suffix)
 {
     const QString name = m_step + suffix + ".png";
-    const bool good = !isBlank(picture.toImage()) && picture.save(m_folder.filePath(name));
+    // Packed quickly: with the usual effort this was a third of the work of a tour.
+    const bool good =
+        !isBlank(picture.toImage()) && picture.save(m_folder.filePath(name), nullptr, 80);
     check(good, "picture " + name);
 }
 

@@ -43,6 +43,7 @@ private slots:
     void sceneIsDarkerWithAShorterExposure();
     void sceneSmearsWhatMovesWhileItIsExposed();
     void sceneCountsItsFrames();
+    void sceneStandsBeforeAGrid();
     void sceneBearsNoText();
     void emptySceneIsNull();
     void previewsFitTheirSize();
@@ -516,6 +517,32 @@ void TestStandInView::sceneCountsItsFrames()
     QCOMPARE(bar(49), 320);
     QCOMPARE(bar(99), 640);
     QCOMPARE(bar(100), 6);
+}
+
+void TestStandInView::sceneStandsBeforeAGrid()
+{
+    SceneRenderer scene;
+    scene.region = QRect(96, 64, 640, 40); // above all that moves
+    const auto levels = [&](const QSize &picture, const QVector<QPoint> &points) {
+        scene.picture = picture;
+        const QImage image = scene.render();
+        QVector<int> found;
+        for (const QPoint &point : points)
+            found.append(image.pixelColor(point).red());
+        return found;
+    };
+    // A line each 32 pixels of the sensor, each fourth of them is brighter and lies above the
+    // others.
+    QCOMPARE(
+        levels({640, 40}, {{0, 10}, {1, 10}, {31, 10}, {32, 10}, {33, 10}, {64, 10}, {160, 10}}),
+        QVector<int>({66, 40, 40, 104, 40, 66, 104}));
+    QCOMPARE(levels({640, 40}, {{10, 0}, {32, 0}, {10, 1}, {10, 31}, {10, 32}, {10, 33}}),
+             QVector<int>({66, 104, 40, 40, 66, 40}));
+    QCOMPARE(levels({320, 20}, {{0, 5}, {15, 5}, {16, 5}, {17, 5}, {80, 5}, {5, 0}, {5, 16}}),
+             QVector<int>({66, 40, 104, 40, 104, 66, 66}));
+    scene.region.moveTop(128);
+    QCOMPARE(levels({640, 40}, {{10, 0}, {64, 0}, {10, 32}, {32, 32}}),
+             QVector<int>({104, 104, 66, 104}));
 }
 
 // What a saved picture bears is the choice of its user.
