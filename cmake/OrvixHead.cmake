@@ -9,7 +9,7 @@ function(orvix_head target)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # Tells ccache which header it was.
         target_compile_options(${target} PRIVATE -fpch-preprocess)
-    else()
+    elseif(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
         # The same header made again is the same file, and so are all that ccache keeps of its users.
         target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
     endif()

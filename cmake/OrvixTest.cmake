@@ -25,7 +25,7 @@ endfunction()
 
 # orvix_test_library(<name> SOURCES <file>... [LINK <target>...])
 #
-# What several tests share, compiled as they are. Its include path is the folder's.
+# What several tests share, compiled as they are. An include path of its own, the folder gives it.
 function(orvix_test_library name)
     cmake_parse_arguments(PARSE_ARGV 1 LIBRARY "" "" "SOURCES;LINK")
     add_library(${name} STATIC ${LIBRARY_SOURCES})

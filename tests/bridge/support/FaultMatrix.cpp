@@ -463,9 +463,9 @@ QStringList FaultMatrix::run(const Way &way, Caller &caller, Form form, int nth,
                        expected.end());
         const bool task = expected.size() < withTasks;
         if (task && !expected.contains(QLatin1String("runWithProgress failed"))) {
-            const auto own =
-                std::find_if(others.begin(), others.end(),
-                             [&](const QString &line) { return !expected.contains(line); });
+            const auto own = std::find_if(others.begin(), others.end(), [&](const QString &line) {
+                return !expected.contains(line);
+            });
             if (own != others.end())
                 others.erase(own); // the task's, as the toolkit words it
         }
