@@ -540,6 +540,8 @@ void TestStandInView::sceneStandsBeforeAGrid()
              QVector<int>({66, 104, 40, 40, 66, 40}));
     QCOMPARE(levels({320, 20}, {{0, 5}, {15, 5}, {16, 5}, {17, 5}, {80, 5}, {5, 0}, {5, 16}}),
              QVector<int>({66, 40, 104, 40, 104, 66, 66}));
+    // Two lines share a column.
+    QCOMPARE(levels({10, 40}, {{0, 10}, {1, 10}, {2, 10}}), QVector<int>({104, 66, 104}));
     scene.region.moveTop(128);
     QCOMPARE(levels({640, 40}, {{10, 0}, {64, 0}, {10, 32}, {32, 32}}),
              QVector<int>({104, 104, 66, 104}));
